@@ -1,0 +1,7 @@
+#ifndef KYEXPORT_H
+#define KYEXPORT_H
+
+/// Marks what belongs to a library's interface. Everything else is built with hidden visibility.
+#define KY_EXPORT __attribute__((visibility("default")))
+
+#endif

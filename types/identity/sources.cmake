@@ -1,0 +1,3 @@
+set(folder_sources)
+set(folder_headers
+  kytypfmt.h)

@@ -1,0 +1,53 @@
+#ifndef NUMBER_TEXT_H
+#define NUMBER_TEXT_H
+
+/// Print and scan of the plain numbers: the slots of the families, and the pieces that other types share.
+///
+/// Formats are the C library's, the results the same under every locale. A format is taken apart first: at most
+/// one conversion, of a letter that belongs to the value; its length modifier is replaced by the one of the value's
+/// width. A format with anything else prints nothing and scans nothing. Every print function replaces `out`.
+
+#include "kytypes.h"
+
+// One family prints and scans both signednesses: the conversion letter decides ("%u" of all ones is the largest
+// unsigned number, "%d" is -1). 16-bit values are widened with their sign first.
+KyPrintFunc CharPrintToKyString;  ///< all `count` characters, one piece each; unprintable ones as "0x%02x"
+KyPrintFunc ShortPrintToKyString;
+KyPrintFunc LongPrintToKyString;
+KyPrintFunc IntPrintToKyString;
+KyPrintFunc O_8BPrintToKyString;
+KyPrintFunc FloatPrintToKyString;
+KyPrintFunc DoublePrintToKyString;
+
+// A null value pointer gives null back; a 16-bit text is read as 8-bit text. Without a number in the text an integer
+// keeps its value, a "%.17g" double becomes 0.
+KyScanFunc CharScanFromKyString;
+KyScanFunc ShortScanFromKyString;
+KyScanFunc LongScanFromKyString;
+KyScanFunc IntScanFromKyString;
+KyScanFunc O_8BScanFromKyString;
+KyScanFunc FloatScanFromKyString;
+KyScanFunc DoubleScanFromKyString;
+
+namespace ky {
+
+/// Longest "%.17g" text with its terminator: sign, digit, point, 16 digits, "e-308".
+inline constexpr unsigned kDoubleTextSize = 32;
+
+/// Writes the "%.17g" text form of a number ("NaN", "Infinity", "-Infinity", "+0", "-0", else as printf does it)
+/// and a terminator to `out`, `kDoubleTextSize` bytes; returns the length without the terminator.
+unsigned DoubleText(double value, char* out);
+
+/// Longest decimal text of a 64-bit integer with its terminator.
+inline constexpr unsigned kIntegerTextSize = 24;
+
+/// Writes the decimal text and a terminator to `out`, `kIntegerTextSize` bytes; returns the length.
+unsigned SignedText(long long value, char* out);
+unsigned UnsignedText(unsigned long long value, char* out);
+
+/// The number that a zero-terminated text holds in the "%.17g" text form; 0 where there is none.
+double ScanDoubleText(const char* text);
+
+}  // namespace ky
+
+#endif

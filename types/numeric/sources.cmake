@@ -1,0 +1,2 @@
+set(folder_sources)
+set(folder_headers)

@@ -1,0 +1,29 @@
+#ifndef CODE_MAPPING_H
+#define CODE_MAPPING_H
+
+/// Mapping of whole texts between code sets, and the limit on a text's size. For the string class only.
+
+namespace ky {
+
+/// Largest allocation of a text in bytes, terminator included.
+inline constexpr unsigned kMaxStringBytes = 65532;
+
+/// Raises the assertion "String overflow" when the configuration asks for it. Asked at every overflow.
+void CheckStringOverflow();
+
+/// Maps the zero-terminated `src` from one code set into another, into a new block from array new.
+/// Returns the block's bytes, terminator included.
+unsigned short AllocMapped(unsigned char from, unsigned char to, const char* src, char*& out);
+
+/// Maps up to n characters into `buf`, which is used again when its `bufSize` bytes are enough and replaced
+/// (array new, array delete) when not; `bufSize` is then the new size. Returns the characters copied.
+/// Everything behind the terminator is zero.
+unsigned short AllocMappedN(unsigned char from, unsigned char to, const char* src, unsigned short n, char*& buf,
+                            unsigned short& bufSize);
+
+/// Bytes of one character of a code set: 1 below 225, else 2.
+constexpr unsigned CharWidth(unsigned char codeSet) { return codeSet < 225 ? 1 : 2; }
+
+}  // namespace ky
+
+#endif

@@ -1,0 +1,127 @@
+#ifndef KYCHAR_H
+#define KYCHAR_H
+
+/// One character that knows its code set and language, and a cursor over a text that yields characters or
+/// collation order values.
+
+#include "kyexport.h"
+
+class KyCodeSet;
+class KyString;
+class KyStringIterator;
+struct KyWCharList;
+
+/// A character: a value, or a reference to a position inside a text, in which case assignment writes there.
+/// Code set or language 255: the default. A reference is valid as long as the text's buffer is.
+class KY_EXPORT KyChar {
+public:
+    KyChar(const char* p, unsigned char codeSet, unsigned char language, unsigned char format);
+    KyChar(KyString& s, int byteOffset);
+    KyChar(char c, unsigned char codeSet = 255, unsigned char language = 255);  // NOLINT(google-explicit-constructor)
+    KyChar(unsigned short c, unsigned char codeSet = 255,
+           unsigned char language = 255);  // NOLINT(google-explicit-constructor)
+    KyChar(const KyChar& other);
+
+    KyChar& operator=(const KyChar& other);
+    KyChar& operator=(char c);
+    KyChar& operator=(unsigned short c);
+
+    unsigned short CodeGet() const;  ///< 8-bit codes are 0 to 255
+    unsigned char CodeSetGet() const { return codeSet; }
+    unsigned char LanguageGet() const { return language; }
+
+    /// Collation order value: 0 end, 1 to 79 space, 80 to 16127 symbol, 16128 to 16383 digit, 16384 to 32767
+    /// letter, 32768 and above Han.
+    unsigned short GetOrder() const;
+    bool IsSpace() const;
+    bool IsSymbol() const;
+    bool IsDigit() const;
+    bool IsAlpha() const;
+    bool IsHan() const;
+
+    KyChar MapTo(unsigned char toCodeSet) const;
+    KyChar ToLower(KyStringIterator* it) const;
+    /// An upper case of several characters sets the iterator's overflow to the further ones.
+    KyChar ToUpper(KyStringIterator* it) const;
+
+    int Compare(const KyChar& other, unsigned short op) const;  ///< op 0xFFFF: the default operator
+    bool operator==(const KyChar& other) const;
+    bool operator!=(const KyChar& other) const;
+    bool operator<(const KyChar& other) const;
+    bool operator<=(const KyChar& other) const;
+    bool operator>(const KyChar& other) const;
+    bool operator>=(const KyChar& other) const;
+
+private:
+    const char* ref;  ///< null: the character is `value`
+    unsigned short value;
+    unsigned char codeSet;
+    unsigned char language;
+    unsigned char format;  ///< byte order of a 16-bit character behind `ref`: 1 native, 2 swapped
+};
+
+/// What `KyString::Transform` applies to each character.
+class KY_EXPORT KyCharOperation {
+public:
+    virtual KyChar operator()(const KyChar& c, KyStringIterator* it) = 0;
+
+protected:
+    ~KyCharOperation() = default;
+};
+
+class KY_EXPORT KyCharToLower final : public KyCharOperation {
+public:
+    KyChar operator()(const KyChar& c, KyStringIterator* it) override;
+};
+
+class KY_EXPORT KyCharToUpper final : public KyCharOperation {
+public:
+    KyChar operator()(const KyChar& c, KyStringIterator* it) override;
+};
+
+/// A cursor over a zero-terminated text. Reads the text in place; owns a buffer only when built over one character.
+class KY_EXPORT KyStringIterator {
+public:
+    KyStringIterator(const char* text, unsigned char codeSet, unsigned char language, unsigned char format);
+    KyStringIterator(unsigned short* text, unsigned char codeSet, unsigned char language, unsigned char format);
+    explicit KyStringIterator(KyString& s);
+    explicit KyStringIterator(const KyChar& c);
+    KyStringIterator(const KyStringIterator&) = delete;
+    KyStringIterator& operator=(const KyStringIterator&) = delete;
+    ~KyStringIterator();
+
+    /// The current character: from the overflow list while it lasts (each call takes one), else at the position.
+    KyChar operator*();
+    KyStringIterator& operator++();
+    KyStringIterator& operator--();
+    void Step(int forward);
+    bool IsEOS() const;
+
+    /// Characters of `list` come before those of the text. `codeSet` 255: the iterator's own.
+    void SetOverflow(const KyWCharList* list, unsigned char codeSet);
+    void Transform(KyStringIterator& dst, KyCharOperation& op);
+
+    /// Order value of the next character (contractions taken together, expansions one by one), 0 at the end.
+    /// `withClass` non-zero: the class is left in `OrderClass`, 20 meaning none.
+    unsigned short GetNextOrder(unsigned short withClass);
+    unsigned char OrderClass() const { return orderClass; }
+
+    const char* Position() const { return position; }
+    unsigned char CodeSetGet() const { return codeSetCode; }
+
+    void Destroy();  ///< frees an owned buffer
+
+private:
+    const KyCodeSet* codeSet;
+    unsigned char codeSetCode;
+    unsigned char language;
+    unsigned char orderClass;
+    unsigned char overflowCodeSet;
+    short overflowIndex;
+    unsigned char format;
+    bool ownsBuffer;
+    const char* position;
+    const KyWCharList* overflow;
+};
+
+#endif
