@@ -1,0 +1,35 @@
+#!/bin/sh
+# Formatting, each public header alone, a clean build with clang, static analysis. Stops at the first kind of
+# finding; prints what it found.
+set -eu
+cd "$(dirname "$0")/.."
+
+include_dirs="platform/base platform/i18n typemgr types/numeric types/string types/datetime types/identity types/blob"
+include_flags=""
+for dir in $include_dirs; do include_flags="$include_flags -I$dir"; done
+
+echo "lint: formatting"
+git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run --Werror
+
+echo "lint: each public header alone, as C++17 and C++20"
+public_headers=$(git ls-files 'platform/*/ky*.h' 'typemgr/ky*.h' 'types/*/ky*.h' | while read -r header; do
+    grep -l KY_EXPORT "$header" || true
+done)
+for header in $public_headers; do
+    for compiler in g++ clang++; do
+        for standard in c++17 c++20; do
+            # shellcheck disable=SC2086
+            $compiler -std=$standard -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -fsyntax-only \
+                $include_flags -include "$header" -x c++ /dev/null
+        done
+    done
+done
+
+echo "lint: clean build with clang"
+./dev build --werror --preset clang
+
+echo "lint: static analysis"
+git ls-files 'platform/*.cpp' 'typemgr/*.cpp' 'types/*.cpp' 'tools/*.cpp' |
+    xargs -n 1 -P "$(nproc)" clang-tidy --quiet -p build/clang
+
+echo "lint: clean"
