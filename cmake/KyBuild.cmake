@@ -28,6 +28,10 @@ if(KY_SANITIZE)
   add_link_options(-fsanitize=${KY_SANITIZE})
 endif()
 
+if(KY_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
 # One of the project's libraries: the shared one under its own file name, and `<target>_whitebox`, the same
 # objects in an archive that is never installed, with which the unit tests reach what is not exported.
 #

@@ -1,0 +1,26 @@
+#!/bin/sh
+# run_all.sh BUILD_DIR SECONDS: runs each fuzz target for so long, in turn. Inputs that bring new coverage gather in
+# BUILD_DIR/corpus; one that stops a target is left in BUILD_DIR/crashes, and the exit status is 1.
+set -eu
+build=$1
+seconds=$2
+status=0
+mkdir -p "$build/crashes"
+for target in "$build"/fuzz/fuzz_*; do
+    [ -x "$target" ] && [ -f "$target" ] || continue
+    name=$(basename "$target")
+    corpus=$build/corpus/$name
+    mkdir -p "$corpus"
+    seeds=fuzz/seeds/${name#fuzz_}
+    [ -d "$seeds" ] || seeds=
+    echo "fuzz: $name for $seconds s"
+    # shellcheck disable=SC2086
+    if "$target" -max_total_time="$seconds" -max_len=1024 -artifact_prefix="$build/crashes/$name-" \
+        "$corpus" $seeds >"$build/$name.log" 2>&1; then
+        tail -n 1 "$build/$name.log"
+    else
+        tail -n 30 "$build/$name.log"
+        status=1
+    fi
+done
+exit $status
