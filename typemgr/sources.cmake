@@ -1,5 +1,11 @@
 set(folder_sources
-  increment_pointer.cpp)
+  convert_data.cpp
+  increment_pointer.cpp
+  options.cpp
+  pending_rows.cpp
+  rows.cpp
+  shared_slots.cpp
+  text_constants.cpp)
 set(folder_headers
   kytypes.h
   kytypinf.h

@@ -1,0 +1,63 @@
+/// Rows of the types that are not built yet: named and measured like their types, and answering every call
+/// with nothing. A type that is built takes its line away from here; with the last line this file goes.
+
+#include "empty_row.h"
+#include "kytypes.h"
+
+namespace {
+
+enum class Null { none, has };
+
+int PendingIsNull(void*) { return 0; }
+
+/// Not empty, so that the type counts as one with a null value; nothing is set to null yet.
+int PendingSetNull(void*) { return KyErrNotSupported; }
+
+consteval KyTypeTab Pending(const char* typeName, const char* typeCodeName, const char* printFormat, unsigned sizeWord,
+                            Null null) {
+    KyTypeTab row = ky::EmptyRow(typeName, typeCodeName, printFormat, sizeWord);
+    if (null == Null::has) {
+        row.IsNull = PendingIsNull;
+        row.SetNull = PendingSetNull;
+    }
+    return row;
+}
+
+consteval unsigned Fixed(unsigned bytes) { return KyFixedSize | bytes; }
+consteval unsigned Variable(unsigned bytes) { return bytes; }
+
+}  // namespace
+
+// clang-format off
+constinit KyTypeTab KyDateTab          = Pending("KyDate", "KyDATE_T", "%a %e.%b %Y", Fixed(4), Null::has);
+constinit KyTypeTab KyTimeTab          = Pending("KyTime", "KyTIME_T", "%I:%M:%S %p", Fixed(3), Null::has);
+constinit KyTypeTab KyObjIdTab         = Pending("KyObjId", "KyOBJID_T", "(%H-%L#%B)", Fixed(12), Null::has);
+constinit KyTypeTab KyClassIdTab       = Pending("KyClassId", "KyCLID_T", "(%Cv%V)", Fixed(4), Null::has);
+constinit KyTypeTab KyRefTab           = Pending("KyRef", "KyREF_T", "(%D:%H-%L#%B, %C)", Fixed(16), Null::has);
+constinit KyTypeTab KyBlobTab          = Pending("KyBlob", "KyBLOB_T", "[BLOB,len=%L]", Variable(8), Null::has);
+constinit KyTypeTab KyDateTimeTab      = Pending("KyDateTime", "KyDATIME_T", "%a %e.%b %Y %I:%M:%S %p", Fixed(8), Null::has);
+constinit KyTypeTab KyIStringTab       = Pending("KyIString", "KyISTRING_T", "%s", Variable(16), Null::none);
+constinit KyTypeTab KyCaseIStringTab   = Pending("KyCaseIString", "KyCASEISTRING_T", "%s", Variable(16), Null::none);
+constinit KyTypeTab Kyd_DateTab        = Pending("d_Date", "D_DATE_T", "%a %b %e", Fixed(4), Null::none);
+constinit KyTypeTab Kyd_TimeTab        = Pending("d_Time", "D_TIME_T", "%I:%M:%S %p", Fixed(6), Null::none);
+constinit KyTypeTab Kyd_TimestampTab   = Pending("d_Timestamp", "D_TIMESTAMP_T", "%a %b %e %I:%M:%S %p", Fixed(10), Null::none);
+constinit KyTypeTab Kyd_IntervalTab    = Pending("d_Interval", "D_INTERVAL_T", "%e days, %I hours, %M minutes, %S seconds", Fixed(4), Null::none);
+constinit KyTypeTab KyInt64Tab         = Pending("KyInt64", "KyINT64_T", "%S", Fixed(8), Null::none);
+constinit KyTypeTab KyBooleanTab       = Pending("KyBoolean", "KyBOOLEAN_T", "noop", Fixed(1), Null::has);
+constinit KyTypeTab KyNull_charTab     = Pending("KyNull_char", "KyNULL_1B_T", "%c", Fixed(2), Null::has);
+constinit KyTypeTab KyNull_ucharTab    = Pending("KyNull_uchar", "KyNULL_U1B_T", "%c", Fixed(2), Null::has);
+constinit KyTypeTab KyNull_shortTab    = Pending("KyNull_short", "KyNULL_2B_T", "%hd", Fixed(4), Null::has);
+constinit KyTypeTab KyNull_ushortTab   = Pending("KyNull_ushort", "KyNULL_U2B_T", "%hu", Fixed(4), Null::has);
+constinit KyTypeTab KyNull_intTab      = Pending("KyNull_int", "KyNULL_INT_T", "%d", Fixed(8), Null::has);
+constinit KyTypeTab KyNull_unsignedTab = Pending("KyNull_unsigned", "KyNULL_UNSIGNED_T", "%u", Fixed(8), Null::has);
+constinit KyTypeTab KyNull_longTab     = Pending("KyNull_long", "KyNULL_4B_T", "%ld", Fixed(8), Null::has);
+constinit KyTypeTab KyNull_ulongTab    = Pending("KyNull_ulong", "KyNULL_U4B_T", "%lu", Fixed(8), Null::has);
+constinit KyTypeTab KyNull_floatTab    = Pending("KyNull_float", "KyNULL_FLOAT_T", "%.17g", Fixed(8), Null::has);
+constinit KyTypeTab KyNull_doubleTab   = Pending("KyNull_double", "KyNULL_DOUBLE_T", "%.17g", Fixed(16), Null::has);
+constinit KyTypeTab KyNull_KyInt64Tab  = Pending("KyNull_KyInt64", "KyNULL_KYINT64_T", "%S", Fixed(12), Null::has);
+constinit KyTypeTab KySealTab          = Pending("KySeal", "KySEAL_T", "noop", Fixed(6), Null::none);
+constinit KyTypeTab KyDateTimeNTab     = Pending("KyDateTimeN", "KyDATIME_N_T", "%X", Fixed(12), Null::has);
+constinit KyTypeTab KyTimeSpanTab      = Pending("KyTimeSpan", "KyTIMESPAN_T", "%V", Fixed(12), Null::has);
+constinit KyTypeTab KyNull_8bTab       = Pending("KyNull_8b", "KyNULL_8B_T", "%lld", Fixed(16), Null::has);
+constinit KyTypeTab KyNull_u8bTab      = Pending("KyNull_u8b", "KyNULL_U8B_T", "%llu", Fixed(16), Null::has);
+// clang-format on
