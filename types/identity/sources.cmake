@@ -1,3 +1,4 @@
-set(folder_sources)
+set(folder_sources
+  kytypfmt.cpp)
 set(folder_headers
   kytypfmt.h)

@@ -1,0 +1,3 @@
+#include "kytypfmt.h"
+
+constinit const char* pSpecialDoubleFmt = "ldexp(";
