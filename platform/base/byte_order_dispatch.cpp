@@ -1,0 +1,45 @@
+#include "byte_order_kernels.h"
+
+// The resolvers run while the library is being relocated: nothing else of it works yet, no sanitizer included, so
+// they are kept free of instrumentation.
+#ifdef __clang__
+#define KY_RESOLVER __attribute__((used, disable_sanitizer_instrumentation))
+#else
+#define KY_RESOLVER __attribute__((used, no_sanitize("address", "thread", "undefined")))
+#endif
+
+namespace {
+
+using ky::Reverse;
+
+KY_RESOLVER inline Reverse* Best(Reverse* sse2, Reverse* avx2, Reverse* avx512) {
+    __builtin_cpu_init();
+    if (__builtin_cpu_supports("avx512bw")) return avx512;
+    if (__builtin_cpu_supports("avx2")) return avx2;
+    return sse2;
+}
+
+}  // namespace
+
+extern "C" {
+
+KY_RESOLVER static Reverse* KyResolveReverse2() {
+    return Best(&ky::ReverseBytes2Sse2, &ky::ReverseBytes2Avx2, &ky::ReverseBytes2Avx512);
+}
+
+KY_RESOLVER static Reverse* KyResolveReverse4() {
+    return Best(&ky::ReverseBytes4Sse2, &ky::ReverseBytes4Avx2, &ky::ReverseBytes4Avx512);
+}
+
+KY_RESOLVER static Reverse* KyResolveReverse8() {
+    return Best(&ky::ReverseBytes8Sse2, &ky::ReverseBytes8Avx2, &ky::ReverseBytes8Avx512);
+}
+}
+
+namespace ky {
+
+__attribute__((ifunc("KyResolveReverse2"))) Reverse ReverseBytes2;
+__attribute__((ifunc("KyResolveReverse4"))) Reverse ReverseBytes4;
+__attribute__((ifunc("KyResolveReverse8"))) Reverse ReverseBytes8;
+
+}  // namespace ky
