@@ -1,11 +1,18 @@
 set(folder_sources
   convert_data.cpp
   increment_pointer.cpp
+  kytypmgr_dispatch.cpp
+  kytypmgr_names.cpp
+  kytypmgr_old_text.cpp
+  kytypmgr_text.cpp
+  kytypmgr_values.cpp
   options.cpp
   pending_rows.cpp
   rows.cpp
   shared_slots.cpp
-  text_constants.cpp)
+  text_constants.cpp
+  text_join.cpp
+  time_stamp.cpp)
 set(folder_headers
   kytypes.h
   kytypinf.h
