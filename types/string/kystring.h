@@ -11,6 +11,10 @@
 #include "kystrcmp.h"
 #include "kywstring.h"
 
+namespace ky {
+class BlockWriter;
+}
+
 /// A heap-held, zero-terminated text that knows its code set and language and can be null, which is not
 /// the same as empty.
 ///
@@ -43,16 +47,23 @@ public:
     KyString(unsigned long long number);  // NOLINT(google-explicit-constructor)
     KyString(double number);              // NOLINT(google-explicit-constructor): as "%.17g" prints doubles
     KyString(const KyString& other);
-    KyString(KyString&& other) noexcept;
-    ~KyString();
+    /// Takes `other`'s buffer; `other` keeps its code set and language.
+    KyString(KyString&& other) noexcept
+        : buffer(other.buffer), bufferSize(other.bufferSize), codeSet(other.codeSet), language(other.language) {
+        other.buffer = nullptr;
+        other.bufferSize = 0;
+    }
+    ~KyString() { delete[] buffer; }
 
+    // Every other constructor argument is assigned by way of its constructor.
     KyString& operator=(const KyString& other);
     KyString& operator=(KyString&& other) noexcept;
+    /// May point into the string itself. Code set and language become the defaults.
     KyString& operator=(const char* text);
 
     // --- content and state ---
     /// Never null; a static empty text where there is no buffer. Valid until the next change.
-    char* StrGet() const;
+    char* StrGet() const { return buffer != nullptr ? buffer : emptyText; }
     static KyString& EmptyString();
     unsigned short Len() const;      ///< characters up to the terminator
     unsigned short NullLen() const;  ///< bytes of a terminator: 1 or 2
@@ -80,10 +91,13 @@ public:
     // --- building blocks ---
     /// A zero-filled block of `size` bytes (read as unsigned) whose size is noted in the string; not installed.
     void* Alloc(short size);
-    /// Sets the whole content; frees nothing. n -1: to the terminator. `flag` 2: 16-bit source units are byte-swapped.
+    /// Sets the whole content. The string has no buffer when this is called: a count of 0 and a null `src` only
+    /// forget it. n -1: to the terminator, else the source's characters, which need no terminator unless they have
+    /// to be mapped. Low four bits of `flag` 2: 16-bit source units are byte-swapped; 255: machine byte order.
     void MakeString(const char* src, unsigned char srcCodeSet, short n, unsigned char flag);
     /// The one editing primitive. Modes: 1 overwrite at `pos`, 2 insert at `pos`, 3 cut at `pos` and append;
-    /// any other: no content. The source is src[srcStart, srcStart + srcCount), `repeat` times.
+    /// any other: no content. The source is src[srcStart, srcStart + srcCount), `repeat` times; it may be the
+    /// string's own buffer. Old characters that are not there count as zeros.
     void BuildString(const char* src, unsigned char srcCodeSet, unsigned short pos, unsigned short srcStart,
                      unsigned short srcCount, unsigned short repeat, unsigned short mode, unsigned char flag);
     void Destroy();                 ///< frees; code set and language become 0
@@ -186,6 +200,18 @@ private:
     unsigned short bufferSize;
     unsigned char codeSet;
     unsigned char language;
+
+    static char emptyText[2];  ///< one terminator of either width
+
+    friend KyString operator+(const KyString& a, const KyString& b);
+
+    // Counts that are never negative and may exceed 32767, unlike those of the operations above.
+    KyString(unsigned char codeSet, unsigned char language, const char* text, std::size_t bytes);
+    KyString& Append(const char* text, unsigned char textCodeSet, std::size_t count, std::size_t repeat = 1);
+    void CutRange(unsigned pos, unsigned n);
+    KyString CopyRange(unsigned pos, unsigned n) const;
+    std::size_t ContentBytes() const;  ///< up to the terminator
+    void TakeOver(ky::BlockWriter& block);
 };
 
 static_assert(sizeof(KyString) == 16, "the size word of the string rows");

@@ -1,4 +1,9 @@
-set(folder_sources)
+set(folder_sources
+  kystring.cpp
+  kystring_append.cpp
+  kystring_build.cpp
+  kystring_defaults.cpp
+  kystring_number_text.cpp)
 set(folder_headers
   kychar.h
   kystrcmp.h

@@ -1,0 +1,146 @@
+#include "kystring_build.h"
+
+#include <algorithm>
+
+#include "kystring.h"
+
+namespace {
+
+enum BuildMode : unsigned short { kOverwrite = 1, kInsert = 2, kAppend = 3 };
+
+/// The byte-order flag of a source: persistent forms carry further bits, 255 is machine order.
+unsigned char SourceOrder(unsigned char flag) { return flag == 255 ? 1 : flag & 15; }
+
+}  // namespace
+
+namespace ky {
+
+void BlockWriter::Put(const char* src, std::size_t present, std::size_t bytes, unsigned char flag) {
+    bytes = std::min(bytes, static_cast<std::size_t>(limit - at));
+    present = std::min(present, bytes);
+    if (flag == 2) {
+        if (present != 0) KyMemCpy(at, src, 2, flag, static_cast<unsigned>(present));
+    } else {
+        CopyBytes(at, src, present);
+    }
+    if (present != bytes) std::memset(at + present, 0, bytes - present);
+    at += bytes;
+}
+
+void BlockWriter::Put(const char* src, std::size_t present, std::size_t bytes, std::size_t repeat, unsigned char flag) {
+    if (repeat == 0 || bytes == 0) return;
+    char* first = at;
+    Put(src, present, bytes, flag);
+    const auto room = static_cast<std::size_t>(limit - at);
+    for (std::size_t left = repeat - 1 < room / bytes ? (repeat - 1) * bytes : room; left != 0;) {
+        const std::size_t n = std::min(left, static_cast<std::size_t>(at - first));
+        std::memcpy(at, first, n);
+        at += n;
+        left -= n;
+    }
+}
+
+MappedSource::MappedSource(const char* src, unsigned char from, unsigned char to, std::size_t start, std::size_t count,
+                           unsigned char order)
+    : flag(CharWidth(from) == 2 ? order : 1) {
+    if (src == nullptr || count == 0) return;
+    if (!HasToMap(from, to)) {
+        data = src + start * CharWidth(to);
+        bytes = count * CharWidth(to);
+        return;
+    }
+    Map(src, from, to, start, count);
+}
+
+void MappedSource::Map(const char* src, unsigned char from, unsigned char to, std::size_t start, std::size_t count) {
+    const unsigned width = CharWidth(from);
+    if (start != 0 && TextLength(src, width, start) < start) return;
+    src += start * width;
+
+    std::unique_ptr<char[]> native;
+    if (flag == 2) {
+        count = TextLength(src, width, count);
+        native.reset(new char[(count + 1) * width]());
+        KyMemCpy(native.get(), src, 2, flag, static_cast<unsigned>(count * width));
+        src = native.get();
+        flag = 1;
+    }
+
+    const auto n = static_cast<unsigned short>(std::min<std::size_t>(count, 65535));
+    const std::size_t needed = (n + std::size_t{1}) * CharWidth(to);
+    char* buffer = needed <= sizeof scratch ? scratch : nullptr;
+    auto bufferSize = static_cast<unsigned short>(buffer != nullptr ? needed : 0);
+    bytes = AllocMappedN(from, to, src, n, buffer, bufferSize) * std::size_t{CharWidth(to)};
+    if (buffer != scratch) mapped.reset(buffer);
+    data = buffer;
+}
+
+}  // namespace ky
+
+void KyString::MakeString(const char* src, unsigned char srcCodeSet, short n, unsigned char flag) {
+    auto count = static_cast<unsigned short>(n);
+    if (count == 0 || src == nullptr) {
+        buffer = nullptr;
+        bufferSize = 0;
+        return;
+    }
+    if (count == NotFound) {
+        const std::size_t length = ky::TextLength(src, ky::CharWidth(srcCodeSet));
+        count = static_cast<unsigned short>(std::min<std::size_t>(length, 65535));
+    }
+    BuildString(src, srcCodeSet, 0, 0, count, 1, kAppend, flag);
+}
+
+void KyString::BuildString(const char* src, unsigned char srcCodeSet, unsigned short pos, unsigned short srcStart,
+                           unsigned short srcCount, unsigned short repeat, unsigned short mode, unsigned char flag) {
+    const bool needsSource = mode == kOverwrite || mode == kInsert;
+    if (needsSource && (src == nullptr || ky::AtEnd(src, ky::CharWidth(srcCodeSet)))) return;
+
+    const unsigned width = ky::CharWidth(codeSet);
+    const std::int64_t head = std::int64_t{pos} * width;
+    const std::int64_t once = std::int64_t{srcCount} * width;
+    const std::int64_t added = once * repeat;
+    const std::int64_t old = bufferSize > width ? (bufferSize - width) / width * width : 0;
+    const ky::MappedSource source(src, srcCodeSet, codeSet, srcStart, srcCount, SourceOrder(flag));
+    const std::int64_t readable =
+        src == buffer ? std::max<std::int64_t>(old - std::int64_t{srcStart} * width, 0) : once;
+
+    std::int64_t size = 0;
+    std::int64_t tailStart = old;
+    switch (mode) {
+        case kOverwrite:
+            size = bufferSize + added - once;
+            tailStart = head + once;
+            break;
+        case kInsert:
+            size = std::max<std::int64_t>(bufferSize, width) + added;
+            tailStart = head;
+            break;
+        case kAppend:
+            size = head + added + width;
+            break;
+        default:
+            break;
+    }
+
+    ky::BlockWriter block(static_cast<std::uint64_t>(std::max<std::int64_t>(size, 0)), width);
+    if (block.Size() != 0) {
+        const auto bytes = [](std::int64_t n) { return static_cast<std::size_t>(std::max<std::int64_t>(n, 0)); };
+        block.Put(buffer, bytes(old), bytes(head));
+        block.Put(source.Data(), std::min(source.Bytes(), bytes(readable)), bytes(once), repeat, source.Flag());
+        if (tailStart < old) block.Put(buffer + tailStart, bytes(old - tailStart), bytes(old - tailStart));
+    }
+    TakeOver(block);
+}
+
+void* KyString::Alloc(short size) {
+    bufferSize = static_cast<unsigned short>(size);
+    return new char[bufferSize]();
+}
+
+void KyString::TakeOver(ky::BlockWriter& block) {
+    char* old = buffer;
+    bufferSize = static_cast<unsigned short>(block.Size());
+    buffer = block.Release();
+    delete[] old;
+}
