@@ -3,7 +3,8 @@ set(folder_sources
   kystring_append.cpp
   kystring_build.cpp
   kystring_defaults.cpp
-  kystring_number_text.cpp)
+  kystring_number_text.cpp
+  kystring_rows.cpp)
 set(folder_headers
   kychar.h
   kystrcmp.h
