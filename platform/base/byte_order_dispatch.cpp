@@ -2,10 +2,11 @@
 
 // The resolvers run while the library is being relocated: nothing else of it works yet, no sanitizer included, so
 // they are kept free of instrumentation.
+#define KY_UNINSTRUMENTED no_sanitize("address", "thread", "undefined")
 #ifdef __clang__
-#define KY_RESOLVER __attribute__((used, disable_sanitizer_instrumentation))
+#define KY_RESOLVER __attribute__((KY_UNINSTRUMENTED, disable_sanitizer_instrumentation))
 #else
-#define KY_RESOLVER __attribute__((used, no_sanitize("address", "thread", "undefined")))
+#define KY_RESOLVER __attribute__((KY_UNINSTRUMENTED))
 #endif
 
 namespace {
@@ -23,15 +24,15 @@ KY_RESOLVER inline Reverse* Best(Reverse* sse2, Reverse* avx2, Reverse* avx512) 
 
 extern "C" {
 
-KY_RESOLVER static Reverse* KyResolveReverse2() {
+KY_RESOLVER Reverse* KyResolveReverse2() {
     return Best(&ky::ReverseBytes2Sse2, &ky::ReverseBytes2Avx2, &ky::ReverseBytes2Avx512);
 }
 
-KY_RESOLVER static Reverse* KyResolveReverse4() {
+KY_RESOLVER Reverse* KyResolveReverse4() {
     return Best(&ky::ReverseBytes4Sse2, &ky::ReverseBytes4Avx2, &ky::ReverseBytes4Avx512);
 }
 
-KY_RESOLVER static Reverse* KyResolveReverse8() {
+KY_RESOLVER Reverse* KyResolveReverse8() {
     return Best(&ky::ReverseBytes8Sse2, &ky::ReverseBytes8Avx2, &ky::ReverseBytes8Avx512);
 }
 }
