@@ -4,6 +4,8 @@
 /// Internationalisation: the language context with the process-wide defaults, code sets with their
 /// character records, languages.
 
+#include <span>
+
 #include "kyexport.h"
 
 // Code set numbers. Below 225: 8-bit characters; 225 and above: 16-bit characters.
@@ -21,8 +23,153 @@ inline constexpr unsigned char KyLanguageNeutral = 0;
 inline constexpr unsigned char KyLanguageNull = 254;  ///< marks a null string
 inline constexpr unsigned char KyLanguageDefault = 255;
 
-class KyCodeSet;
-class KyLanguage;
+// ---------------------------------------------------------------------------------------------
+// Character records. All of them, and the code sets and languages below, are constant data: they exist from
+// the first instruction after loading, are shared by all threads and are never freed.
+// ---------------------------------------------------------------------------------------------
+
+/// Characters or order values in a row.
+struct KyWCharList {
+    unsigned short count = 0;
+    const unsigned short* items = nullptr;  ///< `count` of them; no terminator
+};
+
+struct KyCharProps;
+
+/// What a character is in the languages that ask for this variant.
+struct KyLanguageVariant {
+    unsigned char variant;  ///< as `KyLanguage::Variant` numbers them, never 0
+    const KyCharProps* record;
+};
+
+/// Characters that count as one in collation. Belongs to the record of the first of them.
+struct KyContraction {
+    KyWCharList rest;  ///< Unicode codes of the characters after the first; at least one
+    const KyCharProps* record;
+};
+
+/// What few characters have.
+struct KyCharRules {
+    /// What follows `KyCharProps::upper` in the upper-case form. The codes mean the same characters in every
+    /// code set that has the record, and have no expansion of their own.
+    KyWCharList upperExpansion{};
+    /// Order values that follow `KyCharProps::order`. They are of the record's class.
+    KyWCharList orderExpansion{};
+    std::span<const KyLanguageVariant> variants{};
+    std::span<const KyContraction> contractions{};  ///< the first that fits is taken
+};
+
+/// One character's properties.
+///
+/// The order value ranks it: 1 to 79 space, 80 to 16127 symbol, 16128 + 10 * value digit (+ 1: a variant form),
+/// 0x4000 | case << 12 | accent << 7 | letter << 2 | variant a letter (case 0 upper, 1 lower; letter 3 is A, 28
+/// is Z), 0x8000 and above Han. The class ranks before the order: 0 holds spaces, symbols, digits and the Latin
+/// letters, other alphabets have classes of their own. 20 is no class, classes stay below 128.
+struct KyCharProps {
+    unsigned short order = 0;  ///< 0: there is no such character
+    unsigned short upper = 0;  ///< Unicode code of the upper-case form; 0: the character itself
+    unsigned short lower = 0;  ///< Unicode code of the lower-case form; 0: the character itself
+    unsigned char orderClass = 0;
+    const KyCharRules* rules = nullptr;  ///< null: none
+};
+
+/// The records of 256 codes in a row.
+struct KyPropertyPage {
+    KyCharProps records[256];
+};
+
+/// A language as far as collation and case know it.
+class KY_EXPORT KyLanguage {
+public:
+    /// `variantNumber` 0: the language asks for no variants. `classRanks`: the rank of each of the 128 order classes in
+    /// this language; null: the class itself.
+    constexpr explicit KyLanguage(unsigned char number, unsigned char variantNumber = 0,
+                                  const unsigned char* classRanks = nullptr)
+        : code(number), variant(variantNumber), classes(classRanks) {}
+
+    constexpr unsigned char Code() const { return code; }
+    constexpr unsigned char Variant() const { return variant; }
+
+    /// The record that stands for `record` in this language: a variant of it or itself.
+    const KyCharProps& Select(const KyCharProps& record) const;
+    constexpr unsigned char ClassOf(const KyCharProps& record) const {
+        return classes != nullptr ? classes[record.orderClass & 127] : record.orderClass;
+    }
+
+private:
+    unsigned char code;
+    unsigned char variant;
+    const unsigned char* classes;
+};
+
+/// From Unicode into an 8-bit code set.
+struct KyUnicodeMap {
+    const unsigned char* pageOf;        ///< the page of each of the 256 high bytes
+    const unsigned char (*pages)[256];  ///< the code for each low byte; 0: the code set has no such character
+};
+
+/// A code set: the characters behind its codes and their properties.
+class KY_EXPORT KyCodeSet {
+public:
+    /// What stands for a character that the target of a mapping does not have.
+    static constexpr unsigned short Substitute = '?';
+
+    /// How codes relate to Unicode.
+    enum Mapping : unsigned char {
+        byTable,   ///< 8-bit, by `unicodeCodes` (256 codes, 0: no character) and `unicodeMap`
+        identity,  ///< every code of the set is the Unicode code
+        orders     ///< the codes are order values
+    };
+
+    /// `pages`: one page for an 8-bit set, 256 for a 16-bit one (null pages hold nothing); null: no property
+    /// table.
+    constexpr KyCodeSet(unsigned char number, Mapping toAndFrom, const KyPropertyPage* const* pages,
+                        const unsigned short* unicodeCodes = nullptr, const KyUnicodeMap* unicodeMap = nullptr)
+        : code(number),
+          mapping(toAndFrom),
+          limit(number < KyCodeSetFirst16Bit ? 0x100 : 0x10000),
+          properties(pages),
+          toUnicode(unicodeCodes),
+          fromUnicode(unicodeMap) {}
+
+    constexpr unsigned char Code() const { return code; }
+    constexpr bool HasPropertyTable() const { return properties != nullptr; }
+    /// Codes below 0x80 are ASCII.
+    constexpr bool IsAsciiBelow80() const { return mapping != orders; }
+
+    /// The record of a code; null when there is none (or no property table).
+    const KyCharProps* GetProperty(unsigned short charCode) const {
+        if (properties == nullptr || charCode >= limit) return nullptr;
+        const KyPropertyPage* page = properties[charCode >> 8];
+        if (page == nullptr) return nullptr;
+        const KyCharProps& record = page->records[charCode & 0xFF];
+        return record.order != 0 ? &record : nullptr;
+    }
+
+    /// The Unicode code of a character of this set; 0 when Unicode does not have it.
+    unsigned short ToUnicode(unsigned short charCode) const;
+    /// The code of a Unicode character in this set; 0 when the set does not have it.
+    unsigned short FromUnicode(unsigned short unicode) const;
+    /// The code in this set of a character of `source`; `Substitute` when this set does not have it. 0 stays 0.
+    unsigned short MapFrom(const KyCodeSet& source, unsigned short charCode) const;
+
+    /// The record with which a character's case is mapped: its own or, when the set has no property table, that
+    /// of its Unicode character, in the variant of the language. Null when there is none.
+    static const KyCharProps* GetUnicodeProps(const KyCodeSet* codeSet, unsigned short charCode,
+                                              unsigned char language);
+
+private:
+    unsigned char code;
+    Mapping mapping;
+    unsigned limit;
+    const KyPropertyPage* const* properties;
+    const unsigned short* toUnicode;
+    const KyUnicodeMap* fromUnicode;
+};
+
+// ---------------------------------------------------------------------------------------------
+// Defaults and the way to code sets and languages
+// ---------------------------------------------------------------------------------------------
 
 /// Process-wide defaults and the way to code sets and languages. Usable from the first instruction after
 /// loading. The setters are for start-up; reading is safe in any thread.
@@ -43,9 +190,9 @@ public:
     /// The code set that number 0 stands for.
     static unsigned char GetNativeCodeSet();
 
-    /// Null for a number without a code set.
+    /// 0 is the native code set, 255 the default one. Null for a number without a code set.
     static const KyCodeSet* QueryCodeSet(unsigned char codeSet);
-    /// Null for a number without a language.
+    /// 255 is the default language. Null for a number without a language, which 254 is too.
     static const KyLanguage* QueryLanguage(unsigned char language);
 };
 

@@ -3,6 +3,8 @@
 
 /// Mapping of whole texts between code sets, and the limit on a text's size. For the string class only.
 
+#include "code_sets.h"
+
 namespace ky {
 
 /// Largest allocation of a text in bytes, terminator included.
@@ -20,9 +22,6 @@ unsigned short AllocMapped(unsigned char from, unsigned char to, const char* src
 /// Everything behind the terminator is zero.
 unsigned short AllocMappedN(unsigned char from, unsigned char to, const char* src, unsigned short n, char*& buf,
                             unsigned short& bufSize);
-
-/// Bytes of one character of a code set: 1 below 225, else 2.
-constexpr unsigned CharWidth(unsigned char codeSet) { return codeSet < 225 ? 1 : 2; }
 
 }  // namespace ky
 

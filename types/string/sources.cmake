@@ -5,6 +5,12 @@ set(folder_sources
   kystring_defaults.cpp
   kystring_number_text.cpp
   kystring_rows.cpp)
+# Characters, collation, mapping.
+list(APPEND folder_sources
+  code_mapping.cpp
+  kychar.cpp
+  kychar_in_string.cpp
+  kywstring.cpp)
 set(folder_headers
   kychar.h
   kystrcmp.h

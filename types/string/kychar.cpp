@@ -1,0 +1,155 @@
+#include "kychar.h"
+
+#include "code_sets.h"
+#include "kystrcmp.h"
+
+namespace {
+
+unsigned char Resolve8CodeSet(unsigned char codeSet) {
+    return codeSet == KyCodeSetDefault ? KyLanguageContext::GetDefault8CodeSet() : codeSet;
+}
+
+unsigned char Resolve16CodeSet(unsigned char codeSet) {
+    return codeSet == KyCodeSetDefault ? KyLanguageContext::GetDefault16CodeSet() : codeSet;
+}
+
+unsigned char ResolveLanguage(unsigned char language) {
+    return language == KyLanguageDefault ? KyLanguageContext::GetDefaultLanguage() : language;
+}
+
+unsigned short NarrowTo(unsigned char codeSet, unsigned short code) {
+    return ky::CharWidth(codeSet) == 1 ? static_cast<unsigned char>(code) : code;
+}
+
+/// Case of the bytes of code set 0, the same under every locale.
+unsigned short AsciiLower(unsigned short c) { return c >= 'A' && c <= 'Z' ? static_cast<unsigned short>(c + 32) : c; }
+unsigned short AsciiUpper(unsigned short c) { return c >= 'a' && c <= 'z' ? static_cast<unsigned short>(c - 32) : c; }
+
+}  // namespace
+
+KyChar::KyChar(const char* p, unsigned char charCodeSet, unsigned char charLanguage, unsigned char charFormat)
+    : ref(p),
+      value(0),
+      codeSet(Resolve8CodeSet(charCodeSet)),
+      language(ResolveLanguage(charLanguage)),
+      format(charFormat == 255 ? 1 : charFormat) {}
+
+KyChar::KyChar(char c, unsigned char charCodeSet, unsigned char charLanguage)
+    : ref(nullptr),
+      value(static_cast<unsigned char>(c)),
+      codeSet(Resolve8CodeSet(charCodeSet)),
+      language(ResolveLanguage(charLanguage)),
+      format(1) {}
+
+KyChar::KyChar(unsigned short c, unsigned char charCodeSet, unsigned char charLanguage)
+    : ref(nullptr),
+      value(NarrowTo(Resolve16CodeSet(charCodeSet), c)),
+      codeSet(Resolve16CodeSet(charCodeSet)),
+      language(ResolveLanguage(charLanguage)),
+      format(1) {}
+
+KyChar::KyChar(const KyChar& other) = default;
+
+KyChar& KyChar::operator=(const KyChar& other) {
+    if (ref != nullptr) {
+        const unsigned short code = other.MapTo(codeSet).CodeGet();
+        ky::WriteCode(const_cast<char*>(ref), ky::CharWidth(codeSet), code, format);
+    } else {
+        value = other.CodeGet();
+        codeSet = other.codeSet;
+        language = other.language;
+        format = other.format;
+    }
+    return *this;
+}
+
+KyChar& KyChar::operator=(char c) { return *this = KyChar(c); }
+KyChar& KyChar::operator=(unsigned short c) { return *this = KyChar(c); }
+
+unsigned short KyChar::CodeGet() const {
+    return ref != nullptr ? ky::ReadCode(ref, ky::CharWidth(codeSet), format) : value;
+}
+
+unsigned short KyChar::GetOrder() const {
+    const unsigned short code = CodeGet();
+    if (codeSet == KyCodeSetOrders || code == 0) return code;
+    const KyCodeSet& set = ky::CodeSetOf(codeSet);
+    if (!set.HasPropertyTable() && set.Code() != KyCodeSetUnicode) return MapTo(KyCodeSetUnicode).GetOrder();
+    const KyCharProps* record = set.GetProperty(code);
+    return record != nullptr ? record->order : code;
+}
+
+bool KyChar::IsSpace() const { return GetOrder() < 80; }
+
+bool KyChar::IsSymbol() const {
+    const unsigned short order = GetOrder();
+    return order >= 80 && order < 16128;
+}
+
+bool KyChar::IsDigit() const {
+    const unsigned short order = GetOrder();
+    return order >= 16128 && order < 16384;
+}
+
+bool KyChar::IsAlpha() const {
+    const unsigned short order = GetOrder();
+    return order >= 16384 && order < 32768;
+}
+
+bool KyChar::IsHan() const { return GetOrder() >= 32768; }
+
+KyChar KyChar::MapTo(unsigned char toCodeSet) const {
+    if (toCodeSet == KyCodeSetNative || toCodeSet == codeSet) return *this;
+    const unsigned short code = ky::CodeSetOf(toCodeSet).MapFrom(ky::CodeSetOf(codeSet), CodeGet());
+    return KyChar(code, toCodeSet, language);
+}
+
+namespace {
+
+/// The character of this set whose Unicode code is `unicode`; the character itself for 0 and where the set has none.
+unsigned short CaseMapped(const KyCodeSet& set, unsigned short code, unsigned short unicode) {
+    const unsigned short mapped = unicode != 0 ? set.FromUnicode(unicode) : 0;
+    return mapped != 0 ? mapped : code;
+}
+
+}  // namespace
+
+KyChar KyChar::ToLower(KyStringIterator*) const {
+    const unsigned short code = CodeGet();
+    if (codeSet == KyCodeSetNative) return KyChar(AsciiLower(code), KyCodeSetNative, language);
+    const KyCodeSet& set = ky::CodeSetOf(codeSet);
+    const KyCharProps* record = KyCodeSet::GetUnicodeProps(&set, code, language);
+    if (record == nullptr) return *this;
+    return KyChar(CaseMapped(set, code, record->lower), codeSet, language);
+}
+
+KyChar KyChar::ToUpper(KyStringIterator* it) const {
+    const unsigned short code = CodeGet();
+    if (codeSet == KyCodeSetNative) return KyChar(AsciiUpper(code), KyCodeSetNative, language);
+    const KyCodeSet& set = ky::CodeSetOf(codeSet);
+    const KyCharProps* record = KyCodeSet::GetUnicodeProps(&set, code, language);
+    if (record == nullptr) return *this;
+    if (record->rules != nullptr && record->rules->upperExpansion.count != 0 && it != nullptr) {
+        it->SetOverflow(&record->rules->upperExpansion, 255);
+    }
+    return KyChar(CaseMapped(set, code, record->upper), codeSet, language);
+}
+
+int KyChar::Compare(const KyChar& other, unsigned short op) const {
+    if (op == 0xFFFF) op = KyLanguageContext::GetDefaultCmpOp();
+    char a[4] = {};
+    char b[4] = {};
+    ky::WriteCode(a, ky::CharWidth(codeSet), CodeGet(), 1);
+    ky::WriteCode(b, ky::CharWidth(other.codeSet), other.CodeGet(), 1);
+    return KyStrCmp(codeSet, language, a, other.codeSet, other.language, b, op, 1, 1, nullptr);
+}
+
+bool KyChar::operator==(const KyChar& other) const { return Compare(other, 0xFFFF) == 0; }
+bool KyChar::operator!=(const KyChar& other) const { return Compare(other, 0xFFFF) != 0; }
+bool KyChar::operator<(const KyChar& other) const { return Compare(other, 0xFFFF) < 0; }
+bool KyChar::operator<=(const KyChar& other) const { return Compare(other, 0xFFFF) <= 0; }
+bool KyChar::operator>(const KyChar& other) const { return Compare(other, 0xFFFF) > 0; }
+bool KyChar::operator>=(const KyChar& other) const { return Compare(other, 0xFFFF) >= 0; }
+
+KyChar KyCharToLower::operator()(const KyChar& c, KyStringIterator* it) { return c.ToLower(it); }
+KyChar KyCharToUpper::operator()(const KyChar& c, KyStringIterator* it) { return c.ToUpper(it); }

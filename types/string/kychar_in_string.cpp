@@ -1,0 +1,3 @@
+#include "kystring.h"
+
+KyChar::KyChar(KyString& s, int byteOffset) : KyChar(s.StrGet() + byteOffset, s.CodeSetGet(), s.LanguageGet(), 1) {}
