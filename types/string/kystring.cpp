@@ -1,11 +1,9 @@
 #include "kystring.h"
 
-#include <new>
-
 #include "code_mapping.h"
 #include "kyi18n.h"
 #include "kystring_build.h"
-#include "kytypes.h"
+#include "lasting_string.h"
 
 using ky::CharWidth;
 
@@ -86,20 +84,14 @@ void KyString::d_deactivate() { Destroy(); }
 
 namespace {
 
-/// A string without a destructor: usable for as long as any code runs.
-struct LastingString {
-    alignas(KyString) unsigned char storage[sizeof(KyString)];
-    KyString* value = new (storage) KyString;
-};
-
 /// Made at load at the latest, so that later changes of the defaults do not reach the empty string's label.
 [[maybe_unused]] const KyString& emptyAtLoad = KyString::EmptyString();
 
 }  // namespace
 
 KyString& KyString::EmptyString() {
-    static LastingString empty;
-    return *empty.value;
+    static ky::LastingString empty;
+    return empty.Get();
 }
 
 std::size_t KyString::ContentBytes() const {

@@ -207,11 +207,16 @@ private:
 
     // Counts that are never negative and may exceed 32767, unlike those of the operations above.
     KyString(unsigned char codeSet, unsigned char language, const char* text, std::size_t bytes);
-    KyString& Append(const char* text, unsigned char textCodeSet, std::size_t count, std::size_t repeat = 1);
-    void CutRange(unsigned pos, unsigned n);
-    KyString CopyRange(unsigned pos, unsigned n) const;
     std::size_t ContentBytes() const;  ///< up to the terminator
+    KyString& SetTail(std::size_t headBytes, const char* text, unsigned char textCodeSet, std::size_t count,
+                      std::size_t repeat = 1);
+    KyString& Append(const char* text, unsigned char textCodeSet, std::size_t count);
+    KyString& CutRange(unsigned pos, unsigned n);
+    KyString CopyRange(unsigned pos, unsigned n) const;
+    unsigned LeadingSpaces(unsigned length) const;
+    unsigned LengthWithoutTrailingSpaces(unsigned length) const;
     void TakeOver(ky::BlockWriter& block);
+    bool BeginsLikeNumber() const;
 };
 
 static_assert(sizeof(KyString) == 16, "the size word of the string rows");

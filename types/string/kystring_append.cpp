@@ -10,17 +10,39 @@ std::size_t CountOf(const char* text) { return text == nullptr ? 0 : std::strlen
 
 }  // namespace
 
-/// Appends `repeat` copies of text[0, count) behind the terminator's place; what stood behind it is dropped.
-KyString& KyString::Append(const char* text, unsigned char textCodeSet, std::size_t count, std::size_t repeat) {
+/// The first `headBytes` of the old content, then `repeat` times text[0, count); nothing else of the old content.
+KyString& KyString::SetTail(std::size_t headBytes, const char* text, unsigned char textCodeSet, std::size_t count,
+                            std::size_t repeat) {
     const unsigned width = ky::CharWidth(codeSet);
-    const std::size_t head = ContentBytes();
     const std::size_t once = std::min<std::size_t>(count, 65535) * width;
     const ky::MappedSource source(text, textCodeSet, codeSet, 0, once / width, 1);
-    ky::BlockWriter block(head + once * repeat + width, width);
-    block.Put(buffer, head, head);
+    ky::BlockWriter block(headBytes + once * repeat + width, width);
+    block.Put(buffer, headBytes, headBytes);
     block.Put(source.Data(), source.Bytes(), once, repeat, source.Flag());
     TakeOver(block);
     return *this;
+}
+
+KyString& KyString::Append(const char* text, unsigned char textCodeSet, std::size_t count) {
+    return SetTail(ContentBytes(), text, textCodeSet, count);
+}
+
+KyString& KyString::Fill(unsigned short n, unsigned short c) {
+    return SetTail(0, reinterpret_cast<const char*>(&c), GetDefault16CodeSet(), c != 0, n);
+}
+
+KyString& KyString::Fill(unsigned short n, char c) { return SetTail(0, &c, GetDefault8CodeSet(), c != 0, n); }
+
+KyString& KyString::Expand(unsigned short n, unsigned short c) {
+    const unsigned length = Len();
+    if (c == 0 || length >= n) return *this;
+    return SetTail(ContentBytes(), reinterpret_cast<const char*>(&c), GetDefault16CodeSet(), 1, n - length);
+}
+
+KyString& KyString::Expand(unsigned short n, char c) {
+    const unsigned length = Len();
+    if (c == 0 || length >= n) return *this;
+    return SetTail(ContentBytes(), &c, GetDefault8CodeSet(), 1, n - length);
 }
 
 KyString& KyString::operator+=(const KyString& s) { return Append(s.StrGet(), s.codeSet, s.Len()); }

@@ -40,6 +40,14 @@ void BlockWriter::Put(const char* src, std::size_t present, std::size_t bytes, s
     }
 }
 
+void WorkArea::Grow(std::size_t wanted, std::size_t used) {
+    std::unique_ptr<char[]> larger(new char[wanted]);
+    CopyBytes(larger.get(), data, used);
+    heap = std::move(larger);
+    data = heap.get();
+    capacity = wanted;
+}
+
 MappedSource::MappedSource(const char* src, unsigned char from, unsigned char to, std::size_t start, std::size_t count,
                            unsigned char order)
     : flag(CharWidth(from) == 2 ? order : 1) {

@@ -98,6 +98,31 @@ private:
     char* limit = nullptr;  ///< where the terminator begins
 };
 
+/// A text in the making whose size is not known before: on the stack while it is short.
+class WorkArea {
+public:
+    /// Begins with room for `wanted` bytes.
+    explicit WorkArea(std::size_t wanted) {
+        if (wanted > sizeof onStack) Grow(wanted, 0);
+    }
+    WorkArea(const WorkArea&) = delete;
+    WorkArea& operator=(const WorkArea&) = delete;
+
+    /// Where the bytes [used, used + more) stand; may move what is there, which is all before `used`.
+    char* At(std::size_t used, std::size_t more) {
+        if (used + more > capacity) Grow(2 * capacity + more, used);
+        return data + used;
+    }
+
+private:
+    alignas(2) char onStack[512];
+    std::unique_ptr<char[]> heap;
+    char* data = onStack;
+    std::size_t capacity = sizeof onStack;
+
+    void Grow(std::size_t wanted, std::size_t used);
+};
+
 /// src[start, start + count) as characters of the code set `to`, mapped only when it has to be. Short texts are
 /// mapped on the stack. A source that is mapped ends at its terminator.
 class MappedSource {

@@ -1,15 +1,22 @@
 set(folder_sources
-  kystring.cpp
-  kystring_append.cpp
-  kystring_build.cpp
-  kystring_defaults.cpp
-  kystring_number_text.cpp
-  kystring_rows.cpp)
-# Characters, collation, mapping.
-list(APPEND folder_sources
   code_mapping.cpp
   kychar.cpp
   kychar_in_string.cpp
+  kystring.cpp
+  kystring_append.cpp
+  kystring_build.cpp
+  kystring_codeset.cpp
+  kystring_compare.cpp
+  kystring_defaults.cpp
+  kystring_edit.cpp
+  kystring_extract.cpp
+  kystring_number.cpp
+  kystring_number_text.cpp
+  kystring_replace.cpp
+  kystring_rows.cpp
+  kystring_search.cpp
+  kystring_split.cpp
+  kystring_wildcard.cpp
   kywstring.cpp)
 set(folder_headers
   kychar.h
