@@ -1,5 +1,9 @@
 set(folder_sources
+  number_rows_floating.cpp
+  number_rows_kinds.cpp
+  number_rows_widths.cpp
   number_text_digits.cpp
   number_text_double.cpp
-  number_text_scan_double.cpp)
+  number_text_scan_double.cpp
+  raw_kernels.cpp)
 set(folder_headers)

@@ -1,0 +1,172 @@
+#include "raw_kernels.h"
+
+#include <bit>
+
+#include "number_bits.h"
+#include "raw_bytes.h"
+
+// Names the one text that three functions are compiled from, each for its own instructions.
+#define KY_KERNEL [[gnu::always_inline]] inline
+
+namespace ky {
+namespace {
+
+static_assert(std::endian::native == std::endian::little, "the first byte of a word is its lowest one");
+
+/// The size is fixed, so that the loop becomes a few vector instructions.
+template <std::size_t size>
+KY_KERNEL bool BlockDiffers(const unsigned char* a, const unsigned char* b) {
+    std::uint64_t difference = 0;
+    for (std::size_t at = 0; at < size; at += 8)
+        difference |= LoadAs<std::uint64_t>(a + at) ^ LoadAs<std::uint64_t>(b + at);
+    return difference != 0;
+}
+
+KY_KERNEL std::size_t FirstDifferenceText(const void* areaA, const void* areaB, std::size_t size) {
+    const unsigned char* a = Advance(areaA, 0);
+    const unsigned char* b = Advance(areaB, 0);
+    std::size_t at = 0;
+    if (size >= 64 && !BlockDiffers<64>(a, b)) {
+        // One of the two is read along the lines of the cache from here on.
+        at = 64 - (reinterpret_cast<std::uintptr_t>(a) & 63);
+        while (size - at >= 512 && !BlockDiffers<512>(a + at, b + at)) at += 512;
+        while (size - at >= 64 && !BlockDiffers<64>(a + at, b + at)) at += 64;
+    }
+    for (; size - at >= 8; at += 8) {
+        const std::uint64_t difference = LoadAs<std::uint64_t>(a + at) ^ LoadAs<std::uint64_t>(b + at);
+        if (difference != 0) return at + static_cast<std::size_t>(std::countr_zero(difference)) / 8;
+    }
+    while (at < size && a[at] == b[at]) ++at;
+    return at;
+}
+
+KY_KERNEL std::uint64_t XorWordsText(const void* area, std::size_t size) {
+    const unsigned char* data = Advance(area, 0);
+    const std::size_t words = size / 8;
+    std::uint64_t result = 0;
+    for (std::size_t i = 0; i < words; ++i) result ^= LoadAs<std::uint64_t>(data + 8 * i);
+    std::uint64_t rest = 0;
+    std::memcpy(&rest, data + 8 * words, size % 8);
+    return result ^ rest;
+}
+
+template <class Bits, bool reversed>
+KY_KERNEL bool RanksDiffer(const unsigned char* a, const unsigned char* b) {
+    const auto bitsA = LoadAs<Bits>(a);
+    const auto bitsB = LoadAs<Bits>(b);
+    return FloatingRank(reversed ? ByteSwap(bitsA) : bitsA) != FloatingRank(reversed ? ByteSwap(bitsB) : bitsB);
+}
+
+template <class Bits, bool reversed>
+KY_KERNEL std::size_t FirstOtherRankIn(const unsigned char* a, const unsigned char* b, std::size_t count) {
+    constexpr std::size_t kBlock = 16;
+    std::size_t at = 0;
+    for (; count - at >= kBlock; at += kBlock) {
+        Bits differ = 0;
+        for (std::size_t i = at; i < at + kBlock; ++i) {
+            differ |= static_cast<Bits>(RanksDiffer<Bits, reversed>(a + i * sizeof(Bits), b + i * sizeof(Bits)));
+        }
+        if (differ != 0) break;
+    }
+    while (at < count && !RanksDiffer<Bits, reversed>(a + at * sizeof(Bits), b + at * sizeof(Bits))) ++at;
+    return at;
+}
+
+template <class Bits>
+KY_KERNEL std::size_t FirstOtherRankText(const void* a, const void* b, std::size_t count, bool reversed) {
+    return reversed ? FirstOtherRankIn<Bits, true>(Advance(a, 0), Advance(b, 0), count)
+                    : FirstOtherRankIn<Bits, false>(Advance(a, 0), Advance(b, 0), count);
+}
+
+// --- for any x86-64 ---
+
+std::size_t FirstDifferenceAny(const void* a, const void* b, std::size_t size) {
+    return FirstDifferenceText(a, b, size);
+}
+std::uint64_t XorWordsAny(const void* data, std::size_t size) { return XorWordsText(data, size); }
+std::size_t FirstOtherRank32Any(const void* a, const void* b, std::size_t count, bool reversed) {
+    return FirstOtherRankText<std::uint32_t>(a, b, count, reversed);
+}
+std::size_t FirstOtherRank64Any(const void* a, const void* b, std::size_t count, bool reversed) {
+    return FirstOtherRankText<std::uint64_t>(a, b, count, reversed);
+}
+
+// --- with AVX2 ---
+
+#define KY_AVX2 [[gnu::target("avx2")]]
+
+KY_AVX2 std::size_t FirstDifferenceAvx2(const void* a, const void* b, std::size_t size) {
+    return FirstDifferenceText(a, b, size);
+}
+KY_AVX2 std::uint64_t XorWordsAvx2(const void* data, std::size_t size) { return XorWordsText(data, size); }
+KY_AVX2 std::size_t FirstOtherRank32Avx2(const void* a, const void* b, std::size_t count, bool reversed) {
+    return FirstOtherRankText<std::uint32_t>(a, b, count, reversed);
+}
+KY_AVX2 std::size_t FirstOtherRank64Avx2(const void* a, const void* b, std::size_t count, bool reversed) {
+    return FirstOtherRankText<std::uint64_t>(a, b, count, reversed);
+}
+
+// --- with AVX-512 ---
+
+#define KY_AVX512 [[gnu::target("avx2,avx512f,avx512bw,avx512dq,avx512vl")]]
+
+KY_AVX512 std::size_t FirstDifferenceAvx512(const void* a, const void* b, std::size_t size) {
+    return FirstDifferenceText(a, b, size);
+}
+KY_AVX512 std::uint64_t XorWordsAvx512(const void* data, std::size_t size) { return XorWordsText(data, size); }
+KY_AVX512 std::size_t FirstOtherRank32Avx512(const void* a, const void* b, std::size_t count, bool reversed) {
+    return FirstOtherRankText<std::uint32_t>(a, b, count, reversed);
+}
+KY_AVX512 std::size_t FirstOtherRank64Avx512(const void* a, const void* b, std::size_t count, bool reversed) {
+    return FirstOtherRankText<std::uint64_t>(a, b, count, reversed);
+}
+
+}  // namespace
+
+constinit const RawKernels kRawKernels[kRawKernelVariants] = {
+    {"any", FirstDifferenceAny, XorWordsAny, FirstOtherRank32Any, FirstOtherRank64Any},
+    {"avx2", FirstDifferenceAvx2, XorWordsAvx2, FirstOtherRank32Avx2, FirstOtherRank64Avx2},
+    {"avx512", FirstDifferenceAvx512, XorWordsAvx512, FirstOtherRank32Avx512, FirstOtherRank64Avx512},
+};
+
+// The loader asks before anything else of the process has run, sanitizers included: nothing here may be
+// instrumented, and no address is read from memory that may not be relocated yet.
+#define KY_RESOLVER __attribute__((used, no_sanitize("address", "thread", "undefined")))
+
+KY_RESOLVER int RunnableRawKernels() {
+    __builtin_cpu_init();
+    if (!__builtin_cpu_supports("avx2")) return 1;
+    const bool avx512 = __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512bw") &&
+                        __builtin_cpu_supports("avx512dq") && __builtin_cpu_supports("avx512vl");
+    return avx512 ? 3 : 2;
+}
+
+namespace {
+template <class Kernel>
+KY_RESOLVER inline Kernel* Choose(Kernel* any, Kernel* avx2, Kernel* avx512) {
+    const int runnable = RunnableRawKernels();
+    return runnable == 3 ? avx512 : runnable == 2 ? avx2 : any;
+}
+}  // namespace
+
+extern "C" {
+KY_RESOLVER FirstDifferenceKernel* ky_ChooseFirstDifference() {
+    return Choose(&FirstDifferenceAny, &FirstDifferenceAvx2, &FirstDifferenceAvx512);
+}
+KY_RESOLVER XorWordsKernel* ky_ChooseXorWords() { return Choose(&XorWordsAny, &XorWordsAvx2, &XorWordsAvx512); }
+KY_RESOLVER FirstOtherRankKernel* ky_ChooseFirstOtherRank32() {
+    return Choose(&FirstOtherRank32Any, &FirstOtherRank32Avx2, &FirstOtherRank32Avx512);
+}
+KY_RESOLVER FirstOtherRankKernel* ky_ChooseFirstOtherRank64() {
+    return Choose(&FirstOtherRank64Any, &FirstOtherRank64Avx2, &FirstOtherRank64Avx512);
+}
+}
+
+[[gnu::ifunc("ky_ChooseFirstDifference")]] std::size_t FirstDifference(const void* a, const void* b, std::size_t size);
+[[gnu::ifunc("ky_ChooseXorWords")]] std::uint64_t XorWords(const void* data, std::size_t size);
+[[gnu::ifunc("ky_ChooseFirstOtherRank32")]] std::size_t FirstOtherRank32(const void* a, const void* b,
+                                                                         std::size_t count, bool reversed);
+[[gnu::ifunc("ky_ChooseFirstOtherRank64")]] std::size_t FirstOtherRank64(const void* a, const void* b,
+                                                                         std::size_t count, bool reversed);
+
+}  // namespace ky
