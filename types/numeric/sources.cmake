@@ -1,4 +1,5 @@
 set(folder_sources
+  kyint64.cpp
   number_rows_floating.cpp
   number_rows_kinds.cpp
   number_rows_widths.cpp
@@ -6,4 +7,7 @@ set(folder_sources
   number_text_double.cpp
   number_text_scan_double.cpp
   raw_kernels.cpp)
-set(folder_headers)
+set(folder_headers
+  kyboolean.h
+  kyint64.h
+  kynull.h)

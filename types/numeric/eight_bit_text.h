@@ -1,0 +1,35 @@
+#ifndef EIGHT_BIT_TEXT_H
+#define EIGHT_BIT_TEXT_H
+
+#include <optional>
+
+#include "kyi18n.h"
+#include "kystring.h"
+
+namespace ky {
+
+/// A string's characters as 8-bit text, in which numbers are read: the string's own where it is an 8-bit one,
+/// else those of a copy in the default 8-bit code set. The string has to outlive it, unchanged.
+class EightBitText {
+public:
+    explicit EightBitText(const KyString& text) {
+        if (text.CodeSetGet() < KyCodeSetFirst16Bit) {
+            start = text.StrGet();
+        } else {
+            copy.emplace(KyString::GetDefault8CodeSet(), text.LanguageGet());
+            copy->CopyMapped(text, KyString::GetDefault8CodeSet(), -1);
+            start = copy->StrGet();
+        }
+    }
+
+    /// Zero-terminated, never null.
+    const char* Get() const { return start; }
+
+private:
+    std::optional<KyString> copy;
+    const char* start;
+};
+
+}  // namespace ky
+
+#endif
