@@ -9,6 +9,8 @@ set(folder_sources
   options.cpp
   pending_rows.cpp
   rows.cpp
+  scan_helpers.cpp
+  scan_helpers_word.cpp
   shared_slots.cpp
   text_constants.cpp
   text_join.cpp

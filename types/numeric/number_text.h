@@ -3,9 +3,11 @@
 
 /// Print and scan of the plain numbers: the slots of the families, and the pieces that other types share.
 ///
-/// Formats are the C library's, the results the same under every locale. A format is taken apart first: at most
-/// one conversion, of a letter that belongs to the value; its length modifier is replaced by the one of the value's
-/// width. A format with anything else prints nothing and scans nothing. Every print function replaces `out`.
+/// Formats are the C library's, the results the same under every locale. A format is taken apart first (see
+/// `number_format.h`): at most one conversion, of a letter that belongs to the value; its length modifier is
+/// replaced by the one of the value's width. A format with anything else prints the empty text and scans nothing;
+/// a null format is the family's own ("%c", "%d", "%.17g"). Every print function replaces `out` by a text of the
+/// default 8-bit code set and the default language.
 
 #include "kytypes.h"
 
@@ -19,8 +21,8 @@ KyPrintFunc O_8BPrintToKyString;
 KyPrintFunc FloatPrintToKyString;
 KyPrintFunc DoublePrintToKyString;
 
-// A null value pointer gives null back; a 16-bit text is read as 8-bit text. Without a number in the text an integer
-// keeps its value, a "%.17g" double becomes 0.
+// A null value pointer gives null back; a 16-bit text is read as 8-bit text. Where nothing can be read, the value
+// stays; with "%.17g" it becomes 0.
 KyScanFunc CharScanFromKyString;
 KyScanFunc ShortScanFromKyString;
 KyScanFunc LongScanFromKyString;
@@ -47,6 +49,15 @@ unsigned UnsignedText(unsigned long long value, char* out);
 
 /// The number that a zero-terminated text holds in the "%.17g" text form; 0 where there is none.
 double ScanDoubleText(const char* text);
+
+/// Scans one value out of a zero-terminated text, as the scan slots do; `value` is kept where nothing was read.
+/// A null format is the family's own.
+void ScanText(const char* text, const char* format, signed char& value);
+void ScanText(const char* text, const char* format, short& value);
+void ScanText(const char* text, const char* format, int& value);
+void ScanText(const char* text, const char* format, long long& value);
+void ScanText(const char* text, const char* format, float& value);
+void ScanText(const char* text, const char* format, double& value);
 
 }  // namespace ky
 

@@ -1,11 +1,17 @@
 set(folder_sources
   kyint64.cpp
+  number_format.cpp
+  number_format_print.cpp
+  number_format_scan.cpp
   number_rows_floating.cpp
   number_rows_kinds.cpp
   number_rows_widths.cpp
+  number_text.cpp
   number_text_digits.cpp
   number_text_double.cpp
+  number_text_scan.cpp
   number_text_scan_double.cpp
+  number_text_special.cpp
   raw_kernels.cpp)
 set(folder_headers
   kyboolean.h

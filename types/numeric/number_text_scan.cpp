@@ -1,0 +1,127 @@
+#include <cstring>
+
+#include "kystring.h"
+#include "number_format_scan.h"
+#include "number_text.h"
+#include "number_text_plain.h"
+#include "number_text_special.h"
+
+namespace ky {
+
+namespace {
+
+template <class Integer>
+void ScanIntegerText(const char* text, const char* format, Integer& value) {
+    unsigned long long bits = 0;
+    const PlainFormat plain = PlainFormatOf(format);
+    if (plain.recognised) {
+        if (plain.marked && *text++ != kPlainMark) return;
+        if (ScanDecimal(text, plain.isSigned, bits)) value = static_cast<Integer>(bits);
+        return;
+    }
+    NumberFormat parts;
+    if (!ParseNumberFormat(format, NumberClass::Integer, parts) || parts.count == 0) return;
+    if (!MatchLiteral(text, parts.literals[0])) return;
+    if (ScanInteger(text, parts.conversions[0], bits)) value = static_cast<Integer>(bits);
+}
+
+template <class Floating>
+void ScanFloatingText(const char* text, const char* format, Floating& value) {
+    if (IsOwnDoubleFormat(format)) {
+        value = static_cast<Floating>(ScanDoubleText(text));
+        return;
+    }
+    if (IsMantissaFormat(format)) {
+        double wide = 0;
+        if (ScanMantissa(text, format, wide)) value = static_cast<Floating>(wide);
+        return;
+    }
+    NumberFormat parts;
+    if (!ParseNumberFormat(format, NumberClass::Floating, parts) || parts.count == 0) return;
+    if (MatchLiteral(text, parts.literals[0])) ScanFloating(text, parts.conversions[0], value);
+}
+
+/// The form of an unprintable character: "0x", then what "%x" reads.
+bool ScanCode(const char* text, unsigned long long& code) {
+    if (text[0] != '0' || text[1] != 'x') return false;
+    text += 2;
+    return ScanInteger(text, {.letter = 'x'}, code);
+}
+
+}  // namespace
+
+void ScanText(const char* text, const char* format, signed char& value) {
+    unsigned long long code = 0;
+    if (ScanCode(text, code)) {
+        value = static_cast<signed char>(code);
+    } else if (!IsOwnCharFormat(format)) {
+        ScanIntegerText(text, format, value);
+    } else if (*text != 0) {
+        value = static_cast<signed char>(*text);
+    }
+}
+
+void ScanText(const char* text, const char* format, short& value) { ScanIntegerText(text, format, value); }
+void ScanText(const char* text, const char* format, int& value) { ScanIntegerText(text, format, value); }
+void ScanText(const char* text, const char* format, long long& value) { ScanIntegerText(text, format, value); }
+
+void ScanText(const char* text, const char* format, double& value) { ScanFloatingText(text, format, value); }
+void ScanText(const char* text, const char* format, float& value) { ScanFloatingText(text, format, value); }
+
+}  // namespace ky
+
+namespace {
+
+constexpr unsigned char kLastNarrowCodeSet = 224;
+
+/// What all scan slots do; `Value` is the element's memory form.
+template <class Value>
+void ScanInto(void* address, const char* text, const char* format) {
+    Value value;
+    std::memcpy(&value, address, sizeof value);
+    ky::ScanText(text, format, value);
+    std::memcpy(address, &value, sizeof value);
+}
+
+template <class Value>
+void* ScanElement(void* address, KyString& text, const char* format) {
+    if (address == nullptr) return nullptr;
+    if (text.CodeSetGet() > kLastNarrowCodeSet) {
+        KyString narrow;
+        narrow.CopyMapped(text, KyString::GetDefault8CodeSet(), -1);
+        ScanInto<Value>(address, narrow.StrGet(), format);
+    } else {
+        ScanInto<Value>(address, text.StrGet(), format);
+    }
+    return address;
+}
+
+}  // namespace
+
+void* CharScanFromKyString(void* value, KyString& text, const char* format, unsigned) {
+    return ScanElement<signed char>(value, text, format);
+}
+
+void* ShortScanFromKyString(void* value, KyString& text, const char* format, unsigned) {
+    return ScanElement<short>(value, text, format);
+}
+
+void* LongScanFromKyString(void* value, KyString& text, const char* format, unsigned) {
+    return ScanElement<int>(value, text, format);
+}
+
+void* IntScanFromKyString(void* value, KyString& text, const char* format, unsigned) {
+    return ScanElement<int>(value, text, format);
+}
+
+void* O_8BScanFromKyString(void* value, KyString& text, const char* format, unsigned) {
+    return ScanElement<long long>(value, text, format);
+}
+
+void* FloatScanFromKyString(void* value, KyString& text, const char* format, unsigned) {
+    return ScanElement<float>(value, text, format);
+}
+
+void* DoubleScanFromKyString(void* value, KyString& text, const char* format, unsigned) {
+    return ScanElement<double>(value, text, format);
+}
