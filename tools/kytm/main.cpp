@@ -1,0 +1,193 @@
+/// kytm: what an engine does through the type manager, from the command line.
+
+#include <CLI/CLI.hpp>
+#include <csignal>
+#include <new>
+#include <sstream>
+
+#include "commands.h"
+#include "compare_word.h"
+#include "terminal.h"
+
+namespace kytm {
+
+namespace {
+
+/// Set before each word that is no option, so that the parser takes any text as it stands: "-.5", "-Infinity",
+/// "[a]" and the empty one. No argument begins with it by itself.
+constexpr char kShield = '\x01';
+
+bool IsNegativeNumber(std::string_view word) {
+    if (word.size() < 2 || word[0] != '-') return false;
+    const std::string_view rest = word.substr(1);
+    return (rest[0] >= '0' && rest[0] <= '9') || (rest[0] == '.' && rest.size() > 1) ||
+           (rest.size() >= 3 && (rest[0] == 'I' || rest[0] == 'i') && (rest[1] == 'n' || rest[1] == 'N'));
+}
+
+/// The words behind the program's and the command's name, last one first, as the parser wants them.
+std::vector<std::string> ShieldedArguments(int argc, char** argv) {
+    std::vector<std::string> words;
+    bool onlyValues = false;
+    bool inCommand = false;
+    for (int i = 1; i < argc; ++i) {
+        std::string word = argv[i];
+        if (!onlyValues && word == "--") {
+            onlyValues = true;
+        } else if (onlyValues || !word.starts_with('-') || word == "-" || IsNegativeNumber(word)) {
+            if (inCommand) word.insert(word.begin(), kShield);
+            inCommand = true;
+        }
+        words.push_back(std::move(word));
+    }
+    std::reverse(words.begin(), words.end());
+    return words;
+}
+
+void Unshield(std::string& text) {
+    if (text.starts_with(kShield)) text.erase(text.begin());
+}
+
+void Unshield(std::optional<std::string>& text) {
+    if (text) Unshield(*text);
+}
+
+constexpr char kAbout[] = "Shows, compares and sorts values of the types of the database, as an engine does it.";
+constexpr char kFooter[] =
+    "TYPE is a type name (o_4b), a type-code name (Ky4B_T) or a type id (2); `kytm types` lists them.\n"
+    "Words that begin with \"-\" and are no numbers go behind \"--\".\n"
+    "Exit status: 0 done; 1 some of the texts given are no values of the type; 2 the work could not be done.";
+
+/// The parser with all commands. What it reads stands in the options afterwards.
+class Program {
+public:
+    Program() {
+        app.name("kytm");
+        app.footer(kFooter);
+        app.set_version_flag("--version", "kytm " KYTM_VERSION);
+        app.require_subcommand(1);
+        AddTypes();
+        AddShow();
+        AddCompare();
+        AddSort();
+    }
+
+    ExitStatus Run(std::vector<std::string> words, Output& out) {
+        try {
+            app.parse(std::move(words));
+        } catch (const CLI::ParseError& problem) {
+            return Report(problem, out);
+        }
+        if (typesCommand->parsed()) return ListTypes(types, out);
+        if (showCommand->parsed()) {
+            Unshield(show.type);
+            Unshield(show.format);
+            for (std::string& value : show.values) Unshield(value);
+            return ShowValues(show, out);
+        }
+        if (compareCommand->parsed()) {
+            for (std::string* text : {&compare.type, &compare.first, &compare.second}) Unshield(*text);
+            Unshield(compare.op);
+            Unshield(compare.format);
+            return CompareValues(compare, out);
+        }
+        for (std::string* text : {&sort.type, &sort.file}) Unshield(*text);
+        Unshield(sort.op);
+        Unshield(sort.format);
+        return SortLines(sort, out);
+    }
+
+private:
+    CLI::App app{kAbout};
+    CLI::App* typesCommand = nullptr;
+    CLI::App* showCommand = nullptr;
+    CLI::App* compareCommand = nullptr;
+    CLI::App* sortCommand = nullptr;
+    TypesOptions types;
+    ShowOptions show;
+    CompareOptions compare;
+    SortOptions sort;
+
+    void AddTypes() {
+        typesCommand = app.add_subcommand("types", "List all types");
+        typesCommand->add_flag("--json", types.json, "As a JSON array");
+    }
+
+    void AddShow() {
+        showCommand = app.add_subcommand("show", "Show values: bytes in memory and stored, sizes, hash, text and back");
+        showCommand->add_option("TYPE", show.type, "Type of the values")->required();
+        showCommand->add_option("VALUE", show.values, "Texts of the values")->required();
+        showCommand->add_option("--format", show.format, "Scan and print by this format, too")->type_name("F");
+        showCommand->add_flag("--json", show.json, "As a JSON array");
+    }
+
+    void AddCompare() {
+        compareCommand = app.add_subcommand("cmp", "Compare two values: <, = or >, the result and the error code");
+        compareCommand->add_option("TYPE", compare.type, "Type of the values")->required();
+        compareCommand->add_option("A", compare.first, "Text of the first value")->required();
+        compareCommand->add_option("B", compare.second, "Text of the second value; the pattern, where there are any")
+            ->required();
+        AddCompareWord(*compareCommand, compare.op);
+        compareCommand->add_option("--format", compare.format, "Scan by this format")->type_name("F");
+        compareCommand->add_flag("--json", compare.json, "As a JSON object");
+    }
+
+    void AddSort() {
+        sortCommand = app.add_subcommand("sort", "Sort the lines of a file as values of a type");
+        sortCommand->add_option("TYPE", sort.type, "Type of the values")->required();
+        sortCommand->add_option("FILE", sort.file, "File to sort; standard input when missing or \"-\"");
+        sortCommand->add_flag("--reverse", sort.reverse, "Largest first; equal values keep their order");
+        sortCommand->add_flag("--unique", sort.unique, "Only the first line of equal values");
+        sortCommand->add_flag("--null-last", sort.nullLast, "Null values behind all others");
+        sortCommand->add_flag("--print", sort.print, "Print the values instead of the lines as they were");
+        AddCompareWord(*sortCommand, sort.op);
+        sortCommand->add_option("--format", sort.format, "Scan, and --print, by this format")->type_name("F");
+        sortCommand->footer(
+            "A line that does not scan is reported on standard error with its number; all others are sorted.\n"
+            "Nothing is read as a pattern: an --op that allows wildcards gets the exact bit (0x10).");
+    }
+
+    static void AddCompareWord(CLI::App& command, std::optional<std::string>& op) {
+        command
+            .add_option("--op", op,
+                        "Compare operator: a number, or names joined by \",\": " + std::string(kCompareWordNames) +
+                            "; 0x0110 unless given")
+            ->type_name("WORD");
+    }
+
+    /// Help and version go to standard output; what is wrong with the call to standard error.
+    ExitStatus Report(const CLI::ParseError& problem, Output& out) {
+        std::ostringstream information;
+        std::ostringstream complaint;
+        const bool isProblem = app.exit(problem, information, complaint) != 0;
+        out.Write(information.str());
+        if (!isProblem) return kDone;
+        std::string text = complaint.str();
+        std::erase(text, kShield);
+        while (text.ends_with('\n')) text.pop_back();
+        Complain(text);
+        return kFailed;
+    }
+};
+
+int Run(int argc, char** argv) {
+    std::signal(SIGPIPE, SIG_IGN);  // a closed pipe is noticed by the write
+    try {
+        Output out;
+        const ExitStatus status = Program().Run(ShieldedArguments(argc, argv), out);
+        out.Flush();
+        return status;
+    } catch (const PipeClosed&) {
+        return kPipeClosed;
+    } catch (const std::bad_alloc&) {
+        Complain("out of memory");
+    } catch (const std::exception& problem) {
+        Complain(problem.what());
+    }
+    return kFailed;
+}
+
+}  // namespace
+
+}  // namespace kytm
+
+int main(int argc, char** argv) { return kytm::Run(argc, argv); }

@@ -1,0 +1,97 @@
+#include "texts.h"
+
+namespace kytm {
+
+namespace {
+
+constexpr char kDigits[] = "0123456789ABCDEF";
+
+void AppendHex(std::string& text, unsigned char byte) {
+    text += kDigits[byte >> 4];
+    text += kDigits[byte & 15];
+}
+
+/// Bytes of the well-formed UTF-8 sequence at the start of a text that is not empty; 0 when there is none.
+std::size_t SequenceLength(std::string_view text) {
+    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+    const unsigned char first = byte(0);
+    if (first < 0x80) return 1;
+    const std::size_t length = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
+    if (first < 0xC2 || first > 0xF4 || text.size() < length) return 0;
+    for (std::size_t i = 1; i < length; ++i) {
+        if ((byte(i) & 0xC0) != 0x80) return 0;
+    }
+    // Overlong forms, surrogates, and what lies beyond U+10FFFF.
+    const unsigned char second = byte(1);
+    if ((first == 0xE0 && second < 0xA0) || (first == 0xED && second > 0x9F)) return 0;
+    if ((first == 0xF0 && second < 0x90) || (first == 0xF4 && second > 0x8F)) return 0;
+    return length;
+}
+
+bool IsUtf8(std::string_view text) {
+    while (!text.empty()) {
+        const std::size_t length = SequenceLength(text);
+        if (length == 0) return false;
+        text.remove_prefix(length);
+    }
+    return true;
+}
+
+}  // namespace
+
+std::string HexBytes(std::span<const unsigned char> bytes) {
+    std::string text;
+    text.reserve(bytes.size() * 3);
+    for (const unsigned char byte : bytes) {
+        if (!text.empty()) text += ' ';
+        AppendHex(text, byte);
+    }
+    return text;
+}
+
+std::string HexWord(unsigned word) {
+    std::string text;
+    for (int shift = 24; shift >= 0; shift -= 8) AppendHex(text, static_cast<unsigned char>(word >> shift));
+    return text;
+}
+
+std::string Quoted(std::string_view text, std::size_t limit) {
+    std::string quoted = "\"";
+    for (const char c : text.substr(0, limit)) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (c == '"' || c == '\\') {
+            quoted += '\\';
+            quoted += c;
+        } else if (byte < 0x20 || byte == 0x7F) {
+            quoted += "\\x";
+            AppendHex(quoted, byte);
+        } else {
+            quoted += c;
+        }
+    }
+    quoted += text.size() > limit ? "...\"" : "\"";
+    return quoted;
+}
+
+std::string Utf8(std::string_view text) {
+    if (IsUtf8(text)) return std::string(text);
+    std::string wide;
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte < 0x80) {
+            wide += c;
+        } else {
+            wide += static_cast<char>(0xC0 | (byte >> 6));
+            wide += static_cast<char>(0x80 | (byte & 0x3F));
+        }
+    }
+    return wide;
+}
+
+std::string Padded(std::string_view text, std::size_t width) {
+    std::string padded(text);
+    if (padded.size() < width) padded.append(width - padded.size(), ' ');
+    return padded;
+}
+
+}  // namespace kytm

@@ -1,0 +1,151 @@
+#include "value.h"
+
+#include <bit>
+#include <cstring>
+
+#include "compare_word.h"
+#include "kystring.h"
+#include "terminal.h"
+#include "texts.h"
+#include "type_lookup.h"
+
+namespace kytm {
+
+namespace {
+
+static_assert(std::endian::native == std::endian::little, "the low bytes of a number are its first ones");
+
+constexpr std::size_t kLongestText = KyString::MaxBytes - 1;
+
+constexpr char kNoValue[] = "no value can be read from it";
+constexpr char kTextBehind[] = "it is not a value as a whole";
+constexpr char kTooLarge[] = "the number does not fit in the type";
+constexpr char kTooLong[] = "it is longer than 65531 bytes";
+constexpr char kZeroByte[] = "it holds a zero byte";
+constexpr char kBehindNull[] = "it goes on behind the text of null values";
+
+/// The number format that texts of this type follow; nothing for types whose row has another format.
+std::optional<NumberFormat> NumberFormatOf(char id, const char* format) {
+    const std::optional<NumberFormat> own = NumberFormat::Parse(PrintFormat(id));
+    // The date types use the letters of the C library for other things.
+    const bool isNumber =
+        own && (own->IsCharacter() || own->conversion == 'd' || own->conversion == 'u' || own->wordsOnly17g);
+    if (!isNumber) return std::nullopt;
+    if (format == nullptr) return own;
+
+    const std::optional<NumberFormat> given = NumberFormat::Parse(format);
+    const bool fits =
+        given && (own->IsReal() ? given->IsReal() : given->IsWhole() || (own->IsCharacter() && given->IsCharacter()));
+    if (!fits) throw Failure("the format " + Quoted(format) + " does not fit the type " + TypeName(id));
+    return given;
+}
+
+}  // namespace
+
+Values::Values(char typeId, unsigned valueCount)
+    : id(typeId),
+      count(valueCount),
+      size(Manager().MemLenGet(typeId, 1)),
+      base(static_cast<unsigned char*>(Manager().Create(typeId, valueCount))) {
+    if (base == nullptr) throw Failure("no values can be made of the type " + TypeName(id));
+    if (Manager().IsFixed(id) != 0) std::memset(base, 0, size * count);
+}
+
+Values::~Values() { Manager().Delete(id, base, count); }
+
+Scanner::Scanner(char typeId, const char* givenFormat)
+    : id(typeId),
+      format(givenFormat),
+      number(NumberFormatOf(typeId, givenFormat)),
+      nullText(KyTypeMgr::GetNullPrintString().StrGet()),
+      hasNull(Manager().SupportsNullValue(typeId) != 0),
+      isFixed(Manager().IsFixed(typeId) != 0),
+      memoryBytes(Manager().MemLenGet(typeId, 1)),
+      second(typeId, 1) {
+    if (!number) return;
+    // A nullable number is stored as the number and one byte that tells nulls.
+    numberBytes = Manager().DiskLenGet(id, second[0], KyFormNative, 1, KyFormMemory) - (hasNull ? 1U : 0U);
+    isSigned = TypeIsSigned();
+}
+
+const char* Scanner::Scan(std::string_view text, void* value) {
+    if (text.size() > kLongestText) return kTooLong;
+    if (text.find('\0') != std::string_view::npos) return kZeroByte;
+    const bool isNullText = hasNull && !nullText.empty() && text.starts_with(nullText);
+    if (isNullText && text.size() != nullText.size()) return kBehindNull;
+    if (!isFixed) {
+        ScanInto(text, value);
+        return nullptr;
+    }
+    if (!number || isNullText || (hasNull && text.empty())) return ScanTwice(text, value);
+    return ScanNumber(text, value);
+}
+
+const char* Scanner::ScanNumber(std::string_view text, void* value) {
+    if (numberBytes == 1 && (text.starts_with("0x") || text.starts_with("0X"))) {
+        if (const char* fault = ScanWhole(text, text, value, 16); fault == nullptr) return nullptr;
+    }
+    // A word for infinity is only read when nothing follows it, not even a blank.
+    if (!number->IsCharacter()) text = WithoutBlanksBehind(text);
+    const std::optional<std::string_view> inner = number->Inner(text);
+    if (!inner) return kTextBehind;
+    if (inner->empty()) return kNoValue;
+    if (number->IsWhole()) return ScanWhole(*inner, text, value, number->Base());
+    if (number->IsCharacter()) {
+        if (inner->size() != 1) return kTextBehind;
+    } else if (!IsDecimalNumber(*inner) && !IsNumberWord(*inner, number->wordsOnly17g)) {
+        return kTextBehind;
+    }
+    return ScanTwice(text, value);
+}
+
+const char* Scanner::ScanWhole(std::string_view digits, std::string_view text, void* value, int base) {
+    const std::optional<WholeNumber> given = ReadWholeNumber(digits, base);
+    if (!given) return kTextBehind;
+    if (!FitsRange(*given, base)) return kTooLarge;
+    std::memset(value, 0, memoryBytes);
+    ScanInto(text, value);
+    const unsigned long long bits = given->negative ? 0 - given->magnitude : given->magnitude;
+    return std::memcmp(value, &bits, numberBytes) == 0 ? nullptr : kNoValue;
+}
+
+bool Scanner::FitsRange(const WholeNumber& given, int base) const {
+    if (given.tooLarge) return false;
+    const unsigned bitCount = numberBytes * 8;
+    const unsigned long long highest = ~0ULL >> (64 - bitCount);
+    const unsigned long long highestSigned = highest >> 1;
+    const bool asSigned = isSigned || (number->IsWhole() && number->IsSigned());
+    const bool asUnsigned = !isSigned || base == 16 || !number->IsSigned();
+    if (given.negative) return given.magnitude == 0 || (asSigned && given.magnitude <= highestSigned + 1);
+    return given.magnitude <= (asUnsigned ? highest : highestSigned);
+}
+
+const char* Scanner::ScanTwice(std::string_view text, void* value) {
+    std::memset(value, 0x00, memoryBytes);
+    std::memset(second[0], 0xFF, memoryBytes);
+    ScanInto(text, value);
+    ScanInto(text, second[0]);
+    return CompareExactly(id, value, second[0]) == 0 ? nullptr : kNoValue;
+}
+
+void Scanner::ScanInto(std::string_view text, void* value) {
+    KyString content(text.data(), static_cast<unsigned short>(text.size()));
+    Manager().ScanFromKyString(id, value, content, format, 1);
+}
+
+/// A number whose bits are all ones orders before 0.
+bool Scanner::TypeIsSigned() {
+    const Values zero(id, 1);
+    std::memset(second[0], 0, memoryBytes);
+    std::memset(second[0], 0xFF, numberBytes);
+    return CompareExactly(id, second[0], zero[0]) < 0;
+}
+
+int CompareExactly(char id, void* a, void* b) { return Manager().Cmp(id, a, b, kDefaultCompareWord, 1, KyFormMemory); }
+
+std::string PrintValue(char id, void* value, const char* format) {
+    KyString out;
+    return Manager().PrintToKyString(id, out, value, format, 1).StrGet();
+}
+
+}  // namespace kytm
