@@ -1,4 +1,7 @@
 set(folder_sources
+  boolean_slots.cpp
+  int64_boolean_rows.cpp
+  int64_slots.cpp
   kyint64.cpp
   number_format.cpp
   number_format_print.cpp

@@ -1,0 +1,83 @@
+#include "boolean_slots.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+
+#include "array_order.h"
+#include "eight_bit_text.h"
+#include "kystring.h"
+#include "kytypmgr.h"
+#include "raw_bytes.h"
+#include "record_text.h"
+#include "text_constants.h"
+
+namespace {
+
+constexpr std::string_view kTrueTexts[] = {"T", "t", "TRUE", "true", "1"};
+
+int CompareElements(const void* a, const void* b) {
+    const auto x = ky::LoadAs<KyBoolean>(a);
+    const auto y = ky::LoadAs<KyBoolean>(b);
+    if (x == y) return 0;
+    return x > y ? 1 : -1;
+}
+
+KyBoolean Null() {
+    KyBoolean value;
+    value.SetNullValue();
+    return value;
+}
+
+}  // namespace
+
+int BooleanCompare(unsigned char, unsigned len1, void* a, unsigned len2, void* b, unsigned short, unsigned count,
+                   int& err) {
+    return ky::CompareArrays(sizeof(KyBoolean), len1, a, len2, b, count, err, CompareElements);
+}
+
+int KyBooleanIsNull(void* value) { return static_cast<KyBoolean*>(value)->IsNullValue(); }
+
+int KyBooleanSetNull(void* value) { return static_cast<KyBoolean*>(value)->SetNullValue(); }
+
+KyTypeConvertData* BooleanConvertToKyString(void* value, unsigned count) {
+    return ky::ConvertToTexts<KyBoolean>(value, count, [](KyString& text, KyBoolean truth) {
+        if (truth.IsNullValue()) {
+            text.SetNullValue();
+        } else {
+            text = truth == 1 ? "1" : "0";
+        }
+    });
+}
+
+void* BooleanConvertFromKyString(KyTypeConvertData* data, unsigned count) {
+    return ky::ConvertFromTexts<KyBoolean>(data, count, [](const KyString* text) {
+        return text == nullptr ? Null() : KyBoolean(*ky::EightBitText(*text).Get() == '1');
+    });
+}
+
+KyString& BooleanPrintToKyString(KyString& out, void* value, const char*, unsigned) {
+    const auto truth = ky::LoadAs<KyBoolean>(value);
+    if (truth.IsNullValue()) return out = KyTypeMgr::GetNullPrintString();
+    return out = truth.Get() == 1 ? "TRUE" : "FALSE";
+}
+
+void* BooleanScanFromKyString(void* value, KyString& text, const char*, unsigned) {
+    if (value == nullptr) return nullptr;
+    if (ky::BeginsWithNullPrintString(text)) {
+        ky::StoreAs(value, Null());
+    } else {
+        const ky::EightBitText source(text);
+        const bool truth = std::ranges::find(kTrueTexts, source.Get()) != std::end(kTrueTexts);
+        ky::StoreAs(value, KyBoolean(truth));
+    }
+    return value;
+}
+
+int KyGetValueKyBoolean(void* value, unsigned, unsigned char form, unsigned char what) {
+    if (form != KyFormMemory || (what != KyValueStep && what != KyValueStepNext)) return KyErrNotSupported;
+    const auto truth = ky::LoadAs<KyBoolean>(value);
+    if (truth == 1) return KyErrNoSuccessor;
+    ky::StoreAs(value, KyBoolean(truth.IsNullValue() ? 0 : 1));
+    return 0;
+}

@@ -1,0 +1,50 @@
+#ifndef COUNTED_ARRAY_H
+#define COUNTED_ARRAY_H
+
+/// Create, Delete and DefaultValue of types that are classes of their own: a count below 2 is a single object, more
+/// are an array behind its count, 8 bytes.
+
+#include <cstddef>
+#include <memory>
+#include <new>
+
+#include "raw_bytes.h"
+
+namespace ky {
+
+inline constexpr std::size_t kCountHeader = sizeof(std::size_t);
+
+/// Default-constructed objects: one, at the least. Null when there is no memory.
+template <class Object>
+void* CountedCreate(unsigned count) {
+    static_assert(alignof(Object) <= kCountHeader);
+    if (count < 2) return new (std::nothrow) Object();
+    void* block = ::operator new(kCountHeader + count * sizeof(Object), std::nothrow);
+    if (block == nullptr) return nullptr;
+    StoreAs<std::size_t>(block, count);
+    unsigned char* values = Advance(block, kCountHeader);
+    std::uninitialized_value_construct_n(reinterpret_cast<Object*>(values), count);
+    return values;
+}
+
+/// With the same count. A null pointer is ignored. Returns 0.
+template <class Object>
+int CountedDelete(void* values, unsigned count) {
+    if (values == nullptr) return 0;
+    if (count < 2) {
+        delete static_cast<Object*>(values);
+    } else {
+        std::destroy_n(static_cast<Object*>(values), count);
+        ::operator delete(static_cast<unsigned char*>(values) - kCountHeader);
+    }
+    return 0;
+}
+
+template <class Object>
+void* CountedDefaultValue(unsigned count, int) {
+    return CountedCreate<Object>(count);
+}
+
+}  // namespace ky
+
+#endif

@@ -1,0 +1,68 @@
+// The rows of the 64-bit integer class and of the boolean.
+
+#include "boolean_slots.h"
+#include "int64_slots.h"
+#include "kytypes.h"
+#include "shared_slots.h"
+
+constinit KyTypeTab KyInt64Tab = {
+    .typeName = "KyInt64",
+    .typeCodeName = "KyINT64_T",
+    .Create = Int64Create,
+    .Delete = Int64Delete,
+    .Store = Int64Store,
+    .Load = Int64Load,
+    .NullSizeGet = Int64NullSizeGet,
+    .SizeGet = Int64SizeGet,
+    .SizeGetFromMemFile = Int64SizeGetFromMemFile,
+    .Compare = Int64Compare,
+    .EvalAndBound = Int64EvalAndBound,
+    .Hash = Int64Hash,
+    .ConvertToKyString = Int64ConvertToKyString,
+    .ConvertFromKyString = Int64ConvertFromKyString,
+    .Constructor = Int64Constructor,
+    .Destructor = Int64Destructor,
+    .Assignment = Int64Assignment,
+    .Copy = Int64Copy,
+    .Translate = Int64Translate,
+    .IsNull = NoIsNullDefined,
+    .SetNull = nullptr,
+    .printFormat = "%S",
+    .PrintToKyString = Int64PrintToKyString,
+    .ScanFromKyString = Int64ScanFromKyString,
+    .sizeWord = KyFixedSize | sizeof(KyInt64),
+    .DefaultValue = Int64DefaultValue,
+    .GetValue = KyGetValueKyInt64,
+    .end = nullptr,
+};
+
+constinit KyTypeTab KyBooleanTab = {
+    .typeName = "KyBoolean",
+    .typeCodeName = "KyBOOLEAN_T",
+    .Create = BooleanCreate,
+    .Delete = BooleanDelete,
+    .Store = BooleanStore,
+    .Load = BooleanLoad,
+    .NullSizeGet = BooleanNullSizeGet,
+    .SizeGet = BooleanSizeGet,
+    .SizeGetFromMemFile = BooleanSizeGetFromMemFile,
+    .Compare = BooleanCompare,
+    .EvalAndBound = BooleanEvalAndBound,
+    .Hash = BooleanHash,
+    .ConvertToKyString = BooleanConvertToKyString,
+    .ConvertFromKyString = BooleanConvertFromKyString,
+    .Constructor = BooleanConstructor,
+    .Destructor = BooleanDestructor,
+    .Assignment = BooleanAssignment,
+    .Copy = BooleanCopy,
+    .Translate = BooleanTranslate,
+    .IsNull = KyBooleanIsNull,
+    .SetNull = KyBooleanSetNull,
+    .printFormat = "noop",
+    .PrintToKyString = BooleanPrintToKyString,
+    .ScanFromKyString = BooleanScanFromKyString,
+    .sizeWord = KyFixedSize | sizeof(KyBoolean),
+    .DefaultValue = BooleanDefaultValue,
+    .GetValue = KyGetValueKyBoolean,
+    .end = nullptr,
+};
