@@ -16,8 +16,7 @@ public:
         if (text.CodeSetGet() < KyCodeSetFirst16Bit) {
             start = text.StrGet();
         } else {
-            copy.emplace(KyString::GetDefault8CodeSet(), text.LanguageGet());
-            copy->CopyMapped(text, KyString::GetDefault8CodeSet(), -1);
+            copy.emplace().CopyMapped(text, KyString::GetDefault8CodeSet(), -1);
             start = copy->StrGet();
         }
     }

@@ -39,6 +39,8 @@ int Int64Compare(unsigned char flag, unsigned len1, void* a, unsigned len2, void
 }
 
 unsigned Int64Hash(unsigned char flag, unsigned len, void* data, unsigned count, int& err) {
+    err = 0;
+    if (count == 0) return 0;
     const std::size_t visited = ky::ElementsInside(len, sizeof(KyInt64), count);
     err = ky::BufferEndError(visited, visited, count);
     std::uint64_t halves = ky::XorWords(data, visited * sizeof(KyInt64));
