@@ -31,8 +31,9 @@ unsigned short KyCodeSet::MapFrom(const KyCodeSet& source, unsigned short charCo
         return record != nullptr ? record->order : charCode;
     }
     const unsigned short unicode = source.ToUnicode(charCode);
-    const unsigned short mapped = unicode != 0 ? FromUnicode(unicode) : 0;
-    return mapped != 0 ? mapped : Substitute;
+    if (const unsigned short mapped = unicode != 0 ? FromUnicode(unicode) : 0) return mapped;
+    const unsigned short substitute = FromUnicode(Substitute);
+    return substitute != 0 ? substitute : '?';
 }
 
 const KyCharProps* KyCodeSet::GetUnicodeProps(const KyCodeSet* codeSet, unsigned short charCode,

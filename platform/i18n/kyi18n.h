@@ -44,6 +44,9 @@ struct KyLanguageVariant {
 
 /// Characters that count as one in collation. Belongs to the record of the first of them.
 struct KyContraction {
+    /// Largest number of characters that are taken together, the first included.
+    static constexpr unsigned Longest = 4;
+
     KyWCharList rest;  ///< Unicode codes of the characters after the first; at least one
     const KyCharProps* record;
 };
@@ -111,8 +114,9 @@ struct KyUnicodeMap {
 /// A code set: the characters behind its codes and their properties.
 class KY_EXPORT KyCodeSet {
 public:
-    /// What stands for a character that the target of a mapping does not have.
-    static constexpr unsigned short Substitute = '?';
+    /// What stands for a character that the target of a mapping does not have: this Unicode character or, where the
+    /// target does not have that either, a question mark.
+    static constexpr unsigned short Substitute = 0xFFFD;
 
     /// How codes relate to Unicode.
     enum Mapping : unsigned char {
@@ -150,7 +154,7 @@ public:
     unsigned short ToUnicode(unsigned short charCode) const;
     /// The code of a Unicode character in this set; 0 when the set does not have it.
     unsigned short FromUnicode(unsigned short unicode) const;
-    /// The code in this set of a character of `source`; `Substitute` when this set does not have it. 0 stays 0.
+    /// The code in this set of a character of `source`, or the substitute. 0 stays 0.
     unsigned short MapFrom(const KyCodeSet& source, unsigned short charCode) const;
 
     /// The record with which a character's case is mapped: its own or, when the set has no property table, that

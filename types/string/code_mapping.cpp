@@ -5,16 +5,10 @@
 
 #include "code_sets.h"
 #include "kybase.h"
+#include "kystring_build.h"
 
 namespace ky {
 namespace {
-
-std::size_t TextLength(const char* text, unsigned width) {
-    if (width == 1) return std::strlen(text);
-    std::size_t length = 0;
-    while (ReadUnit(text + 2 * length, 1) != 0) ++length;
-    return length;
-}
 
 /// Bytes that a text of `length` characters takes with its terminator; both are cut at the limit.
 unsigned short LimitedSize(std::size_t& length, unsigned width) {

@@ -7,8 +7,10 @@
 #include "kyexport.h"
 
 class KyCodeSet;
+class KyLanguage;
 class KyString;
 class KyStringIterator;
+struct KyCharProps;
 struct KyWCharList;
 
 /// A character: a value, or a reference to a position inside a text, in which case assignment writes there.
@@ -79,7 +81,8 @@ public:
     KyChar operator()(const KyChar& c, KyStringIterator* it) override;
 };
 
-/// A cursor over a zero-terminated text. Reads the text in place; owns a buffer only when built over one character.
+/// A cursor over a zero-terminated text at any address. Reads the text in place; owns a buffer only when built over
+/// one character. A null text is an empty one.
 class KY_EXPORT KyStringIterator {
 public:
     KyStringIterator(const char* text, unsigned char codeSet, unsigned char language, unsigned char format);
@@ -88,23 +91,30 @@ public:
     explicit KyStringIterator(const KyChar& c);
     KyStringIterator(const KyStringIterator&) = delete;
     KyStringIterator& operator=(const KyStringIterator&) = delete;
-    ~KyStringIterator();
+    ~KyStringIterator() { Destroy(); }
 
     /// The current character: from the overflow list while it lasts (each call takes one), else at the position.
     KyChar operator*();
+    /// Stays while the overflow list lasts.
     KyStringIterator& operator++();
+    /// Drops the overflow list. The caller knows where the text starts.
     KyStringIterator& operator--();
-    void Step(int forward);
+    void Step(int forward);  ///< non-zero: `++`, 0: `--`
     bool IsEOS() const;
 
-    /// Characters of `list` come before those of the text. `codeSet` 255: the iterator's own.
-    void SetOverflow(const KyWCharList* list, unsigned char codeSet);
+    /// Characters of `list`, which the caller keeps, come next; the character at the position, which they continue,
+    /// counts as read then. `listCodeSet` 255: the iterator's own.
+    void SetOverflow(const KyWCharList* list, unsigned char listCodeSet);
+    /// Assigns what `op` makes of each character up to the end to the characters from `dst` on. The caller sees to
+    /// it that there is room.
     void Transform(KyStringIterator& dst, KyCharOperation& op);
 
-    /// Order value of the next character (contractions taken together, expansions one by one), 0 at the end.
-    /// `withClass` non-zero: the class is left in `OrderClass`, 20 meaning none.
+    /// Order value of the next character (contractions taken together, expansions one by one), 0 at the end, where
+    /// the position stays. `withClass` non-zero: the class is left in `OrderClass`, 20 meaning none.
     unsigned short GetNextOrder(unsigned short withClass);
     unsigned char OrderClass() const { return orderClass; }
+    /// Some order so far stood for several characters.
+    bool TookContractions() const { return tookContractions; }
 
     const char* Position() const { return position; }
     unsigned char CodeSetGet() const { return codeSetCode; }
@@ -112,6 +122,12 @@ public:
     void Destroy();  ///< frees an owned buffer
 
 private:
+    bool InOverflow() const;
+    void Advance();
+    unsigned short NextStoredOrder();
+    unsigned short NextUnrecordedOrder(unsigned short code, unsigned short withClass);
+    const KyCharProps* TakeContractions(const KyCharProps* record);
+
     const KyCodeSet* codeSet;
     unsigned char codeSetCode;
     unsigned char language;
@@ -119,9 +135,13 @@ private:
     unsigned char overflowCodeSet;
     short overflowIndex;
     unsigned char format;
-    bool ownsBuffer;
     const char* position;
     const KyWCharList* overflow;
+
+    const KyCodeSet* propertySet;  ///< has the records: the code set itself or Unicode
+    const KyLanguage* rules;       ///< null: as the neutral language
+    char* ownedBuffer;             ///< null: the text is the caller's
+    bool tookContractions;
 };
 
 #endif
