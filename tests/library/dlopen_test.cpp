@@ -1,0 +1,93 @@
+/// A program that links none of the libraries loads the type manager and uses it at once.
+
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "kytypes.h"
+
+namespace {
+
+class Library {
+public:
+    Library() : handle(dlopen(KY_TYPEMGR_LIBRARY, RTLD_NOW | RTLD_LOCAL)) {}
+    Library(const Library&) = delete;
+    Library& operator=(const Library&) = delete;
+    ~Library() {
+        if (handle != nullptr) dlclose(handle);
+    }
+
+    bool IsOpen() const { return handle != nullptr; }
+
+    template <class Symbol>
+    Symbol* Find(const char* name) const {
+        return reinterpret_cast<Symbol*>(dlsym(handle, name));
+    }
+
+private:
+    void* handle;
+};
+
+// What a program without the library's symbols knows of its classes: their sizes.
+struct Manager {
+    void* fields[2];
+};
+struct alignas(8) String {
+    unsigned char fields[16];
+};
+
+TEST(Dlopen, RowsAreReadyAtOnce) {
+    const Library library;
+    ASSERT_TRUE(library.IsOpen()) << dlerror();
+    auto* rows = library.Find<KyTypeTab*>("KyNewtypetab");
+    auto* oldRows = library.Find<KyTypeTab*>("KyOldtypetab");
+    ASSERT_NE(rows, nullptr);
+    ASSERT_NE(oldRows, nullptr);
+    EXPECT_STREQ(rows[7]->typeName, "int");
+    EXPECT_EQ(rows[47], nullptr);
+    EXPECT_EQ(oldRows[7], rows[7]);
+
+    void* value = rows[7]->DefaultValue(1, 0);
+    ASSERT_NE(value, nullptr);
+    unsigned char stored[4] = {1, 1, 1, 1};
+    EXPECT_EQ(rows[7]->Store(stored, value, 2, 1), 4U);
+    const unsigned char zeros[4] = {};
+    EXPECT_EQ(std::memcmp(stored, zeros, sizeof zeros), 0);
+    rows[7]->Delete(value, 1);
+}
+
+TEST(Dlopen, OptionsBlockIsReadyAtOnce) {
+    const Library library;
+    ASSERT_TRUE(library.IsOpen()) << dlerror();
+    auto* options = library.Find<void*()>("___KyTypeMgrOptions");
+    ASSERT_NE(options, nullptr);
+    const unsigned char zeros[16] = {};
+    EXPECT_EQ(std::memcmp(options(), zeros, sizeof zeros), 0);
+}
+
+TEST(Dlopen, ManagerPrintsAndKnowsTheNullText) {
+    const Library library;
+    ASSERT_TRUE(library.IsOpen()) << dlerror();
+    auto* makeManager = library.Find<void(Manager*, unsigned)>("_ZN9KyTypeMgrC1Ej");
+    auto* print = library.Find<String&(Manager*, char, String&, void*, const char*, unsigned)>(
+        "_ZN9KyTypeMgr15PrintToKyStringEcR8KyStringPvPKcj");
+    auto* nullText = library.Find<const String&()>("_ZN9KyTypeMgr18GetNullPrintStringEv");
+    auto* makeString = library.Find<void(String*)>("_ZN8KyStringC1Ev");
+    auto* destroyString = library.Find<void(String*)>("_ZN8KyStringD1Ev");
+    auto* text = library.Find<char*(const String*)>("_ZNK8KyString6StrGetEv");
+    ASSERT_TRUE(makeManager != nullptr && print != nullptr && nullText != nullptr);
+    ASSERT_TRUE(makeString != nullptr && destroyString != nullptr && text != nullptr);
+
+    EXPECT_STREQ(text(&nullText()), "{NULL}");
+    Manager manager;
+    makeManager(&manager, 5);
+    String out;
+    makeString(&out);
+    short numbers[] = {1, 2, 3};
+    print(&manager, 1, out, numbers, nullptr, 3);
+    EXPECT_STREQ(text(&out), "1,2,3");
+    destroyString(&out);
+}
+
+}  // namespace
