@@ -2,6 +2,7 @@ set(folder_sources
   code_mapping.cpp
   kychar.cpp
   kychar_in_string.cpp
+  kystrcmp.cpp
   kystring.cpp
   kystring_append.cpp
   kystring_build.cpp
@@ -17,7 +18,11 @@ set(folder_sources
   kystring_search.cpp
   kystring_split.cpp
   kystring_wildcard.cpp
-  kywstring.cpp)
+  kystringiterator.cpp
+  kywstring.cpp
+  order_values.cpp
+  string_compare.cpp
+  wildcard_compare.cpp)
 set(folder_headers
   kychar.h
   kystrcmp.h
