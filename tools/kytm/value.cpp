@@ -82,7 +82,7 @@ const char* Scanner::Scan(std::string_view text, void* value) {
 }
 
 const char* Scanner::ScanNumber(std::string_view text, void* value) {
-    if (numberBytes == 1 && (text.starts_with("0x") || text.starts_with("0X"))) {
+    if (numberBytes == 1 && text.starts_with("0x")) {
         if (const char* fault = ScanWhole(text, text, value, 16); fault == nullptr) return nullptr;
     }
     // A word for infinity is only read when nothing follows it, not even a blank.

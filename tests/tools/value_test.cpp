@@ -1,0 +1,75 @@
+#include <gtest/gtest.h>
+
+#include "run_program.h"
+
+namespace {
+
+struct Case {
+    const char* type;
+    const char* format;  ///< null: the type's own
+    std::vector<std::string> scanned;
+    std::vector<std::string> refused;
+};
+
+const Case kCases[] = {
+    {"o_2b",
+     nullptr,
+     {"0", "-0", "+7", "007", " 5", "5 ", "32767", "-32768"},
+     {"", " ", "x", "12abc", "12 13", "1.5", "-", "+", "--1", "+-1", "0x10", "32768", "-32769", "65535",
+      "99999999999999999999", "7,"}},
+    {"o_u2b", nullptr, {"0", "-0", "65535"}, {"-1", "65536", "18446744073709551616"}},
+    {"o_2b", "%x", {"ffff", "0xFFFF", "7f", "-1"}, {"g", "10000", "0x", "-8001"}},
+    {"o_2b", "%o", {"17", "177777"}, {"8", "200000"}},
+    {"o_u2b", "%d", {"65535", "-1", "1"}, {"65536", "-32769"}},
+    {"o_4b", nullptr, {"2147483647", "-2147483648"}, {"2147483648", "-2147483649"}},
+    {"o_4b", "%i", {"0x10", "010", "10"}, {"08", "0xg"}},
+    {"o_4b", "%d kg", {"12 kg", "12kg", "-3  kg"}, {"12", "12 k", "12 kg more"}},
+    {"o_u4b", nullptr, {"4294967295"}, {"4294967296", "-1"}},
+    {"BlockId", nullptr, {"#0", "#4294967295"}, {"7", "#", "#-1", "##7"}},
+    {"o_8b",
+     nullptr,
+     {"9223372036854775807", "-9223372036854775808"},
+     {"9223372036854775808", "-9223372036854775809", "99999999999999999999999"}},
+    {"o_u8b", nullptr, {"18446744073709551615"}, {"18446744073709551616", "-1"}},
+    {"o_char", nullptr, {"A", " ", "0", "%", "0x00", "0xff"}, {"", "AB", "0X41", "0x", "0x100", "0xg", "\xC3\xA9"}},
+    {"o_char", "%d", {"65", "-128", "127", "0x41"}, {"128", "-129", "A"}},
+    {"o_u1b", "%d", {"0", "255"}, {"256"}},
+    {"o_double",
+     nullptr,
+     {"0", "-0.0", "1.", ".5", "1e3", "1E+3", "-1e-400", "1e999", " 2", "2 ", "NaN", "nan", "Infinity", "-infinity",
+      "0.1000000000000000055511151231257827"},
+     {"", ".", "e5", "1e", "1e+", "0x10", "1,5", "1 2", "inf", "+Infinity", "-NaN", "nan(1)", "x"}},
+    {"o_float", nullptr, {"0.1", "NaN ", "1e40"}, {"0.1f", "abc"}},
+    {"o_double", "%f", {"1.5", "-2", "1e2"}, {"", "abc", "1.5.2"}},
+    {"KyString", nullptr, {"", " ", "any text", "{NULL}", "{NUL", "\xE9"}, {"{NULL} and more"}},
+};
+
+TEST(Scan, TextsThatAreValuesAndTextsThatAreNot) {
+    for (const Case& c : kCases) {
+        std::vector<std::string> call = {"show", c.type};
+        if (c.format != nullptr) call.push_back(std::string("--format=") + c.format);
+        call.emplace_back("--");
+        call.emplace_back();
+        for (const std::string& text : c.scanned) {
+            call.back() = text;
+            const Result result = Kytm(call);
+            EXPECT_EQ(result.status, 0) << c.type << " \"" << text << "\": " << result.err;
+        }
+        for (const std::string& text : c.refused) {
+            call.back() = text;
+            const Result result = Kytm(call);
+            EXPECT_EQ(result.status, 1) << c.type << " \"" << text << "\": " << result.out;
+        }
+    }
+}
+
+TEST(Scan, SaysWhyNot) {
+    const std::pair<const char*, const char*> reasons[] = {
+        {"", "no value can be read"}, {"12abc", "not a value as a whole"}, {"70000", "does not fit"}};
+    for (const auto& [text, reason] : reasons) {
+        const Result result = Kytm({"show", "o_2b", text});
+        EXPECT_NE(result.err.find(reason), std::string::npos) << result.err;
+    }
+}
+
+}  // namespace

@@ -1,0 +1,116 @@
+#!/bin/sh
+# Shows the type manager at work through kytm: first single values, then real columns sorted and each result checked
+# against an independent sort.
+#
+#   tools/demo/demo.sh BUILD_DIR
+#
+# Data: the Unicode character database (Debian package unicode-data), an American word list (wamerican-huge).
+# Ends with 0 when every sorted column is identical to the independent one, else with 1.
+set -eu
+
+[ $# -eq 1 ] || { echo "usage: demo.sh BUILD_DIR" >&2; exit 2; }
+kytm=$1/tools/kytm/kytm
+characters=/usr/share/unicode/UnicodeData.txt
+words=/usr/share/dict/american-english-huge
+[ -x "$kytm" ] || { echo "demo: no program at $kytm; build first" >&2; exit 2; }
+for file in "$characters" "$words"; do
+    [ -r "$file" ] || { echo "demo: $file is missing: install unicode-data and wamerican-huge" >&2; exit 2; }
+done
+
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+failed=0
+
+show() {
+    echo
+    echo "\$ kytm $*"
+    "$kytm" "$@"
+}
+
+now() {
+    date +%s%N
+}
+
+# check WHAT KYTM-OUTPUT INDEPENDENT-OUTPUT NANOSECONDS
+check() {
+    lines=$(wc -l <"$3")
+    printf '  %s\n    %s lines, %s ms: ' "$1" "$lines" $(($4 / 1000000))
+    if [ "$lines" -gt 0 ] && cmp -s "$2" "$3"; then
+        echo identical
+    else
+        echo "NOT THE SAME"
+        diff "$2" "$3" | head -n 10
+        failed=1
+    fi
+}
+
+# compare WHAT TYPE COLUMN INDEPENDENT-OUTPUT [options of kytm sort]
+compare() {
+    what=$1 type=$2 column=$3 expected=$4
+    shift 4
+    begin=$(now)
+    "$kytm" sort "$type" "$column" "$@" >"$work/sorted" || failed=1
+    end=$(now)
+    check "$what: kytm sort $type${*:+ $*}" "$work/sorted" "$expected" $((end - begin))
+}
+
+echo "== Types and single values =="
+show types
+show show o_4b 42 -1
+show show o_2b 258 --format %x
+show show o_double 0.1 -Infinity NaN
+show show o_u8b 18446744073709551615
+show show KyString "type manager"
+show cmp o_2b -1 2
+show cmp o_u2b 65535 2
+show cmp KyString abc ABC --op exact,ignore-case
+
+echo
+echo "== Numbers: the code points of $characters, in the order of the characters' names =="
+LC_ALL=C sort -s -t ';' -k 2,2 "$characters" | awk -F ';' '
+    { value = 0
+      for (i = 1; i <= length($1); ++i) value = value * 16 + index("0123456789ABCDEF", substr($1, i, 1)) - 1
+      print value }' >"$work/codes"
+LC_ALL=C sort -s -n "$work/codes" >"$work/codes.up"
+LC_ALL=C sort -s -n -r "$work/codes" >"$work/codes.down"
+compare "against sort -n" int "$work/codes" "$work/codes.up"
+compare "against sort -n" o_4b "$work/codes" "$work/codes.up"
+compare "against sort -n" o_u8b "$work/codes" "$work/codes.up"
+compare "against sort -n -r" o_4b "$work/codes" "$work/codes.down" --reverse
+
+echo
+echo "== Numbers: the numeric values of its characters (fractions divided), in the order of their names =="
+LC_ALL=C sort -s -t ';' -k 2,2 "$characters" | LC_ALL=C awk -F ';' '
+    $9 != "" { parts = split($9, part, "/")
+               printf "%.17g\n", parts == 2 ? part[1] / part[2] : part[1] }' >"$work/values"
+LC_ALL=C sort -s -g "$work/values" >"$work/values.up"
+LC_ALL=C sort -s -g -u "$work/values" >"$work/values.once"
+compare "against sort -g" o_double "$work/values" "$work/values.up"
+compare "against sort -g -u" o_double "$work/values" "$work/values.once" --unique
+
+echo
+echo "== Words: $words =="
+# The order of strings, position by position: the end, symbols, digits, then letters, each in upper before lower case.
+# Replacing each character by its rank makes that a plain comparison of bytes. Words with other letters than those of
+# ASCII are set aside: their order is that of the collation tables, for which this sort has no second source.
+order="'0123456789AaBbCcDdEeFfGgHhIiJjKkLlMmNnOoPpQqRrSsTtUuVvWwXxYyZz"
+ranks='\041-\137'
+LC_ALL=C grep -x "[$order]*" "$words" | awk '{ print (NR * 7919) % 1000003, $0 }' |
+    LC_ALL=C sort -s -n | cut -d ' ' -f 2- >"$work/words"
+LC_ALL=C tr "$order" "$ranks" <"$work/words" | LC_ALL=C sort | LC_ALL=C tr "$ranks" "$order" >"$work/words.up"
+echo "  $(($(wc -l <"$words") - $(wc -l <"$work/words"))) of $(wc -l <"$words") words hold letters beyond ASCII and are set aside"
+compare "against tr to ranks, sort of bytes, tr back" KyString "$work/words" "$work/words.up"
+
+echo
+echo "== A column with lines that are no numbers: they are reported, nothing else is lost =="
+printf '%s\n' 12 abc -7 "" 12abc 70000 3 >"$work/mixed"
+status=0
+"$kytm" sort o_2b "$work/mixed" >"$work/sorted" 2>"$work/reports" || status=$?
+sed "s|$work/||" "$work/reports"
+printf '%s\n' -7 3 12 >"$work/expected"
+check "three lines remain, exit status $status" "$work/sorted" "$work/expected" 0
+[ $status -eq 1 ] || failed=1
+
+echo
+[ $failed -eq 0 ] || { echo "demo: not everything is as it should be" >&2; exit 1; }
+echo "Every sorted column is identical to the independent one."
