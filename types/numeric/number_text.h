@@ -33,14 +33,14 @@ KyScanFunc DoubleScanFromKyString;
 
 namespace ky {
 
-/// Longest "%.17g" text with its terminator: sign, digit, point, 16 digits, "e-308".
-inline constexpr unsigned kDoubleTextSize = 32;
+/// Room for a "%.17g" text, its terminator, and what is written behind it on the way.
+inline constexpr unsigned kDoubleTextSize = 40;
 
 /// Writes the "%.17g" text form of a number ("NaN", "Infinity", "-Infinity", "+0", "-0", else as printf does it)
 /// and a terminator to `out`, `kDoubleTextSize` bytes; returns the length without the terminator.
 unsigned DoubleText(double value, char* out);
 
-/// Longest decimal text of a 64-bit integer with its terminator.
+/// Room for the decimal text of a 64-bit integer and its terminator, written in blocks.
 inline constexpr unsigned kIntegerTextSize = 24;
 
 /// Writes the decimal text and a terminator to `out`, `kIntegerTextSize` bytes; returns the length.

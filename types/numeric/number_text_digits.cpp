@@ -1,19 +1,51 @@
-#include <charconv>
+#include "number_text_digits.h"
+
+#include <bit>
 
 #include "number_text.h"
 
 namespace ky {
 
-unsigned SignedText(long long value, char* out) {
-    char* end = std::to_chars(out, out + kIntegerTextSize - 1, value).ptr;
-    *end = 0;
-    return static_cast<unsigned>(end - out);
+namespace {
+
+constexpr std::uint64_t kTenToThe8 = 100'000'000;
+constexpr std::uint64_t kTenToThe16 = kTenToThe8 * kTenToThe8;
+
+/// Writes a number below 10^8 without leading zeros, in 8 bytes; returns its length.
+unsigned FirstDigits(std::uint32_t number, char* out) {
+    const std::uint64_t digits = EightDigits(number);
+    const unsigned zeros = static_cast<unsigned>(std::countr_zero(digits | std::uint64_t{1} << 56)) & ~7U;
+    StoreEight((digits | kEightZeros) >> zeros, out);
+    return 8 - zeros / 8;
 }
 
+void NextDigits(std::uint64_t number, char* out) {
+    StoreEight(EightDigits(static_cast<std::uint32_t>(number)) | kEightZeros, out);
+}
+
+}  // namespace
+
 unsigned UnsignedText(unsigned long long value, char* out) {
-    char* end = std::to_chars(out, out + kIntegerTextSize - 1, value).ptr;
-    *end = 0;
-    return static_cast<unsigned>(end - out);
+    unsigned length;
+    if (value < kTenToThe8) {
+        length = FirstDigits(static_cast<std::uint32_t>(value), out);
+    } else if (value < kTenToThe16) {
+        length = FirstDigits(static_cast<std::uint32_t>(value / kTenToThe8), out) + 8;
+        NextDigits(value % kTenToThe8, out + length - 8);
+    } else {
+        length = FirstDigits(static_cast<std::uint32_t>(value / kTenToThe16), out) + 16;
+        NextDigits(value / kTenToThe8 % kTenToThe8, out + length - 16);
+        NextDigits(value % kTenToThe8, out + length - 8);
+    }
+    out[length] = 0;
+    return length;
+}
+
+unsigned SignedText(long long value, char* out) {
+    const unsigned sign = value < 0 ? 1 : 0;
+    const auto bits = static_cast<unsigned long long>(value);
+    *out = '-';
+    return sign + UnsignedText(sign != 0 ? 0 - bits : bits, out + sign);
 }
 
 }  // namespace ky

@@ -12,6 +12,7 @@ set(folder_sources
   number_text.cpp
   number_text_digits.cpp
   number_text_double.cpp
+  number_text_powers.cpp
   number_text_scan.cpp
   number_text_scan_double.cpp
   number_text_special.cpp
