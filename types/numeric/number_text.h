@@ -49,6 +49,8 @@ unsigned UnsignedText(unsigned long long value, char* out);
 
 /// The number that a zero-terminated text holds in the "%.17g" text form; 0 where there is none.
 double ScanDoubleText(const char* text);
+/// The same, faster: all bytes before `limit`, which may lie behind the terminator, are readable.
+double ScanDoubleText(const char* text, const char* limit);
 
 /// Scans one value out of a zero-terminated text, as the scan slots do; `value` is kept where nothing was read.
 /// A null format is the family's own.

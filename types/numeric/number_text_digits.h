@@ -23,6 +23,19 @@ constexpr std::uint64_t EightDigits(std::uint32_t number) {
     return tens | (pairs - tens * 10) << 8;
 }
 
+/// Whether eight bytes of text are all decimal digits.
+constexpr bool AreEightDigits(std::uint64_t text) {
+    constexpr std::uint64_t kHighHalves = 0xF0F0F0F0F0F0F0F0;
+    return (text & kHighHalves) == kEightZeros && ((text + 0x0606060606060606) & kHighHalves) == kEightZeros;
+}
+
+/// The number that eight digits of text stand for.
+constexpr std::uint32_t EightDigitsValue(std::uint64_t text) {
+    const std::uint64_t pairs = ((text & 0x0F0F0F0F0F0F0F0F) * (10 * 256 + 1) >> 8) & 0x00FF00FF00FF00FF;
+    const std::uint64_t fours = (pairs * (100 * 65536 + 1) >> 16) & 0x0000FFFF0000FFFF;
+    return static_cast<std::uint32_t>(fours * (10000 * (std::uint64_t{1} << 32) + 1) >> 32);
+}
+
 inline void StoreEight(std::uint64_t digits, char* out) { std::memcpy(out, &digits, sizeof digits); }
 
 }  // namespace ky
