@@ -1,0 +1,144 @@
+/// How many blocks each operation takes. Operator new and delete are replaced in this program.
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <new>
+
+#include "kystring.h"
+#include "string_texts.h"
+
+namespace {
+
+std::size_t blocksTaken = 0;
+std::size_t bytesTaken = 0;
+
+void* Take(std::size_t size) {
+    ++blocksTaken;
+    bytesTaken += size;
+    void* block = std::malloc(size != 0 ? size : 1);
+    if (block == nullptr) throw std::bad_alloc();
+    return block;
+}
+
+/// Blocks and bytes that `action` takes.
+struct Taken {
+    std::size_t blocks, bytes;
+    friend bool operator==(const Taken&, const Taken&) = default;
+};
+
+template <class Action>
+Taken TakenBy(Action action) {
+    const Taken before{blocksTaken, bytesTaken};
+    action();
+    return {blocksTaken - before.blocks, bytesTaken - before.bytes};
+}
+
+void PrintTo(const Taken& taken, std::ostream* out) { *out << taken.blocks << " blocks, " << taken.bytes << " bytes"; }
+
+}  // namespace
+
+void* operator new(std::size_t size) { return Take(size); }
+void* operator new[](std::size_t size) { return Take(size); }
+void operator delete(void* block) noexcept { std::free(block); }
+void operator delete[](void* block) noexcept { std::free(block); }
+void operator delete(void* block, std::size_t) noexcept { std::free(block); }
+void operator delete[](void* block, std::size_t) noexcept { std::free(block); }
+
+namespace {
+
+template <class... Arguments>
+Taken TakenByConstruction(Arguments... arguments) {
+    return TakenBy([&] { const KyString s(arguments...); });
+}
+
+TEST(KyStringAllocation, ConstructionTakesOneBlockOfTheExactSize) {
+    EXPECT_EQ(TakenByConstruction(), (Taken{0, 0}));
+    EXPECT_EQ(TakenByConstruction("twelve bytes"), (Taken{1, 13}));
+    EXPECT_EQ(TakenByConstruction("twelve bytes", static_cast<unsigned short>(6)), (Taken{1, 7}));
+    const unsigned short units[] = {'a', 'b', 0};
+    EXPECT_EQ(TakenByConstruction(static_cast<const unsigned short*>(units)), (Taken{1, 6}));
+    EXPECT_EQ(TakenByConstruction('c'), (Taken{1, 2}));
+    EXPECT_EQ(TakenByConstruction('\0'), (Taken{0, 0}));
+    EXPECT_EQ(TakenByConstruction(123456), (Taken{1, 7}));
+    EXPECT_EQ(TakenByConstruction(-9223372036854775807LL), (Taken{1, 21}));
+    EXPECT_EQ(TakenByConstruction(0.1), (Taken{1, 20}));
+}
+
+TEST(KyStringAllocation, CopiesTakeOneBlockAndMovesNone) {
+    KyString s("twelve bytes");
+    KyString target("other");
+    const KyString number("7");
+    EXPECT_EQ(TakenBy([&] { const KyString copy(s); }), (Taken{1, 13}));
+    EXPECT_EQ(TakenBy([&] { target = s; }), (Taken{1, 13}));
+    EXPECT_EQ(TakenBy([&] { target = "text"; }), (Taken{1, 5}));
+    EXPECT_EQ(TakenBy([&] { target = std::move(s); }), (Taken{0, 0}));
+    EXPECT_EQ(TakenBy([&] { target = 12; }), (Taken{1, 3}));
+}
+
+TEST(KyStringAllocation, LengthAndStateTakeNone) {
+    const KyString s("twelve bytes");
+    EXPECT_EQ(TakenBy([&] {
+                  EXPECT_EQ(s.Len(), 12);
+                  EXPECT_FALSE(s.IsEmpty());
+                  EXPECT_NE(s.StrGet(), nullptr);
+                  EXPECT_EQ(static_cast<int>(s), 0);
+                  KyString::EmptyString();
+              }),
+              (Taken{0, 0}));
+}
+
+template <class Edit>
+Taken TakenByEdit(const char* text, Edit edit) {
+    KyString s(text);
+    return TakenBy([&] { edit(s); });
+}
+
+TEST(KyStringAllocation, EditsTakeOneBlockOfTheExactSize) {
+    const KyString argument("argument");
+    const Taken appended = {1, 12};
+    EXPECT_EQ(TakenByEdit("abc", [&](KyString& s) { s += argument; }), appended);
+    EXPECT_EQ(TakenByEdit("abc", [&](KyString& s) { s << "argument"; }), appended);
+    EXPECT_EQ(TakenByEdit("abc", [&](KyString& s) { s << 'c'; }), (Taken{1, 5}));
+    EXPECT_EQ(TakenByEdit("abc", [&](KyString& s) { s << 12; }), (Taken{1, 6}));
+    EXPECT_EQ(TakenByEdit("abc", [&](KyString& s) { s << 0.5; }), (Taken{1, 7}));
+    EXPECT_EQ(TakenByEdit("abc", [&](KyString& s) { s.Insert(argument, 1); }), appended);
+    EXPECT_EQ(TakenByEdit("abc", [&](KyString& s) { s.Replace(argument, 1); }), (Taken{1, 4}));
+    EXPECT_EQ(TakenByEdit("abc", [&](KyString& s) { s.Cut(1, 1); }), (Taken{1, 3}));
+    EXPECT_EQ(TakenByEdit("abc", [&](KyString& s) { s.Fill(9, 'x'); }), (Taken{1, 10}));
+    EXPECT_EQ(TakenByEdit("abc", [&](KyString& s) { s.Expand(9, 'x'); }), (Taken{1, 10}));
+    EXPECT_EQ(TakenByEdit(" abc ", [&](KyString& s) { s.Trim(); }), (Taken{1, 4}));
+    EXPECT_EQ(TakenByEdit("abc", [&](KyString& s) { s.ToUpper(); }), (Taken{1, 4}));
+    EXPECT_EQ(TakenByEdit("xaxbx", [&](KyString& s) { s.ReplaceAll("x", argument, 0); }), (Taken{3, 27 + 2 + 4}))
+        << "and the two arguments";
+}
+
+TEST(KyStringAllocation, OfMappedArguments) {
+    const KyString wide = Wide(u"argument");
+    EXPECT_EQ(TakenByEdit("abc", [&](KyString& s) { s += wide; }), (Taken{1, 12}));
+    KyString target = Wide(u"abc");
+    EXPECT_EQ(TakenBy([&] { target << "argument"; }), (Taken{1, 24}));
+}
+
+TEST(KyStringAllocation, EditsThatChangeNothingTakeNone) {
+    const KyString argument("argument");
+    const KyString absent("zz");
+    const Taken none = {0, 0};
+    EXPECT_EQ(TakenByEdit("abc", [&](KyString& s) { s.Insert(argument, 4); }), none);
+    EXPECT_EQ(TakenByEdit("abc", [&](KyString& s) { s.Replace(argument, 3); }), none);
+    EXPECT_EQ(TakenByEdit("abc", [&](KyString& s) { s.Cut(3, 1); }), none);
+    EXPECT_EQ(TakenByEdit("abc", [&](KyString& s) { s.Expand(3, 'x'); }), none);
+    EXPECT_EQ(TakenByEdit("abc", [&](KyString& s) { s.Trim(); }), none);
+    EXPECT_EQ(TakenByEdit("abc", [&](KyString& s) { s.ReplaceAll(absent, argument, 0); }), none);
+}
+
+TEST(KyStringAllocation, SumsAndPiecesTakeOneBlock) {
+    const KyString a("abc");
+    const KyString b("defg");
+    EXPECT_EQ(TakenBy([&] { const KyString sum = a + b; }), (Taken{1, 8}));
+    EXPECT_EQ(TakenBy([&] { const KyString piece = b.Copy(1, 2); }), (Taken{1, 3}));
+    EXPECT_EQ(TakenBy([&] { const KyString piece = b.Left(9); }), (Taken{1, 5}));
+    EXPECT_EQ(TakenBy([&] { const KyString piece = b.Right(0); }), (Taken{0, 0}));
+}
+
+}  // namespace

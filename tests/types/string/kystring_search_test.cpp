@@ -1,0 +1,254 @@
+#include <gtest/gtest.h>
+
+#include "kystring.h"
+#include "kytypes.h"
+#include "string_texts.h"
+
+namespace {
+
+constexpr unsigned short kNone = 0xFFFF;
+constexpr unsigned short kDefault = 0xFFFF;
+constexpr unsigned short kWild = 0;
+
+/// The wildcard characters as they were when this ends.
+class OtherWildcards {
+public:
+    OtherWildcards()
+        : asterisk(KyString::GetAsterisk()), question(KyString::GetQuestion()), escape(KyString::GetEscape()) {}
+    OtherWildcards(const OtherWildcards&) = delete;
+    OtherWildcards& operator=(const OtherWildcards&) = delete;
+    ~OtherWildcards() {
+        KyString::_nAsterisk = asterisk;
+        KyString::_nQuestion = question;
+        KyString::_nEscape = escape;
+    }
+
+private:
+    unsigned short asterisk, question, escape;
+};
+
+TEST(KyStringFind, Exactly) {
+    const struct {
+        const char *text, *pattern;
+        unsigned short start, op, expected;
+    } cases[] = {
+        {"abcabc", "b", 0, kDefault, 1}, {"abcabc", "b", 2, kDefault, 4},     {"abcabc", "bc", 0, 0x100, 1},
+        {"abcabc", "x", 0, 0x10, kNone}, {"abcabc", "abc", 3, 0x10, 3},       {"abcabc", "abc", 4, 0x10, kNone},
+        {"abcabc", "c", 5, kDefault, 5}, {"abcabc", "c", 6, kDefault, kNone}, {"abcabc", "c", 7, kDefault, kNone},
+        {"abc", "", 0, kDefault, kNone}, {"", "a", 0, kDefault, kNone},       {"abc", "abcd", 0, 0x100, kNone},
+        {"abc", "abc", 0, 0x100, 0},     {"abc", "B", 0, 0x100, kNone},       {"a*b", "*", 0, 0x10, 1},
+        {"a*b", "*", 0, 0x100, 1},       {"abc", "b*", 0, 0x10, kNone},       {"abc", "b*", 0, kDefault, kNone},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(KyString(c.text).Find(c.pattern, c.start, c.op), c.expected)
+            << c.text << " " << c.pattern << " " << c.op;
+        const std::string text = c.text;
+        const KyString wide = Wide(std::u16string(text.begin(), text.end()));
+        EXPECT_EQ(wide.Find(c.pattern, c.start, c.op), c.expected) << c.text << " " << c.pattern << " " << c.op;
+    }
+}
+
+TEST(KyStringFind, WithWildcards) {
+    const struct {
+        const char *text, *pattern;
+        unsigned short expected;
+    } cases[] = {
+        {"abc", "b*", 1}, {"abc", "b", 1}, {"abc", "?c", 1},    {"abcd", "b?d", 1},   {"abcd", "b*d", 1},
+        {"abc", "*", 0},  {"abc", "?", 0}, {"abc", "x", kNone}, {"abc", "c?", kNone},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(KyString(c.text).Find(c.pattern, 0, kWild), c.expected) << c.text << " " << c.pattern;
+    }
+}
+
+TEST(KyStringFind, Kept_ThePatternsOwnLengthBoundsThePositions) {
+    EXPECT_EQ(KyString("abc").Find("b*c", 0, kWild), kNone) << "three characters do not fit behind position 0";
+    EXPECT_EQ(KyString("abcd").Find("b*c", 0, kWild), 1);
+    EXPECT_EQ(KyString("xabc").Find("b*c", 0, kWild), kNone);
+}
+
+TEST(KyStringFind, DoesNotUseWildcardsByDefault) {
+    const OtherDefaults restored;
+    KyString::SetDefaultCmpOp(0);
+    EXPECT_EQ(KyString("abc*").Find("*", 0, kDefault), 3) << "exact even when the default operator allows wildcards";
+    KyString::SetDefaultCmpOp(0x20);
+    EXPECT_EQ(KyString("abc*").Find("*", 0, kDefault), 3);
+    EXPECT_EQ(KyString("abC").Find("c", 0, kDefault), 2) << "the default operator's other bits are used";
+}
+
+TEST(KyStringFind, PrefixMatchWorksWithAnyAsterisk) {
+    const OtherWildcards restored;
+    KyString::SetAsterisk(KyChar('%', KyCodeSetLatin1, 0));
+    EXPECT_EQ(KyString("abcd").Find("b", 0, kWild), 1);
+    EXPECT_EQ(KyString("abcd").Find("b%d", 0, kWild), 1);
+    EXPECT_EQ(KyString("ab*d").Find("b*", 0, kWild), 1);
+    EXPECT_EQ(KyString("abcd").Find("b*", 0, kWild), kNone);
+    EXPECT_EQ(Wide(u"abcd").Find(Wide(u"b"), 0, kWild), 1);
+}
+
+TEST(KyStringFind, OneCharacter) {
+    EXPECT_EQ(KyString("abc").Find('c', 0, kDefault), 2);
+    EXPECT_EQ(KyString("abc").Find(static_cast<unsigned short>('c'), 1, kDefault), 2);
+    EXPECT_EQ(KyString("abc").Find('\0', 0, kDefault), kNone);
+    EXPECT_EQ(Wide(u"abc").Find('b', 0, kDefault), 1);
+}
+
+TEST(KyStringFind, FarAndLong) {
+    const std::string text = std::string(65000, 'a') + "b";
+    EXPECT_EQ(KyString(text.c_str()).Find('b', 0, kDefault), 65000);
+    EXPECT_EQ(KyString(text.c_str()).Find('b', 65000, kDefault), 65000);
+    EXPECT_EQ(KyString(("x" + text).c_str()).Find(text.c_str(), 0, kDefault), 1) << "a pattern above 32767 characters";
+    EXPECT_EQ(KyString(("x" + text).c_str()).Find((text + "c").c_str(), 0, kDefault), kNone);
+    const std::string other = std::string(40000, 'a') + "c";
+    EXPECT_EQ(KyString(text.c_str()).Find(other.c_str(), 0, kDefault), kNone);
+}
+
+TEST(KyStringFind, SubStringPos) {
+    EXPECT_EQ(KyString("abcabc").SubStringPos("c", 0x100), 2);
+    EXPECT_EQ(KyString("abc").SubStringPos("b*", kWild), 1);
+    EXPECT_EQ(KyString("abc").SubStringPos("x", kDefault), kNone);
+}
+
+// --- comparison ---
+
+TEST(KyStringCompare, OperatorsFollowTheOrder) {
+    const char* ascending[] = {"", "a", "ab", "abc", "b", "ba"};
+    for (int i = 0; i < 6; ++i) {
+        for (int j = 0; j < 6; ++j) {
+            const KyString a(ascending[i]);
+            const KyString b(ascending[j]);
+            EXPECT_EQ(a == b, i == j);
+            EXPECT_EQ((a != b) != 0, i != j);
+            EXPECT_EQ(a < b, i < j);
+            EXPECT_EQ(a <= b, i <= j);
+            EXPECT_EQ(a > b, i > j);
+            EXPECT_EQ(a >= b, i >= j);
+            EXPECT_EQ(a.Compare(b, -1, 0xFFFF) < 0, i < j);
+            EXPECT_EQ(a.Compare(b, -1, 0x100) > 0, i > j);
+        }
+    }
+}
+
+TEST(KyStringCompare, DoesNotTakeTextsForPatterns) {
+    EXPECT_FALSE(KyString("abc") == KyString("*"));
+    EXPECT_FALSE(KyString("abc") == KyString("a?c"));
+    EXPECT_TRUE(KyString("a?c") == KyString("a?c"));
+}
+
+TEST(KyStringCompare, UsesTheDefaultOperator) {
+    const OtherDefaults restored;
+    KyString::SetDefaultCmpOp(0);
+    EXPECT_TRUE(KyString("abc") == KyString("a*"));
+    KyString::SetDefaultCmpOp(0x30);
+    EXPECT_TRUE(KyString("abc") == KyString("ABC"));
+}
+
+TEST(KyStringCompare, UpToALength) {
+    EXPECT_EQ(KyString("abcX").Compare("abcY", 3, 0x100), 0);
+    EXPECT_LT(KyString("abcX").Compare("abcY", 4, 0x100), 0);
+    EXPECT_EQ(KyString("a").Compare("b", 0, 0x100), 0);
+}
+
+TEST(KyStringCompare, AcrossCodeSetsAndEmpties) {
+    EXPECT_TRUE(KyString("abc") == Wide(u"abc"));
+    EXPECT_TRUE(KyString() == KyString(""));
+    EXPECT_TRUE(KyString() < KyString("a"));
+    KyString null;
+    null.SetNullValue();
+    EXPECT_TRUE(null == null);
+    EXPECT_TRUE(null < KyString(""));
+    EXPECT_TRUE(KyString("") > null);
+}
+
+TEST(KyStringCompare, IgnoringLanguages) {
+    KyString a("abc");
+    KyString b("abc");
+    b.LanguageSet(2);
+    EXPECT_TRUE(a.EqualsIgnoreLanguage(b));
+    EXPECT_FALSE(a.EqualsIgnoreLanguage(KyString("abd")));
+    EXPECT_FALSE(a.EqualsIgnoreLanguage(KyString("a*")));
+    EXPECT_TRUE(a.EqualsIgnoreLanguage(a));
+}
+
+TEST(KyStringCompare, Kept_NullEqualsEmptyWhenLanguagesAreIgnored) {
+    KyString null;
+    null.SetNullValue();
+    EXPECT_TRUE(null.EqualsIgnoreLanguage(KyString("")));
+    EXPECT_FALSE(null.EqualsIgnoreLanguage(KyString("a")));
+}
+
+// --- wildcard characters ---
+
+TEST(KyStringWildcards, DefaultsAreOrdersOfAscii) {
+    const OtherWildcards restored;
+    KyString::_nAsterisk = KyString::_nQuestion = KyString::_nEscape = 0;
+    EXPECT_EQ(KyString::GetAsterisk(), KyChar('*', KyCodeSetLatin1, 0).GetOrder());
+    EXPECT_EQ(KyString::GetQuestion(), KyChar('?', KyCodeSetLatin1, 0).GetOrder());
+    EXPECT_EQ(KyString::GetEscape(), KyChar('\\', KyCodeSetLatin1, 0).GetOrder());
+    EXPECT_EQ(KyString::_nAsterisk, KyString::GetAsterisk());
+    EXPECT_NE(KyString::GetAsterisk(), 0);
+}
+
+TEST(KyStringWildcards, SettersStoreOrders) {
+    const OtherWildcards restored;
+    EXPECT_EQ(KyString::SetAsterisk(KyChar('%', KyCodeSetLatin1, 0)), 0);
+    EXPECT_EQ(KyString::SetQuestion(KyChar(static_cast<unsigned short>('_'), KyCodeSetUnicode, 0)), 0);
+    EXPECT_EQ(KyString::SetEscape(KyChar('!', KyCodeSetLatin1, 0)), 0);
+    EXPECT_EQ(KyString::GetAsterisk(), KyChar('%', KyCodeSetLatin1, 0).GetOrder());
+    EXPECT_EQ(KyString::GetQuestion(), KyChar('_', KyCodeSetLatin1, 0).GetOrder());
+    EXPECT_EQ(KyString::GetEscape(), KyChar('!', KyCodeSetLatin1, 0).GetOrder());
+}
+
+// --- lists ---
+
+std::vector<std::string> Items(const char* list, const char* separator) {
+    std::vector<std::string> items;
+    KyString item;
+    unsigned short pos = 0;
+    while (KySplitList(list, item, separator, pos) == 0) items.push_back(Text(item));
+    return items;
+}
+
+TEST(KySplitList, CutsAndTrims) {
+    using Texts = std::vector<std::string>;
+    EXPECT_EQ(Items("a, b", ","), (Texts{"a", "b"}));
+    EXPECT_EQ(Items("a", ","), (Texts{"a"}));
+    EXPECT_EQ(Items("", ","), (Texts{}));
+    EXPECT_EQ(Items("a,", ","), (Texts{"a"})) << "no empty item behind the last separator";
+    EXPECT_EQ(Items("a,,b", ","), (Texts{"a", "", "b"}));
+    EXPECT_EQ(Items(",,a", ","), (Texts{"", "a"})) << "only a separator at the very start is skipped";
+    EXPECT_EQ(Items("a,b", ""), (Texts{"a,b"}));
+    EXPECT_EQ(Items(" a b ; c ", ";"), (Texts{"a b", "c"}));
+    EXPECT_EQ(Items("*a*b", "*"), (Texts{"a", "b"}));
+}
+
+TEST(KySplitList, Kept_StepsOneCharacterWhateverTheSeparatorsLength) {
+    EXPECT_EQ(Items("a--b", "--"), (std::vector<std::string>{"a", "-b"}));
+}
+
+TEST(KySplitList, PositionsAndTheEnd) {
+    KyString item("kept");
+    unsigned short pos = 0;
+    const KyString list("ab,c");
+    EXPECT_EQ(KySplitList(list, item, ",", pos), 0);
+    EXPECT_EQ(pos, 3);
+    EXPECT_EQ(KySplitList(list, item, ",", pos), 0);
+    EXPECT_EQ(pos, 5);
+    EXPECT_EQ(Text(item), "c");
+    EXPECT_EQ(KySplitList(list, item, ",", pos), -2005);
+    EXPECT_EQ(Text(item), "c");
+    EXPECT_EQ(pos, 5);
+}
+
+TEST(KySplitList, LongItemsAndItself) {
+    KyString list((std::string(40000, 'a') + ",b").c_str());
+    KyString item;
+    unsigned short pos = 0;
+    EXPECT_EQ(KySplitList(list, item, ",", pos), 0);
+    EXPECT_EQ(item.Len(), 40000);
+    pos = 0;
+    EXPECT_EQ(KySplitList(list, list, ",", pos), 0);
+    EXPECT_EQ(list.Len(), 40000);
+}
+
+}  // namespace
