@@ -1,7 +1,6 @@
 #include "kystring_search.h"
 
 #include "code_mapping.h"
-#include "kyi18n.h"
 #include "kytypes.h"
 
 namespace {
@@ -9,66 +8,36 @@ namespace {
 /// Neither wildcard-free bit is set.
 bool AllowsWildcards(unsigned short op) { return (op & (KyCmpExact | KyCmpStringExact)) == 0; }
 
-/// A character of this code set whose order is the one that matches any run; 0 when it has none.
-unsigned short AsteriskIn(unsigned char codeSet, unsigned char language) {
-    const bool narrow = ky::CharWidth(codeSet) == 1;
-    const auto orderOf = [&](unsigned code) {
-        return narrow ? KyChar(static_cast<char>(code), codeSet, language).GetOrder()
-                      : KyChar(static_cast<unsigned short>(code), codeSet, language).GetOrder();
-    };
-    const unsigned short asterisk = KyString::GetAsterisk();
-    if (codeSet == KyCodeSetNative || orderOf('*') == asterisk) return '*';
-    const unsigned limit = narrow ? 0x100 : 0x10000;
-    for (unsigned code = 1; code < limit; ++code) {
-        if (orderOf(code) == asterisk) return static_cast<unsigned short>(code);
-    }
-    return 0;
-}
-
-/// The pattern followed by any run of characters, whatever character stands for such a run.
-KyString PrefixPattern(const KyString& pattern) {
-    KyString result(pattern);
-    unsigned short asterisk = AsteriskIn(result.CodeSetGet(), result.LanguageGet());
-    if (asterisk == 0 && result.CodeSetGet() != KyCodeSetUnicode) {
-        result.MapToCodeSet(KyCodeSetUnicode);
-        asterisk = AsteriskIn(KyCodeSetUnicode, result.LanguageGet());
-    }
-    const char narrow = static_cast<char>(asterisk);
-    const char* text = result.NullLen() == 1 ? &narrow : reinterpret_cast<const char*>(&asterisk);
-    result.BuildString(text, result.CodeSetGet(), result.Len(), 0, asterisk != 0, 1, 3, 1);
-    return result;
-}
-
 }  // namespace
 
 namespace ky {
 
-Searcher::Searcher(const KyString& given, unsigned short givenOp)
-    : pattern(&given),
-      prefixPattern(given.CodeSetGet(), given.LanguageGet()),
-      length(given.Len()),
-      op(givenOp),
-      wild(AllowsWildcards(givenOp)) {
-    if (op == KyCmpDefault) {
-        op = KyString::GetDefaultCmpOp();
-        if (AllowsWildcards(op)) op |= KyCmpExact;
-    }
-    if (!wild || length == 0) return;
-    prefixPattern = PrefixPattern(given);
-    pattern = &prefixPattern;
+Searcher::Searcher(const KyString& searched, unsigned short givenOp)
+    : pattern(searched), length(searched.Len()), op(givenOp), wild(AllowsWildcards(givenOp)) {
+    if (op != KyCmpDefault) return;
+    op = KyString::GetDefaultCmpOp();
+    if (AllowsWildcards(op)) op |= KyCmpExact;
 }
 
-bool Searcher::MatchesAt(const KyString& text, const char* position) const {
-    const auto maxLen = static_cast<short>(wild ? 0xFFFF : length);
-    return KyStrCmp(text.CodeSetGet(), text.LanguageGet(), position, pattern->CodeSetGet(), pattern->LanguageGet(),
-                    pattern->StrGet(), op, maxLen, 1, nullptr) == 0;
+PrefixMatch Searcher::MatchAt(const KyString& text, const char* position) const {
+    if (wild && !text.IsNullValue() && !pattern.IsNullValue()) {
+        return MatchPrefix(text.CodeSetGet(), text.LanguageGet(), position, pattern.CodeSetGet(), pattern.LanguageGet(),
+                           pattern.StrGet(), op);
+    }
+    const auto maxLen = static_cast<short>(wild ? KyString::NotFound : length);
+    const int order = KyStrCmp(text.CodeSetGet(), text.LanguageGet(), position, pattern.CodeSetGet(),
+                               pattern.LanguageGet(), pattern.StrGet(), op, maxLen, 1, nullptr);
+    return order == 0 ? PrefixMatch::yes : PrefixMatch::no;
 }
 
 unsigned short Searcher::Find(const KyString& text, unsigned start, unsigned limit) const {
     if (length == 0 || start + length > limit) return KyString::NotFound;
-    const char* position = text.StrGet() + start * CharWidth(text.CodeSetGet());
-    for (unsigned at = start; at + length <= limit; ++at, position += CharWidth(text.CodeSetGet())) {
-        if (MatchesAt(text, position)) return static_cast<unsigned short>(at);
+    const unsigned width = CharWidth(text.CodeSetGet());
+    const char* position = text.StrGet() + start * width;
+    for (unsigned at = start; at + length <= limit; ++at, position += width) {
+        const PrefixMatch match = MatchAt(text, position);
+        if (match == PrefixMatch::yes) return static_cast<unsigned short>(at);
+        if (match == PrefixMatch::never) break;
     }
     return KyString::NotFound;
 }

@@ -41,7 +41,8 @@ KyStringIterator::KyStringIterator(unsigned short* text, unsigned char textCodeS
 
 KyStringIterator::KyStringIterator(KyString& s) : KyStringIterator(s.StrGet(), s.CodeSetGet(), s.LanguageGet(), 1) {}
 
-KyStringIterator::KyStringIterator(const KyChar& c) : KyStringIterator(nullptr, c.CodeSetGet(), c.LanguageGet(), 1) {
+KyStringIterator::KyStringIterator(const KyChar& c)
+    : KyStringIterator(static_cast<const char*>(nullptr), c.CodeSetGet(), c.LanguageGet(), 1) {
     const unsigned width = ky::CharWidth(codeSetCode);
     ownedBuffer = new char[2 * width]();
     ky::WriteCode(ownedBuffer, width, c.CodeGet(), 1);
