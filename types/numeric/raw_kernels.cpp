@@ -40,13 +40,32 @@ KY_KERNEL std::size_t FirstDifferenceText(const void* areaA, const void* areaB, 
     return at;
 }
 
+typedef std::uint64_t Vector16 __attribute__((vector_size(16)));
+typedef std::uint64_t Vector32 __attribute__((vector_size(32)));
+typedef std::uint64_t Vector64 __attribute__((vector_size(64)));
+
+template <class Vector>
 KY_KERNEL std::uint64_t XorWordsText(const void* area, std::size_t size) {
+    constexpr std::size_t width = sizeof(Vector);
     const unsigned char* data = Advance(area, 0);
-    const std::size_t words = size / 8;
     std::uint64_t result = 0;
-    for (std::size_t i = 0; i < words; ++i) result ^= LoadAs<std::uint64_t>(data + 8 * i);
+    std::size_t at = 0;
+    if (size >= 4 * width) {
+        // Four sums, so that no addition waits for the one before it.
+        Vector sums[4] = {};
+        for (; size - at >= 4 * width; at += 4 * width) {
+            for (std::size_t i = 0; i < 4; ++i) {
+                Vector next;
+                std::memcpy(&next, data + at + i * width, width);
+                sums[i] ^= next;
+            }
+        }
+        const Vector sum = (sums[0] ^ sums[1]) ^ (sums[2] ^ sums[3]);
+        for (std::size_t i = 0; i < width / 8; ++i) result ^= sum[i];
+    }
+    for (; size - at >= 8; at += 8) result ^= LoadAs<std::uint64_t>(data + at);
     std::uint64_t rest = 0;
-    std::memcpy(&rest, data + 8 * words, size % 8);
+    std::memcpy(&rest, data + at, size - at);
     return result ^ rest;
 }
 
@@ -83,7 +102,7 @@ KY_KERNEL std::size_t FirstOtherRankText(const void* a, const void* b, std::size
 std::size_t FirstDifferenceAny(const void* a, const void* b, std::size_t size) {
     return FirstDifferenceText(a, b, size);
 }
-std::uint64_t XorWordsAny(const void* data, std::size_t size) { return XorWordsText(data, size); }
+std::uint64_t XorWordsAny(const void* data, std::size_t size) { return XorWordsText<Vector16>(data, size); }
 std::size_t FirstOtherRank32Any(const void* a, const void* b, std::size_t count, bool reversed) {
     return FirstOtherRankText<std::uint32_t>(a, b, count, reversed);
 }
@@ -98,7 +117,7 @@ std::size_t FirstOtherRank64Any(const void* a, const void* b, std::size_t count,
 KY_AVX2 std::size_t FirstDifferenceAvx2(const void* a, const void* b, std::size_t size) {
     return FirstDifferenceText(a, b, size);
 }
-KY_AVX2 std::uint64_t XorWordsAvx2(const void* data, std::size_t size) { return XorWordsText(data, size); }
+KY_AVX2 std::uint64_t XorWordsAvx2(const void* data, std::size_t size) { return XorWordsText<Vector32>(data, size); }
 KY_AVX2 std::size_t FirstOtherRank32Avx2(const void* a, const void* b, std::size_t count, bool reversed) {
     return FirstOtherRankText<std::uint32_t>(a, b, count, reversed);
 }
@@ -113,7 +132,9 @@ KY_AVX2 std::size_t FirstOtherRank64Avx2(const void* a, const void* b, std::size
 KY_AVX512 std::size_t FirstDifferenceAvx512(const void* a, const void* b, std::size_t size) {
     return FirstDifferenceText(a, b, size);
 }
-KY_AVX512 std::uint64_t XorWordsAvx512(const void* data, std::size_t size) { return XorWordsText(data, size); }
+KY_AVX512 std::uint64_t XorWordsAvx512(const void* data, std::size_t size) {
+    return XorWordsText<Vector64>(data, size);
+}
 KY_AVX512 std::size_t FirstOtherRank32Avx512(const void* a, const void* b, std::size_t count, bool reversed) {
     return FirstOtherRankText<std::uint32_t>(a, b, count, reversed);
 }
@@ -131,7 +152,12 @@ constinit const RawKernels kRawKernels[kRawKernelVariants] = {
 
 // The loader asks before anything else of the process has run, sanitizers included: nothing here may be
 // instrumented, and no address is read from memory that may not be relocated yet.
-#define KY_RESOLVER __attribute__((used, no_sanitize("address", "thread", "undefined")))
+#define KY_UNINSTRUMENTED no_sanitize("address", "thread", "undefined")
+#ifdef __clang__
+#define KY_RESOLVER __attribute__((KY_UNINSTRUMENTED, disable_sanitizer_instrumentation))
+#else
+#define KY_RESOLVER __attribute__((KY_UNINSTRUMENTED))
+#endif
 
 KY_RESOLVER int RunnableRawKernels() {
     __builtin_cpu_init();
@@ -150,23 +176,21 @@ KY_RESOLVER inline Kernel* Choose(Kernel* any, Kernel* avx2, Kernel* avx512) {
 }  // namespace
 
 extern "C" {
-KY_RESOLVER FirstDifferenceKernel* ky_ChooseFirstDifference() {
+KY_RESOLVER FirstDifferenceKernel* KyResolveFirstDifference() {
     return Choose(&FirstDifferenceAny, &FirstDifferenceAvx2, &FirstDifferenceAvx512);
 }
-KY_RESOLVER XorWordsKernel* ky_ChooseXorWords() { return Choose(&XorWordsAny, &XorWordsAvx2, &XorWordsAvx512); }
-KY_RESOLVER FirstOtherRankKernel* ky_ChooseFirstOtherRank32() {
+KY_RESOLVER XorWordsKernel* KyResolveXorWords() { return Choose(&XorWordsAny, &XorWordsAvx2, &XorWordsAvx512); }
+KY_RESOLVER FirstOtherRankKernel* KyResolveFirstOtherRank32() {
     return Choose(&FirstOtherRank32Any, &FirstOtherRank32Avx2, &FirstOtherRank32Avx512);
 }
-KY_RESOLVER FirstOtherRankKernel* ky_ChooseFirstOtherRank64() {
+KY_RESOLVER FirstOtherRankKernel* KyResolveFirstOtherRank64() {
     return Choose(&FirstOtherRank64Any, &FirstOtherRank64Avx2, &FirstOtherRank64Avx512);
 }
 }
 
-[[gnu::ifunc("ky_ChooseFirstDifference")]] std::size_t FirstDifference(const void* a, const void* b, std::size_t size);
-[[gnu::ifunc("ky_ChooseXorWords")]] std::uint64_t XorWords(const void* data, std::size_t size);
-[[gnu::ifunc("ky_ChooseFirstOtherRank32")]] std::size_t FirstOtherRank32(const void* a, const void* b,
-                                                                         std::size_t count, bool reversed);
-[[gnu::ifunc("ky_ChooseFirstOtherRank64")]] std::size_t FirstOtherRank64(const void* a, const void* b,
-                                                                         std::size_t count, bool reversed);
+__attribute__((ifunc("KyResolveFirstDifference"))) FirstDifferenceKernel FirstDifference;
+__attribute__((ifunc("KyResolveXorWords"))) XorWordsKernel XorWords;
+__attribute__((ifunc("KyResolveFirstOtherRank32"))) FirstOtherRankKernel FirstOtherRank32;
+__attribute__((ifunc("KyResolveFirstOtherRank64"))) FirstOtherRankKernel FirstOtherRank64;
 
 }  // namespace ky
