@@ -1,0 +1,203 @@
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "kychar.h"
+#include "kyi18n.h"
+#include "kystring.h"
+#include "support/guarded_buffer.h"
+#include "support/hex.h"
+
+namespace {
+
+std::vector<unsigned> Codes(KyStringIterator& it) {
+    std::vector<unsigned> codes;
+    for (; !it.IsEOS(); ++it) codes.push_back((*it).CodeGet());
+    return codes;
+}
+
+std::vector<unsigned> Orders(KyStringIterator& it, unsigned short withClass = 0) {
+    std::vector<unsigned> orders;
+    while (const unsigned short order = it.GetNextOrder(withClass)) orders.push_back(order);
+    return orders;
+}
+
+TEST(Iterator, WalksCharacters) {
+    KyStringIterator narrow("a\xE4", 1, 0, 1);
+    EXPECT_EQ(Codes(narrow), (std::vector<unsigned>{'a', 0xE4}));
+    EXPECT_TRUE(narrow.IsEOS());
+    unsigned short text[] = {'a', 0x4E00, 0};
+    KyStringIterator wide(text, 253, 0, 1);
+    EXPECT_EQ(Codes(wide), (std::vector<unsigned>{'a', 0x4E00}));
+    KyStringIterator swapped("\0a\x4E\0\0", 253, 0, 2);
+    EXPECT_EQ(Codes(swapped), (std::vector<unsigned>{'a', 0x4E00}));
+    KyStringIterator none(static_cast<const char*>(nullptr), 1, 0, 1);
+    EXPECT_TRUE(none.IsEOS());
+    EXPECT_EQ(none.GetNextOrder(1), 0);
+    EXPECT_EQ(none.GetNextOrder(1), 0) << "stays at the end";
+}
+
+TEST(Iterator, TakesDefaults) {
+    KyStringIterator narrow("a", 255, 255, 255);
+    EXPECT_EQ(narrow.CodeSetGet(), KyLanguageContext::GetDefault8CodeSet());
+    unsigned short text[] = {'a', 0};
+    KyStringIterator wide(text, 255, 255, 255);
+    EXPECT_EQ(wide.CodeSetGet(), KyLanguageContext::GetDefault16CodeSet());
+    EXPECT_EQ((*wide).CodeGet(), 'a');
+}
+
+TEST(Iterator, StepsBothWays) {
+    const char* text = "abc";
+    KyStringIterator it(text, 1, 0, 1);
+    ++it;
+    it.Step(1);
+    EXPECT_EQ((*it).CodeGet(), 'c');
+    --it;
+    EXPECT_EQ((*it).CodeGet(), 'b');
+    it.Step(0);
+    EXPECT_EQ((*it).CodeGet(), 'a');
+    EXPECT_EQ(it.Position(), text);
+}
+
+TEST(Iterator, OwnsTheCopyOfOneCharacter) {
+    KyStringIterator it(KyChar(static_cast<unsigned short>(0x4E00), 253, 0));
+    EXPECT_EQ((*it).CodeGet(), 0x4E00);
+    ++it;
+    EXPECT_TRUE(it.IsEOS());
+    it.Destroy();
+    EXPECT_TRUE(it.IsEOS()) << "nothing is read of the freed buffer";
+    it.Destroy();
+    KyStringIterator unread(KyChar('a', 1, 0));
+    EXPECT_EQ((*unread).CodeGet(), 'a');
+}
+
+TEST(Iterator, OverAString) {
+    KyString s("ab");
+    KyStringIterator it(s);
+    EXPECT_EQ(it.Position(), s.StrGet());
+    EXPECT_EQ(Codes(it), (std::vector<unsigned>{'a', 'b'}));
+}
+
+TEST(Iterator, YieldsTheOverflowListFirst) {
+    const unsigned short items[] = {'x', 'y'};
+    const KyWCharList list{2, items};
+    KyStringIterator it("abc", 1, 0, 1);
+    it.SetOverflow(&list, 253);
+    EXPECT_FALSE(it.IsEOS());
+    const KyChar first = *it;
+    EXPECT_EQ(first.CodeGet(), 'x');
+    EXPECT_EQ(first.CodeSetGet(), 253) << "the list's code set";
+    ++it;
+    EXPECT_EQ((*it).CodeGet(), 'y');
+    ++it;
+    EXPECT_EQ((*it).CodeGet(), 'b') << "the list continues the character at the position";
+    it.SetOverflow(&list, 255);
+    EXPECT_EQ((*it).CodeSetGet(), 1);
+    const KyWCharList empty{};
+    it.SetOverflow(&empty, 255);
+    EXPECT_EQ((*it).CodeGet(), 'b');
+    it.SetOverflow(nullptr, 255);
+    EXPECT_EQ((*it).CodeGet(), 'b');
+}
+
+TEST(Iterator, AnOverflowListKeepsTheEndAway) {
+    const unsigned short items[] = {'x'};
+    const KyWCharList list{1, items};
+    KyStringIterator it("a", 1, 0, 1);
+    it.SetOverflow(&list, 255);
+    EXPECT_EQ(Codes(it), (std::vector<unsigned>{'x'}));
+}
+
+TEST(Iterator, TransformsIntoAnother) {
+    const auto transform = [](const char* text, KyCharOperation& op) {
+        std::vector<char> out(2 * std::strlen(text) + 1, 'z');
+        KyStringIterator src(text, 1, 0, 1);
+        KyStringIterator dst(out.data(), 1, 0, 1);
+        src.Transform(dst, op);
+        return std::string(static_cast<const char*>(out.data()), dst.Position());
+    };
+    KyCharToUpper upper;
+    KyCharToLower lower;
+    EXPECT_EQ(transform("aBc1\xE4", upper), "ABC1\xC4");
+    EXPECT_EQ(transform("aBc1\xC4", lower), "abc1\xE4");
+    EXPECT_EQ(transform("stra\xDF"
+                        "e\xDF",
+                        upper),
+              "STRASSESS");
+    EXPECT_EQ(transform("", upper), "");
+}
+
+TEST(Iterator, TransformsBetweenCodeSets) {
+    KyCharToUpper upper;
+    char out[] = "zzzzzzzz";
+    KyStringIterator src("\xDF\xFC", 1, 0, 1);
+    KyStringIterator dst(out, 253, 0, 2);
+    src.Transform(dst, upper);
+    EXPECT_EQ(Hex(out, 6), "00 53 00 53 00 DC");
+}
+
+TEST(Iterator, YieldsOrders) {
+    KyStringIterator it("A b", 1, 0, 1);
+    EXPECT_EQ(Orders(it), (std::vector<unsigned>{0x400C, 7, 0x5010}));
+    KyStringIterator wide("\0A\x4E\0\0", 253, 0, 2);
+    EXPECT_EQ(Orders(wide), (std::vector<unsigned>{0x400C, 0x4E00}));
+    KyStringIterator windows("A\x80", 2, 0, 1);
+    EXPECT_EQ(Orders(windows), (std::vector<unsigned>{0x400C, 0x20AC})) << "by way of Unicode";
+    KyStringIterator native("A", 0, 0, 1);
+    EXPECT_EQ(Orders(native), (std::vector<unsigned>{0x400C}));
+}
+
+TEST(Iterator, ExpandsInOrderOnly) {
+    KyStringIterator orders("\xE6z", 1, 0, 1);
+    EXPECT_EQ(Orders(orders, 1), (std::vector<unsigned>{0x5000 | 24 << 7 | 3 << 2, 0x5000 | 7 << 2, 0x5000 | 28 << 2}));
+    KyStringIterator characters("\xE6z", 1, 0, 1);
+    EXPECT_EQ(Codes(characters), (std::vector<unsigned>{0xE6, 'z'}));
+}
+
+TEST(Iterator, ReadsStoredOrdersLowByteFirst) {
+    for (const unsigned char format : std::initializer_list<unsigned char>{1, 2}) {
+        KyStringIterator it("\x0C\x40\x07\0\0", 254, 0, format);
+        EXPECT_EQ(Orders(it, 1), (std::vector<unsigned>{0x400C, 7}));
+        EXPECT_EQ(it.GetNextOrder(1), 0);
+        EXPECT_EQ(it.OrderClass(), 0);
+    }
+}
+
+TEST(Iterator, StoredOrdersAreReadToTheLastByte) {
+    GuardedBuffer memory(4);
+    std::memcpy(memory.data(), "\x0C\x40\0\0", 4);
+    KyStringIterator it(reinterpret_cast<const char*>(memory.data()), 254, 0, 1);
+    EXPECT_EQ(Orders(it), (std::vector<unsigned>{0x400C}));
+    EXPECT_EQ(it.GetNextOrder(0), 0) << "the position stays at the end";
+}
+
+TEST(Iterator, CodesWithoutARecordHaveNoClass) {
+    const unsigned short asterisk = KyString::GetAsterisk();
+    const struct {
+        unsigned short code;
+        unsigned char orderClass;
+    } cases[] = {{0x4E00, 20}, {0x0250, 20}, {0x0150, 20}, {65519, 20}, {65520, 0}, {0xFFFF, 0}};
+    for (const auto& [code, orderClass] : cases) {
+        const unsigned short text[] = {code, 0};
+        KyStringIterator it(reinterpret_cast<const char*>(text), 253, 0, 1);
+        EXPECT_EQ(it.GetNextOrder(1), code);
+        EXPECT_EQ(it.OrderClass(), orderClass) << code;
+    }
+    EXPECT_LT(asterisk, 256) << "so that no code without a record is taken for it";
+    EXPECT_LT(KyString::GetQuestion(), 256);
+    EXPECT_LT(KyString::GetEscape(), 256);
+}
+
+TEST(Iterator, ClassesComeFromTheRecord) {
+    KyStringIterator it("a\xB5", 1, 0, 1);
+    it.GetNextOrder(1);
+    EXPECT_EQ(it.OrderClass(), 0);
+    it.GetNextOrder(1);
+    EXPECT_EQ(it.OrderClass(), 1) << "a Greek letter";
+    it.GetNextOrder(1);
+    EXPECT_EQ(it.OrderClass(), 0) << "the end";
+}
+
+}  // namespace
