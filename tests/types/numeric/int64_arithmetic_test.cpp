@@ -12,14 +12,12 @@
 
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#define KY_SLOW_BUILD 1
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || !defined(__OPTIMIZE__)
+#define KY_SLOW_BUILD
 #elif defined(__has_feature)
 #if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
-#define KY_SLOW_BUILD 1
+#define KY_SLOW_BUILD
 #endif
-#elif !defined(__OPTIMIZE__)
-#define KY_SLOW_BUILD 1
 #endif
 
 /// Random pairs behind those of the extremes. Instrumented and unoptimised builds look for undefined behaviour, for
