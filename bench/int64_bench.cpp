@@ -14,14 +14,6 @@
 
 namespace {
 
-using Measure = bench::Goal::Measure;
-const bench::GoalOf addGoal("int64/add", {Measure::shareOfPeerSpeed, 0.9});
-const bench::GoalOf compareGoal("int64/compare", {Measure::shareOfPeerSpeed, 0.9});
-const bench::GoalOf multiplyGoal("int64/multiply", {Measure::shareOfPeerSpeed, 0.7});
-const bench::GoalOf divideGoal("int64/divide", {Measure::shareOfPeerSpeed, 0.7});
-const bench::GoalOf remainderGoal("int64/remainder", {Measure::shareOfPeerSpeed, 0.7});
-const bench::GoalOf printGoal("int64/print", {Measure::shareOfPeerSpeed, 2.0});
-
 constexpr std::size_t kCount = 1024;
 
 /// Of every length in bits, never 0 or -1; what `int64_t` computes with them is defined.
@@ -106,33 +98,27 @@ void PrintByC(benchmark::State& state) {
     }
 }
 
-/// Ours and the peer's under one name. The operands are small enough for the peer to stay within its range.
 template <class Operation>
-void RegisterOperation(const std::string& name, unsigned leastShift, Operation operation) {
-    const auto both = [&](const std::string& shape, auto ours, auto peers) {
-        benchmark::RegisterBenchmark(("int64/" + name + shape).c_str(), ours);
-        benchmark::RegisterBenchmark(("peer/int64/" + name + shape).c_str(), peers);
-    };
-    both(
-        "/columns/1k", [=](benchmark::State& state) { Columns<KyInt64>(state, leastShift, operation); },
+void RegisterOperation(const std::string& name, double share, unsigned leastShift, Operation operation) {
+    bench::RegisterPair(
+        "int64/" + name + "/columns/1k", bench::AtLeast(share),
+        [=](benchmark::State& state) { Columns<KyInt64>(state, leastShift, operation); },
         [=](benchmark::State& state) { Columns<std::int64_t>(state, leastShift, operation); });
-    both(
-        "/chain/1k", [=](benchmark::State& state) { Chain<KyInt64>(state, leastShift, operation); },
+    bench::RegisterPair(
+        "int64/" + name + "/chain/1k", bench::AtLeast(share),
+        [=](benchmark::State& state) { Chain<KyInt64>(state, leastShift, operation); },
         [=](benchmark::State& state) { Chain<std::int64_t>(state, leastShift, operation); });
 }
 
-const bool registered = [] {
-    RegisterOperation("add", 12, [](auto a, auto b) { return a + b; });
-    RegisterOperation("multiply", 33, [](auto a, auto b) { return (a & 0x3FFFFFFF) * b; });
-    RegisterOperation("divide", 0, [](auto a, auto b) { return (a | 0x4000000000000000) / b; });
-    RegisterOperation("remainder", 0, [](auto a, auto b) { return (a | 0x4000000000000000) % b; });
-    benchmark::RegisterBenchmark("int64/compare/columns/1k", CountLess<KyInt64>);
-    benchmark::RegisterBenchmark("peer/int64/compare/columns/1k", CountLess<std::int64_t>);
-    benchmark::RegisterBenchmark("int64/compare/search/1k", Search<KyInt64>);
-    benchmark::RegisterBenchmark("peer/int64/compare/search/1k", Search<std::int64_t>);
-    benchmark::RegisterBenchmark("int64/print", Print);
-    benchmark::RegisterBenchmark("peer/int64/print", PrintByC);
-    return true;
-}();
+// The operands are small enough for the peer to stay within its range.
+const bench::AtStart here([] {
+    RegisterOperation("add", 0.9, 12, [](auto a, auto b) { return a + b; });
+    RegisterOperation("multiply", 0.7, 33, [](auto a, auto b) { return (a & 0x3FFFFFFF) * b; });
+    RegisterOperation("divide", 0.7, 0, [](auto a, auto b) { return (a | 0x4000000000000000) / b; });
+    RegisterOperation("remainder", 0.7, 0, [](auto a, auto b) { return (a | 0x4000000000000000) % b; });
+    bench::RegisterPair("int64/compare/columns/1k", bench::AtLeast(0.9), CountLess<KyInt64>, CountLess<std::int64_t>);
+    bench::RegisterPair("int64/compare/search/1k", bench::AtLeast(0.9), Search<KyInt64>, Search<std::int64_t>);
+    bench::RegisterPair("int64/print", bench::AtLeast(2.0), Print, PrintByC);
+});
 
 }  // namespace
