@@ -31,8 +31,8 @@ void BlockWriter::Put(const char* src, std::size_t present, std::size_t bytes, s
     if (repeat == 0 || bytes == 0) return;
     char* first = at;
     Put(src, present, bytes, flag);
-    const auto room = static_cast<std::size_t>(limit - at);
-    for (std::size_t left = repeat - 1 < room / bytes ? (repeat - 1) * bytes : room; left != 0;) {
+    std::size_t left = std::min((repeat - 1) * bytes, static_cast<std::size_t>(limit - at));
+    while (left != 0) {
         const std::size_t n = std::min(left, static_cast<std::size_t>(at - first));
         std::memcpy(at, first, n);
         at += n;

@@ -204,9 +204,12 @@ TEST(BuildString, SourceLabelsDecideOnMapping) {
         std::string expected;
     };
     const Case cases[] = {
-        {kLatin1, kLatin1, "ab", "ab"}, {0, kLatin1, "\xE4", "\xE4"},  // native bytes are taken as they are while the
-                                                                       // widths agree
-        {0, kWindows, "\x80", "\x80"},  {kLatin1, 0, "ab", "ab"},     {kLatin1, kWindows, "ab", "ab"},
+        {kLatin1, kLatin1, "ab", "ab"},
+        {0, kLatin1, "\xE4", "\xE4"},  // native bytes are taken as they are while the
+                                       // widths agree
+        {0, kWindows, "\x80", "\x80"},
+        {kLatin1, 0, "ab", "ab"},
+        {kLatin1, kWindows, "ab", "ab"},
     };
     for (const Case& c : cases) {
         KyString s(c.to, 0);
@@ -216,9 +219,9 @@ TEST(BuildString, SourceLabelsDecideOnMapping) {
     KyString wide(kUnicode, 0);
     wide.BuildString("ab", 0, 0, 0, 2, 1, kAppend, 1);
     EXPECT_EQ(Text16(wide), u"ab") << "native text in a string of the other width";
-    KyString orders(0, 0);
-    orders.BuildString("a\0b\0\0", kUnicode, 0, 0, 2, 1, kAppend, 1);
-    EXPECT_EQ(Text(orders), "ab");
+    KyString native(static_cast<unsigned char>(0), 0);
+    native.BuildString("a\0b\0\0", kUnicode, 0, 0, 2, 1, kAppend, 1);
+    EXPECT_EQ(Text(native), "ab");
 }
 
 TEST(BuildString, MappedSourceBeginsAtItsStart) {
@@ -264,7 +267,7 @@ TEST(BuildString, AppendWithoutSourceTruncates) {
 }
 
 TEST(BuildString, OtherModesLeaveNoContent) {
-    for (const unsigned short mode : {0, 4, 255, 65535}) {
+    for (const unsigned short mode : std::initializer_list<unsigned short>{0, 4, 255, 65535}) {
         KyString s("abc");
         s.BuildString("x", kLatin1, 0, 0, 1, 1, mode, 1);
         EXPECT_EQ(s.BufferSizeGet(), 0) << mode;
@@ -315,7 +318,9 @@ void CompareWithTwin(unsigned seed, unsigned char codeSet) {
         twin = Slow::Apply(twin, source, pos, srcStart, srcCount, repeat, mode);
         const std::size_t size = twin ? twin->size() * sizeof(Unit) : 0;
         ASSERT_EQ(s.BufferSizeGet(), size) << "step " << step << " mode " << mode;
-        if (twin) ASSERT_EQ(std::memcmp(s.StrGet(), twin->data(), size), 0) << "step " << step << " mode " << mode;
+        if (twin) {
+            ASSERT_EQ(std::memcmp(s.StrGet(), twin->data(), size), 0) << "step " << step << " mode " << mode;
+        }
     }
 }
 
