@@ -1,6 +1,8 @@
 #include <immintrin.h>
 
-#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <type_traits>
 
 #include "peers.h"
 
@@ -15,9 +17,20 @@ inline __m128i Indexes() {
                          13 ^ m, 14 ^ m, 15 ^ m);
 }
 
+inline std::uint16_t Swapped(std::uint16_t value) { return __builtin_bswap16(value); }
+inline std::uint32_t Swapped(std::uint32_t value) { return __builtin_bswap32(value); }
+inline std::uint64_t Swapped(std::uint64_t value) { return __builtin_bswap64(value); }
+
 template <unsigned Width>
-void SwapRest(unsigned char* dst, const unsigned char* src, std::size_t from, std::size_t size) {
-    for (std::size_t at = from; at < size; at += Width) std::reverse_copy(src + at, src + at + Width, dst + at);
+void SwapEach(unsigned char* dst, const unsigned char* src, std::size_t size) {
+    using Value =
+        std::conditional_t<Width == 2, std::uint16_t, std::conditional_t<Width == 4, std::uint32_t, std::uint64_t>>;
+    for (std::size_t at = 0; at < size; at += Width) {
+        Value value;
+        std::memcpy(&value, src + at, Width);
+        value = Swapped(value);
+        std::memcpy(dst + at, &value, Width);
+    }
 }
 
 template <unsigned Width>
@@ -28,7 +41,7 @@ __attribute__((target("ssse3"))) void SwapSsse3(unsigned char* dst, const unsign
         const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(src + at));
         _mm_storeu_si128(reinterpret_cast<__m128i*>(dst + at), _mm_shuffle_epi8(block, indexes));
     }
-    SwapRest<Width>(dst, src, at, size);
+    SwapEach<Width>(dst + at, src + at, size - at);
 }
 
 template <unsigned Width>
@@ -41,7 +54,7 @@ __attribute__((target("avx2"))) void SwapAvx2(unsigned char* dst, const unsigned
         _mm256_storeu_si256(reinterpret_cast<__m256i*>(dst + at), _mm256_shuffle_epi8(low, indexes));
         _mm256_storeu_si256(reinterpret_cast<__m256i*>(dst + at + 32), _mm256_shuffle_epi8(high, indexes));
     }
-    SwapRest<Width>(dst, src, at, size);
+    SwapSsse3<Width>(dst + at, src + at, size - at);
 }
 
 template <unsigned Width>
@@ -54,7 +67,7 @@ __attribute__((target("avx512bw"))) void SwapAvx512(unsigned char* dst, const un
         _mm512_storeu_si512(dst + at, _mm512_shuffle_epi8(low, indexes));
         _mm512_storeu_si512(dst + at + 64, _mm512_shuffle_epi8(high, indexes));
     }
-    SwapRest<Width>(dst, src, at, size);
+    SwapSsse3<Width>(dst + at, src + at, size - at);
 }
 
 template <unsigned Width>
@@ -62,7 +75,7 @@ SwapFunction Best() {
     if (__builtin_cpu_supports("avx512bw")) return &SwapAvx512<Width>;
     if (__builtin_cpu_supports("avx2")) return &SwapAvx2<Width>;
     if (__builtin_cpu_supports("ssse3")) return &SwapSsse3<Width>;
-    return +[](unsigned char* dst, const unsigned char* src, std::size_t size) { SwapRest<Width>(dst, src, 0, size); };
+    return &SwapEach<Width>;
 }
 
 }  // namespace

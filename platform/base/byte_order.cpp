@@ -7,7 +7,7 @@
 
 namespace {
 
-using ky::Reverse;
+using ky::ArrayKernel;
 
 bool IsReversed(unsigned char flag) { return (flag & 15) == 2; }
 
@@ -20,21 +20,25 @@ unsigned ConvertOne(void* dst, const void* src, unsigned char flag) {
     return sizeof value;
 }
 
-void CopyBytes(void* dst, const void* src, std::size_t size) {
+/// Between these sizes the wide registers are faster than the C library, which knows better how to go beyond the
+/// first cache and which of its ways is shortest for a few bytes.
+constexpr std::size_t smallestOwnCopy = 64;
+constexpr std::size_t largestOwnCopy = 8192;
+
+unsigned Copy(unsigned char* dst, const unsigned char* src, std::size_t size) {
+    if (smallestOwnCopy <= size && size <= largestOwnCopy) return ky::CopyBytes(dst, src, size);
     if (size != 0 && dst != src) std::memcpy(dst, src, size);
+    return static_cast<unsigned>(size);
 }
 
 /// A single value, the commonest case, is converted without a further call. The bytes of a whole array may exceed
 /// 32 bits; then all of them are converted and the result is what is left of their number.
-template <class Value, Reverse reverse>
+template <class Value, ArrayKernel reverse>
 unsigned Convert(void* dst, const void* src, unsigned char flag, unsigned count) {
     if (count == 1) return ConvertOne<Value>(dst, src, flag);
-    if (IsReversed(flag)) {
-        reverse(static_cast<unsigned char*>(dst), static_cast<const unsigned char*>(src), count);
-    } else {
-        CopyBytes(dst, src, sizeof(Value) * std::size_t{count});
-    }
-    return static_cast<unsigned>(sizeof(Value)) * count;
+    auto* to = static_cast<unsigned char*>(dst);
+    const auto* from = static_cast<const unsigned char*>(src);
+    return IsReversed(flag) ? reverse(to, from, count) : Copy(to, from, sizeof(Value) * std::size_t{count});
 }
 
 unsigned Convert2(void* dst, const void* src, unsigned char flag, unsigned count) {
@@ -52,8 +56,7 @@ unsigned Convert8(void* dst, const void* src, unsigned char flag, unsigned count
 }  // namespace
 
 unsigned CharStore(void* dst, const void* src, unsigned char, unsigned count) {
-    CopyBytes(dst, src, count);
-    return count;
+    return Copy(static_cast<unsigned char*>(dst), static_cast<const unsigned char*>(src), count);
 }
 
 unsigned ShortStore(void* dst, const void* src, unsigned char flag, unsigned count) {

@@ -21,30 +21,36 @@ constexpr __mmask16 everyLane = 0xFFFF;
 
 template <unsigned Width>
 KY_KERNEL_TARGET inline Vector ReverseVector(Vector vector) {
+    if constexpr (Width == 1) return vector;
     return _mm512_shuffle_epi8(vector, _mm512_maskz_broadcast_i32x4(everyLane, ReverseShuffle<Width>()));
 }
 
 template <unsigned Width>
-inline void ReverseShort(unsigned char* dst, const unsigned char* src, std::size_t count) {
-    if constexpr (Width == 2) ReverseBytes2Avx2(dst, src, count);
-    if constexpr (Width == 4) ReverseBytes4Avx2(dst, src, count);
-    if constexpr (Width == 8) ReverseBytes8Avx2(dst, src, count);
+inline unsigned MoveShort(unsigned char* dst, const unsigned char* src, std::size_t count) {
+    if constexpr (Width == 1) return CopyBytesAvx2(dst, src, count);
+    if constexpr (Width == 2) return ReverseBytes2Avx2(dst, src, count);
+    if constexpr (Width == 4) return ReverseBytes4Avx2(dst, src, count);
+    if constexpr (Width == 8) return ReverseBytes8Avx2(dst, src, count);
 }
 
-#include "reverse_loop.inl"
+#include "move_loop.inl"
 
 }  // namespace
 
-KY_KERNEL_TARGET void ReverseBytes2Avx512(unsigned char* dst, const unsigned char* src, std::size_t count) {
-    ReverseArray<2>(dst, src, count);
+KY_KERNEL_TARGET unsigned CopyBytesAvx512(unsigned char* dst, const unsigned char* src, std::size_t count) {
+    return MoveArray<1>(dst, src, count);
 }
 
-KY_KERNEL_TARGET void ReverseBytes4Avx512(unsigned char* dst, const unsigned char* src, std::size_t count) {
-    ReverseArray<4>(dst, src, count);
+KY_KERNEL_TARGET unsigned ReverseBytes2Avx512(unsigned char* dst, const unsigned char* src, std::size_t count) {
+    return MoveArray<2>(dst, src, count);
 }
 
-KY_KERNEL_TARGET void ReverseBytes8Avx512(unsigned char* dst, const unsigned char* src, std::size_t count) {
-    ReverseArray<8>(dst, src, count);
+KY_KERNEL_TARGET unsigned ReverseBytes4Avx512(unsigned char* dst, const unsigned char* src, std::size_t count) {
+    return MoveArray<4>(dst, src, count);
+}
+
+KY_KERNEL_TARGET unsigned ReverseBytes8Avx512(unsigned char* dst, const unsigned char* src, std::size_t count) {
+    return MoveArray<8>(dst, src, count);
 }
 
 }  // namespace ky

@@ -50,7 +50,7 @@ std::vector<unsigned char> Expected(const std::vector<unsigned char>& bytes, uns
 TEST(ByteOrder, EveryFlag) {
     for (const Conversion& conversion : conversions) {
         for (unsigned flag = 0; flag < 256; ++flag) {
-            for (const unsigned count : {1U, 2U, 50U}) {
+            for (const unsigned count : {1U, 2U, 50U, 1000U, 5000U}) {
                 const auto bytes = Pattern(count * conversion.width);
                 std::vector<unsigned char> stored(bytes.size());
                 EXPECT_EQ(conversion.convert(stored.data(), bytes.data(), static_cast<unsigned char>(flag), count),
