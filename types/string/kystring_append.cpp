@@ -18,7 +18,11 @@ KyString& KyString::SetTail(std::size_t headBytes, const char* text, unsigned ch
     const ky::MappedSource source(text, textCodeSet, codeSet, 0, once / width, 1);
     ky::BlockWriter block(headBytes + once * repeat + width, width);
     block.Put(buffer, headBytes, headBytes);
-    block.Put(source.Data(), source.Bytes(), once, repeat, source.Flag());
+    if (repeat == 1) {
+        block.Put(source.Data(), source.Bytes(), once);
+    } else {
+        block.Put(source.Data(), source.Bytes(), once, repeat, source.Flag());
+    }
     TakeOver(block);
     return *this;
 }

@@ -15,7 +15,7 @@ unsigned char SourceOrder(unsigned char flag) { return flag == 255 ? 1 : flag & 
 
 namespace ky {
 
-void BlockWriter::Put(const char* src, std::size_t present, std::size_t bytes, unsigned char flag) {
+void BlockWriter::PutPart(const char* src, std::size_t present, std::size_t bytes, unsigned char flag) {
     bytes = std::min(bytes, static_cast<std::size_t>(limit - at));
     present = std::min(present, bytes);
     if (flag == 2) {
@@ -46,18 +46,6 @@ void WorkArea::Grow(std::size_t wanted, std::size_t used) {
     heap = std::move(larger);
     data = heap.get();
     capacity = wanted;
-}
-
-MappedSource::MappedSource(const char* src, unsigned char from, unsigned char to, std::size_t start, std::size_t count,
-                           unsigned char order)
-    : flag(CharWidth(from) == 2 ? order : 1) {
-    if (src == nullptr || count == 0) return;
-    if (!HasToMap(from, to)) {
-        data = src + start * CharWidth(to);
-        bytes = count * CharWidth(to);
-        return;
-    }
-    Map(src, from, to, start, count);
 }
 
 void MappedSource::Map(const char* src, unsigned char from, unsigned char to, std::size_t start, std::size_t count) {
@@ -95,6 +83,10 @@ void KyString::MakeString(const char* src, unsigned char srcCodeSet, short n, un
     if (count == NotFound) {
         const std::size_t length = ky::TextLength(src, ky::CharWidth(srcCodeSet));
         count = static_cast<unsigned short>(std::min<std::size_t>(length, 65535));
+    }
+    if (SourceOrder(flag) != 2 && !ky::MappedSource::HasToMap(srcCodeSet, codeSet)) {
+        SetTail(0, src, srcCodeSet, count);
+        return;
     }
     BuildString(src, srcCodeSet, 0, 0, count, 1, kAppend, flag);
 }

@@ -74,15 +74,16 @@ public:
 
     /// `bytes` bytes, of which the source has `present`; what is missing is zero. With flag 2 the bytes of each
     /// 16-bit unit are swapped.
-    void Put(const char* src, std::size_t present, std::size_t bytes, unsigned char flag = 1);
+    void Put(const char* src, std::size_t present, std::size_t bytes, unsigned char flag = 1) {
+        if (flag != 2 && present == bytes && bytes <= static_cast<std::size_t>(limit - at)) {
+            CopyBytes(at, src, bytes);
+            at += bytes;
+        } else {
+            PutPart(src, present, bytes, flag);
+        }
+    }
     /// The same piece `repeat` times.
     void Put(const char* src, std::size_t present, std::size_t bytes, std::size_t repeat, unsigned char flag);
-    /// Bytes that are all there and known to fit.
-    void PutWhole(const char* src, std::size_t bytes) {
-        CopyBytes(at, src, bytes);
-        at += bytes;
-    }
-
     std::size_t Size() const { return size; }
     /// Ends the text with zeros up to the block's end and hands the block over; null for a size of 0.
     char* Release() {
@@ -96,6 +97,8 @@ private:
     std::size_t size;
     char* at = nullptr;
     char* limit = nullptr;  ///< where the terminator begins
+
+    void PutPart(const char* src, std::size_t present, std::size_t bytes, unsigned char flag);
 };
 
 /// A text in the making whose size is not known before: on the stack while it is short.
@@ -128,7 +131,16 @@ private:
 class MappedSource {
 public:
     MappedSource(const char* src, unsigned char from, unsigned char to, std::size_t start, std::size_t count,
-                 unsigned char flag);
+                 unsigned char order)
+        : flag(CharWidth(from) == 2 ? order : 1) {
+        if (src == nullptr || count == 0) return;
+        if (HasToMap(from, to)) {
+            Map(src, from, to, start, count);
+        } else {
+            data = src + start * CharWidth(to);
+            bytes = count * CharWidth(to);
+        }
+    }
     MappedSource(const MappedSource&) = delete;
     MappedSource& operator=(const MappedSource&) = delete;
 
