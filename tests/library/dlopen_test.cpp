@@ -29,12 +29,14 @@ private:
     void* handle;
 };
 
-// What a program without the library's symbols knows of its classes: their sizes.
+// What a program without the library's headers knows of its classes: the layout.
 struct Manager {
-    void* fields[2];
+    void* rows;
+    unsigned factory;
 };
-struct alignas(8) String {
-    unsigned char fields[16];
+struct String {
+    const char* text;  // null: no text
+    unsigned char fields[8];
 };
 
 TEST(Dlopen, RowsAreReadyAtOnce) {
@@ -73,21 +75,19 @@ TEST(Dlopen, ManagerPrintsAndKnowsTheNullText) {
     auto* print = library.Find<String&(Manager*, char, String&, void*, const char*, unsigned)>(
         "_ZN9KyTypeMgr15PrintToKyStringEcR8KyStringPvPKcj");
     auto* nullText = library.Find<const String&()>("_ZN9KyTypeMgr18GetNullPrintStringEv");
-    auto* makeString = library.Find<void(String*)>("_ZN8KyStringC1Ev");
-    auto* destroyString = library.Find<void(String*)>("_ZN8KyStringD1Ev");
-    auto* text = library.Find<char*(const String*)>("_ZNK8KyString6StrGetEv");
+    auto* createStrings = library.Find<String*(unsigned)>("_Z14KyStringCreatej");
+    auto* deleteStrings = library.Find<int(void*, unsigned)>("_Z14KyStringDeletePvj");
     ASSERT_TRUE(makeManager != nullptr && print != nullptr && nullText != nullptr);
-    ASSERT_TRUE(makeString != nullptr && destroyString != nullptr && text != nullptr);
+    ASSERT_TRUE(createStrings != nullptr && deleteStrings != nullptr);
 
-    EXPECT_STREQ(text(&nullText()), "{NULL}");
+    EXPECT_STREQ(nullText().text, "{NULL}");
     Manager manager;
     makeManager(&manager, 5);
-    String out;
-    makeString(&out);
+    String* out = createStrings(1);
     short numbers[] = {1, 2, 3};
-    print(&manager, 1, out, numbers, nullptr, 3);
-    EXPECT_STREQ(text(&out), "1,2,3");
-    destroyString(&out);
+    print(&manager, 1, *out, numbers, nullptr, 3);
+    EXPECT_STREQ(out->text, "1,2,3");
+    deleteStrings(out, 1);
 }
 
 }  // namespace
