@@ -170,7 +170,7 @@ private:
 };
 
 int Run(int argc, char** argv) {
-    std::signal(SIGPIPE, SIG_IGN);  // a closed pipe is noticed by the write
+    (void)std::signal(SIGPIPE, SIG_IGN);  // a closed pipe is noticed by the write
     try {
         Output out;
         const ExitStatus status = Program().Run(ShieldedArguments(argc, argv), out);

@@ -26,14 +26,14 @@ constexpr char kBehindNull[] = "it goes on behind the text of null values";
 
 /// The number format that texts of this type follow; nothing for types whose row has another format.
 std::optional<NumberFormat> NumberFormatOf(char id, const char* format) {
-    const std::optional<NumberFormat> own = NumberFormat::Parse(PrintFormat(id));
+    std::optional<NumberFormat> own = NumberFormat::Parse(PrintFormat(id));
     // The date types use the letters of the C library for other things.
     const bool isNumber =
         own && (own->IsCharacter() || own->conversion == 'd' || own->conversion == 'u' || own->wordsOnly17g);
     if (!isNumber) return std::nullopt;
     if (format == nullptr) return own;
 
-    const std::optional<NumberFormat> given = NumberFormat::Parse(format);
+    std::optional<NumberFormat> given = NumberFormat::Parse(format);
     const bool fits =
         given && (own->IsReal() ? given->IsReal() : given->IsWhole() || (own->IsCharacter() && given->IsCharacter()));
     if (!fits) throw Failure("the format " + Quoted(format) + " does not fit the type " + TypeName(id));
