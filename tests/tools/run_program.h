@@ -9,12 +9,12 @@
 enum class OutputTo { pipe, terminal, closedPipe, fullDevice };
 
 struct Surroundings {
-    std::string input;      ///< standard input
-    std::string lateInput;  ///< more of it, after `pause`
+    std::string input = {};      ///< standard input
+    std::string lateInput = {};  ///< more of it, after `pause`
     std::chrono::milliseconds pause{0};
     OutputTo output = OutputTo::pipe;
     bool errorsToTerminal = false;
-    std::vector<std::string> environment;  ///< "NAME=value", beside TERM=xterm; NO_COLOR is not set otherwise
+    std::vector<std::string> environment = {};  ///< "NAME=value", beside TERM=xterm; NO_COLOR is not set otherwise
 };
 
 struct Result {

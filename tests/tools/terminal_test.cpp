@@ -33,11 +33,8 @@ TEST(Terminal, JsonIsNeverColoured) {
 }
 
 TEST(Terminal, ProgressAfterASecondAndWipedAtTheEnd) {
-    Surroundings slow;
-    slow.input = "2\n";
-    slow.lateInput = "1\n";
-    slow.pause = std::chrono::milliseconds(1300);
-    slow.errorsToTerminal = true;
+    Surroundings slow{
+        .input = "2\n", .lateInput = "1\n", .pause = std::chrono::milliseconds(1300), .errorsToTerminal = true};
     const Result result = Kytm({"sort", "o_4b"}, slow);
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.out, "1\n2\n");
