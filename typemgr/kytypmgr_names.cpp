@@ -8,8 +8,11 @@
 
 namespace {
 
+/// The name itself, or its copy in `dst` where there is one, which has room for it.
 char* CopyOrGive(const char* name, char* dst) {
-    return dst == nullptr ? const_cast<char*>(name) : std::strcpy(dst, name);
+    if (dst == nullptr) return const_cast<char*>(name);
+    std::memcpy(dst, name, std::strlen(name) + 1);
+    return dst;
 }
 
 /// A set of type ids below 64, asked with the id as it was given: reserved and negative ids are in none.
