@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "kybase.h"
 #include "kystring.h"
 #include "kytypmgr.h"
 #include "number_text.h"
@@ -129,6 +130,47 @@ TEST(Text, LongArraysAreCutAtTheLimitOfAString) {
     ASSERT_EQ(out.Len(), 65531);
     const std::string text = out.StrGet();
     for (std::size_t at = 0; at < text.size(); ++at) ASSERT_EQ(text[at], "1234567,"[at % 8]) << at;
+}
+
+/// A configuration that asks for the overflow assertion.
+class OverflowAsserts : public KyConfig {
+public:
+    int GetText(const char*, const char**, const char*) override { return 0; }
+    int GetNumber(const char*, double*, const char*) override { return 0; }
+    int HasSection(const char*) override { return 0; }
+    int GetInteger(const char* key, int* value, const char* section) override {
+        if (std::strcmp(key, "stringOverflow") != 0 || section == nullptr || std::strcmp(section, "debug") != 0)
+            return 0;
+        *value = 1;
+        return 1;
+    }
+};
+
+int overflows = 0;
+
+TEST(Text, AnArrayThatDoesNotFitAssertsOnceWhenAsked) {
+    OverflowAsserts config;
+    KyConfig* const configBefore = DefaultConfig(&config);
+    const KyAssertHandler handlerBefore = KYRN_setAssertHandler([](const char* message, const char*, int) {
+        EXPECT_STREQ(message, "String overflow");
+        ++overflows;
+    });
+    overflows = 0;
+    KyTypeMgr manager(5);
+    std::vector<int> numbers(40000, 1234567);
+    KyString out;
+    manager.PrintToKyString(KyINT_T, out, numbers.data(), nullptr, 8191);
+    EXPECT_EQ(out.Len(), 65527);
+    EXPECT_EQ(overflows, 0);
+    out = KyString();
+    manager.PrintToKyString(KyINT_T, out, numbers.data(), nullptr, 8192);
+    EXPECT_EQ(out.Len(), 65531);
+    EXPECT_EQ(overflows, 1);
+    out = KyString();
+    manager.PrintToKyString(KyINT_T, out, numbers.data(), nullptr, 40000);
+    EXPECT_EQ(overflows, 2);
+    KYRN_setAssertHandler(handlerBefore);
+    DefaultConfig(configBefore);
 }
 
 TEST(Text, ScanUsesTheRowsFormatWhenNoneIsGiven) {
