@@ -3,6 +3,7 @@
 
 /// Decimal digits eight at a time, in the bytes of one 64-bit number: the first digit in the lowest byte.
 
+#include <bit>
 #include <cstdint>
 #include <cstring>
 
@@ -23,15 +24,16 @@ constexpr std::uint64_t EightDigits(std::uint32_t number) {
     return tens | (pairs - tens * 10) << 8;
 }
 
-/// Whether eight bytes of text are all decimal digits.
-constexpr bool AreEightDigits(std::uint64_t text) {
-    constexpr std::uint64_t kHighHalves = 0xF0F0F0F0F0F0F0F0;
-    return (text & kHighHalves) == kEightZeros && ((text + 0x0606060606060606) & kHighHalves) == kEightZeros;
+/// How many of the low bytes are numbers from 0 to 9 before the first that is not.
+constexpr unsigned LeadingDigits(std::uint64_t digits) {
+    // A byte of 10 or more gets its top bit; carries reach only bytes behind the first such one.
+    const std::uint64_t others = ((digits + 0x7676767676767676) | digits) & 0x8080808080808080;
+    return static_cast<unsigned>(std::countr_zero(others)) / 8;
 }
 
-/// The number that eight digits of text stand for.
-constexpr std::uint32_t EightDigitsValue(std::uint64_t text) {
-    const std::uint64_t pairs = ((text & 0x0F0F0F0F0F0F0F0F) * (10 * 256 + 1) >> 8) & 0x00FF00FF00FF00FF;
+/// The number that eight digits stand for: the way back.
+constexpr std::uint32_t EightDigitsValue(std::uint64_t digits) {
+    const std::uint64_t pairs = (digits * (10 * 256 + 1) >> 8) & 0x00FF00FF00FF00FF;
     const std::uint64_t fours = (pairs * (100 * 65536 + 1) >> 16) & 0x0000FFFF0000FFFF;
     return static_cast<std::uint32_t>(fours * (10000 * (std::uint64_t{1} << 32) + 1) >> 32);
 }

@@ -47,34 +47,22 @@ struct Decimal {
 };
 
 /// Rounds a number to 17 digits, halves to even; false where the product's bits do not decide.
-bool Round(const Binary& number, Decimal& decimal) {
+bool ToDecimal(const Binary& number, Decimal& decimal) {
     decimal.exponent = EstimateLog10(number);
-    Product product;
-    int power;
-    int shift;
-    for (;;) {
-        power = kDigits - 1 - decimal.exponent;
-        product = MultiplyByPower(number.mantissa, power);
-        // mantissa and power have their binary points 63 and 127 bits from the right, the product's lowest 64
-        // bits are gone.
-        shift = 63 + 127 - 64 - number.exponent - PowerExponent(power);
-        decimal.digits = static_cast<std::uint64_t>(product.bits >> shift);
-        if (decimal.digits < kTenToThe17) break;
-        ++decimal.exponent;
+    for (;; ++decimal.exponent) {
+        const int power = kDigits - 1 - decimal.exponent;
+        const Product product = MultiplyByPower(number.mantissa, power);
+        // The binary points of mantissa and power are 63 and 127 bits from the right; of the product's 192 bits the
+        // lower 128 are below `high`.
+        const int shift = 63 + 127 - 128 - number.exponent - PowerExponent(power);
+        if (product.high >> shift >= kTenToThe17) continue;
+        if (!Round(product, shift, IsExactPower(power), decimal.digits)) return false;
+        if (decimal.digits == kTenToThe17) {
+            decimal.digits = kTenToThe16;
+            ++decimal.exponent;
+        }
+        return true;
     }
-    switch (RoundingOf(product, shift, IsExactPower(power))) {
-        case Rounding::Unknown:
-            return false;
-        case Rounding::Up:
-            if (++decimal.digits == kTenToThe17) {
-                decimal.digits = kTenToThe16;
-                ++decimal.exponent;
-            }
-            break;
-        case Rounding::Down:
-            break;
-    }
-    return true;
 }
 
 /// The 17 digits, readable a full block beyond the last.
@@ -122,7 +110,8 @@ unsigned Write(const Decimal& decimal, char* out) {
     *out++ = 'e';
     *out++ = exponent < 0 ? '-' : '+';
     const auto size = static_cast<unsigned>(exponent < 0 ? -exponent : exponent);
-    if (size >= 100) *out++ = static_cast<char>('0' + size / 100);
+    *out = static_cast<char>('0' + size / 100);
+    out += size >= 100 ? 1 : 0;
     *out++ = static_cast<char>('0' + size / 10 % 10);
     *out++ = static_cast<char>('0' + size % 10);
     return static_cast<unsigned>(out - start);
@@ -147,7 +136,7 @@ unsigned DoubleText(double value, char* out) {
     if (magnitude == kInfinity) return sign + Word("Infinity", out + sign);
 
     Decimal decimal;
-    if (Round(BinaryOf(magnitude), decimal)) {
+    if (ToDecimal(BinaryOf(magnitude), decimal)) {
         const unsigned length = sign + Write(decimal, out + sign);
         out[length] = 0;
         return length;

@@ -31,10 +31,11 @@ constexpr bool IsExactPower(int q) { return q >= 0 && q <= kLastExactPower; }
 /// floor(q * log2(10)), for powers of the table.
 constexpr int PowerExponent(int q) { return (q * 1741647) >> 19; }
 
-/// The upper 128 of the 192 bits of number * 10^q. The bits below them are all 0 where `clear` is set; the true
-/// value is less than 2 units above `bits`, and exactly `bits` where it is clear and the power exact.
+/// The upper 128 of the 192 bits of number * 10^q. The bits below them are all 0 where `clear` is set. The true value
+/// is less than 2 units of `low` above, and exactly these bits where it is clear and the power exact.
 struct Product {
-    UInt128 bits;
+    std::uint64_t high;
+    std::uint64_t low;
     bool clear;
 };
 
@@ -42,22 +43,26 @@ inline Product MultiplyByPower(std::uint64_t number, int q) {
     const PowerOfTen& power = kPowersOfTen[static_cast<std::size_t>(q - kFirstPower)];
     const UInt128 low = UInt128{number} * power.low;
     const UInt128 bits = UInt128{number} * power.high + static_cast<std::uint64_t>(low >> 64);
-    return {bits, static_cast<std::uint64_t>(low) == 0};
+    return {static_cast<std::uint64_t>(bits >> 64), static_cast<std::uint64_t>(bits),
+            static_cast<std::uint64_t>(low) == 0};
 }
 
-enum class Rounding { Down, Up, Unknown };
-
-/// How product * 2^-shift is rounded to an integer, halves to the even one.
-inline Rounding RoundingOf(const Product& product, int shift, bool exactPower) {
-    const UInt128 half = UInt128{1} << (shift - 1);
-    const UInt128 fraction = product.bits & (2 * half - 1);
-    if (fraction > half) return Rounding::Up;
-    if (fraction == half) {
-        const bool tie = exactPower && product.clear;
-        const bool odd = (static_cast<std::uint64_t>(product.bits >> shift) & 1) != 0;
-        return tie && !odd ? Rounding::Down : Rounding::Up;
+/// `high` and what is below it, cut off `shift` bits (1 to 63) from the right and rounded, halves to even; false where
+/// the bits do not decide. Up or down is as good as random, so it takes no branch.
+inline bool Round(const Product& product, int shift, bool exactPower, std::uint64_t& rounded) {
+    const std::uint64_t half = std::uint64_t{1} << (shift - 1);
+    const std::uint64_t fraction = product.high & (2 * half - 1);
+    std::uint64_t up = product.high >> (shift - 1) & 1;
+    if (fraction - (half - 1) <= 1) [[unlikely]] {
+        if (fraction == half) {
+            const bool tie = exactPower && product.low == 0 && product.clear;
+            up = tie ? product.high >> shift & 1 : 1;
+        } else if (product.low == ~std::uint64_t{0} && !exactPower) {
+            return false;
+        }
     }
-    return fraction == half - 1 && !exactPower ? Rounding::Unknown : Rounding::Down;
+    rounded = (product.high >> shift) + up;
+    return true;
 }
 
 }  // namespace ky

@@ -3,7 +3,6 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
-#include <optional>
 #include <system_error>
 
 #include "number_format.h"
@@ -46,49 +45,71 @@ struct Decimal {
     bool dropped = false;
 };
 
-/// Reads digits into a `Decimal`.
-class DigitReader {
+/// A zero-terminated text that is read eight bytes at a time where its block allows it.
+class Blocks {
 public:
-    DigitReader(Decimal& target, const char* readable) : number(target), limit(readable) {}
+    /// All bytes of [text, limit) are readable; the terminator is the limit to how far it is read otherwise.
+    Blocks(const char* text, const char* readable) : start(text), limit(readable) {}
 
-    /// Reads the digits at `at`; `step` is what each of them adds to the exponent.
-    void Read(const char*& at, int step) {
-        while (count + 8 <= kMost && limit - at >= 8 && Block(at)) number.exponent += 8 * step;
-        for (; IsDigit(*at); ++at) Add(static_cast<unsigned>(*at - '0'), step);
+    /// Reads digits from `at` on behind those of `number`, which wraps when there are too many.
+    void Gather(const char*& at, std::uint64_t& number) const {
+        constexpr std::uint64_t kPowers[] = {1, 10, 100, 1'000, 10'000, 100'000, 1'000'000, 10'000'000, 100'000'000};
+        for (;;) {
+            const std::uint64_t digits = At(at) ^ kEightZeros;
+            const unsigned count = LeadingDigits(digits);
+            number = number * kPowers[count] + EightDigitsValue(FirstBytes(digits, count));
+            at += count;
+            if (count < 8) return;
+        }
     }
 
 private:
-    static constexpr int kMost = 19;  // digits that 64 bits hold whatever they are
-
-    Decimal& number;
+    const char* start;
     const char* limit;
-    int count = 0;  ///< digits held, without leading zeros
 
-    void Add(unsigned digit, int step) {
-        number.any = true;
-        if (count == kMost) {
-            number.dropped = number.dropped || digit != 0;
-            number.exponent += 1 + step;
-            return;
-        }
-        number.digits = number.digits * 10 + digit;
-        if (number.digits != 0) ++count;
-        number.exponent += step;
+    /// The first `count` bytes (0 to 8), behind zeros in the place of the others.
+    static std::uint64_t FirstBytes(std::uint64_t bytes, unsigned count) {
+        return count == 0 ? 0 : bytes << (64 - 8 * count);
     }
 
-    /// Eight digits at once; false, and nothing read, where there are fewer.
-    bool Block(const char*& at) {
-        std::uint64_t bytes;
-        std::memcpy(&bytes, at, sizeof bytes);
-        if (!AreEightDigits(bytes)) return false;
-        const std::uint32_t value = EightDigitsValue(bytes);
-        number.any = true;
-        number.digits = number.digits * 100'000'000 + value;
-        if (number.digits != 0) count += 8;
-        at += 8;
-        return true;
+    /// Eight bytes from `at` on; those behind what may be read are 0.
+    std::uint64_t At(const char* at) const {
+        std::uint64_t bytes = 0;
+        if (limit - at >= 8) {
+            std::memcpy(&bytes, at, sizeof bytes);
+        } else if (limit - start >= 8 && at < limit) {
+            std::memcpy(&bytes, limit - 8, sizeof bytes);
+            bytes >>= 8 * (8 - (limit - at));
+        } else {
+            for (unsigned i = 0; i < 8 && IsDigit(at[i]); ++i) {
+                bytes |= std::uint64_t{static_cast<unsigned char>(at[i])} << (8 * i);
+            }
+        }
+        return bytes;
     }
 };
+
+constexpr std::ptrdiff_t kMostDigits = 19;  // fit into 64 bits whatever they are
+
+/// Gathers the digits of a number anew of which there are more than `kMostDigits`.
+void TakeFirstDigits(Decimal& number, const char* limit) {
+    std::ptrdiff_t count = 0;
+    int step = 0;
+    number.digits = 0;
+    number.exponent = 0;
+    for (const char* at = number.start; at != limit; ++at) {
+        if (*at == '.') {
+            step = -1;
+        } else if (count == kMostDigits) {
+            number.dropped = number.dropped || *at != '0';
+            number.exponent += step + 1;
+        } else {
+            number.digits = number.digits * 10 + static_cast<std::uint64_t>(*at - '0');
+            if (number.digits != 0) ++count;
+            number.exponent += step;
+        }
+    }
+}
 
 /// Reads an exponent, if one stands at `at`; it is limited to what no text can shift back into range.
 void TakeExponent(const char*& at, Decimal& number) {
@@ -108,34 +129,41 @@ void TakeExponent(const char*& at, Decimal& number) {
 
 Decimal TakeDecimal(const char* text, const char* limit) {
     Decimal number{text, text};
-    DigitReader reader(number, limit);
+    const Blocks blocks(text, limit);
     const char* at = text;
-    reader.Read(at, 0);
+    blocks.Gather(at, number.digits);
+    std::ptrdiff_t count = at - text;
     if (*at == '.') {
-        ++at;
-        reader.Read(at, -1);
+        const char* const point = at++;
+        blocks.Gather(at, number.digits);
+        number.exponent = point + 1 - at;
+        count = at - text - 1;
     }
+    if (count > kMostDigits) TakeFirstDigits(number, at);
+    number.any = count != 0;
     TakeExponent(at, number);
     number.end = at;
     return number;
 }
 
-/// The double nearest to digits * 10^exponent; nothing where the product's bits do not decide or the result
-/// is not a normal number.
-std::optional<double> Nearest(std::uint64_t digits, int exponent) {
+/// The double nearest to digits * 10^exponent; false where the product's bits do not decide or the result is not a
+/// normal number.
+bool Nearest(std::uint64_t digits, int exponent, double& value) {
     const int zeros = std::countl_zero(digits);
     const Product product = MultiplyByPower(digits << zeros, exponent);
-    const int top = 127 - std::countl_zero(static_cast<std::uint64_t>(product.bits >> 64));
-    const int binary = top + 64 - zeros + PowerExponent(exponent) - 127;
-    if (binary <= -kExponentBias || binary > kExponentBias) return std::nullopt;
+    const int top = static_cast<int>(product.high >> 63) + 62;  // the highest bit that is set
+    // The binary points of digits and power are `zeros` and 127 bits from the right, the product's lower 128 bits
+    // are below `high`.
+    const int binary = top + 128 - zeros - 127 + PowerExponent(exponent);
+    if (binary <= -kExponentBias || binary > kExponentBias) return false;
 
     const int shift = top - kMantissaBits;
-    const Rounding rounding = RoundingOf(product, shift, IsExactPower(exponent));
-    if (rounding == Rounding::Unknown) return std::nullopt;
+    std::uint64_t mantissa;
+    if (!Round(product, shift, IsExactPower(exponent), mantissa)) return false;
     // The mantissa's leading bit adds 1 to the exponent field, and so does a carry out of the mantissa.
-    const auto mantissa = static_cast<std::uint64_t>(product.bits >> shift) + (rounding == Rounding::Up ? 1 : 0);
     const auto field = static_cast<std::uint64_t>(binary + kExponentBias - 1) << kMantissaBits;
-    return std::bit_cast<double>(field + mantissa);
+    value = std::bit_cast<double>(field + mantissa);
+    return true;
 }
 
 /// By an exact routine, whatever the number is.
@@ -148,22 +176,17 @@ double ExactValue(const Decimal& number) {
 }
 
 double ValueOf(const Decimal& number) {
-    constexpr std::uint64_t kExactIntegers = std::uint64_t{1} << (kMantissaBits + 1);
-    constexpr double kExactPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
-                                       1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-    constexpr int kLargest = static_cast<int>(std::size(kExactPowers)) - 1;
-
     if (number.digits == 0) return 0;
+    if (number.exponent == 0 && !number.dropped) return static_cast<double>(number.digits);
     if (number.exponent < kFirstPower || number.exponent > kLastPower) return ExactValue(number);
     const int exponent = static_cast<int>(number.exponent);
-    // Both operands are exact, and one operation rounds once.
-    if (!number.dropped && number.digits <= kExactIntegers && exponent >= -kLargest && exponent <= kLargest) {
-        const auto digits = static_cast<double>(number.digits);
-        return exponent < 0 ? digits / kExactPowers[-exponent] : digits * kExactPowers[exponent];
+    double value;
+    if (!Nearest(number.digits, exponent, value)) return ExactValue(number);
+    if (number.dropped) {
+        double next;
+        if (!Nearest(number.digits + 1, exponent, next) || next != value) return ExactValue(number);
     }
-    const std::optional<double> value = Nearest(number.digits, exponent);
-    if (!value || (number.dropped && Nearest(number.digits + 1, exponent) != value)) return ExactValue(number);
-    return *value;
+    return value;
 }
 
 }  // namespace
