@@ -47,19 +47,27 @@ inline constexpr unsigned kIntegerTextSize = 24;
 unsigned SignedText(long long value, char* out);
 unsigned UnsignedText(unsigned long long value, char* out);
 
-/// The number that a zero-terminated text holds in the "%.17g" text form; 0 where there is none.
-double ScanDoubleText(const char* text);
-/// The same, faster: all bytes before `limit`, which may lie behind the terminator, are readable.
-double ScanDoubleText(const char* text, const char* limit);
+/// A zero-terminated text of which all bytes before `limit` are readable, which may lie behind the terminator: the
+/// more are, the faster it is read.
+struct ScanSource {
+    const char* text;
+    const char* limit;
 
-/// Scans one value out of a zero-terminated text, as the scan slots do; `value` is kept where nothing was read.
+    ScanSource(const char* start) : text(start), limit(start) {}  // NOLINT(google-explicit-constructor)
+    ScanSource(const char* start, unsigned readable) : text(start), limit(start + readable) {}
+};
+
+/// The number that a text holds in the "%.17g" text form; 0 where there is none.
+double ScanDoubleText(ScanSource source);
+
+/// Scans one value as the scan slots do; `value` is kept where nothing was read.
 /// A null format is the family's own.
-void ScanText(const char* text, const char* format, signed char& value);
-void ScanText(const char* text, const char* format, short& value);
-void ScanText(const char* text, const char* format, int& value);
-void ScanText(const char* text, const char* format, long long& value);
-void ScanText(const char* text, const char* format, float& value);
-void ScanText(const char* text, const char* format, double& value);
+void ScanText(ScanSource source, const char* format, signed char& value);
+void ScanText(ScanSource source, const char* format, short& value);
+void ScanText(ScanSource source, const char* format, int& value);
+void ScanText(ScanSource source, const char* format, long long& value);
+void ScanText(ScanSource source, const char* format, float& value);
+void ScanText(ScanSource source, const char* format, double& value);
 
 }  // namespace ky
 

@@ -26,11 +26,12 @@ void ScanIntegerText(const char* text, const char* format, Integer& value) {
 }
 
 template <class Floating>
-void ScanFloatingText(const char* text, const char* format, Floating& value) {
+void ScanFloatingText(ScanSource source, const char* format, Floating& value) {
     if (IsOwnDoubleFormat(format)) {
-        value = static_cast<Floating>(ScanDoubleText(text));
+        value = static_cast<Floating>(ScanDoubleText(source));
         return;
     }
+    const char* text = source.text;
     if (IsMantissaFormat(format)) {
         double wide = 0;
         if (ScanMantissa(text, format, wide)) value = static_cast<Floating>(wide);
@@ -50,7 +51,8 @@ bool ScanCode(const char* text, unsigned long long& code) {
 
 }  // namespace
 
-void ScanText(const char* text, const char* format, signed char& value) {
+void ScanText(ScanSource source, const char* format, signed char& value) {
+    const char* text = source.text;
     unsigned long long code = 0;
     if (ScanCode(text, code)) {
         value = static_cast<signed char>(code);
@@ -61,12 +63,12 @@ void ScanText(const char* text, const char* format, signed char& value) {
     }
 }
 
-void ScanText(const char* text, const char* format, short& value) { ScanIntegerText(text, format, value); }
-void ScanText(const char* text, const char* format, int& value) { ScanIntegerText(text, format, value); }
-void ScanText(const char* text, const char* format, long long& value) { ScanIntegerText(text, format, value); }
+void ScanText(ScanSource source, const char* format, short& value) { ScanIntegerText(source.text, format, value); }
+void ScanText(ScanSource source, const char* format, int& value) { ScanIntegerText(source.text, format, value); }
+void ScanText(ScanSource source, const char* format, long long& value) { ScanIntegerText(source.text, format, value); }
 
-void ScanText(const char* text, const char* format, double& value) { ScanFloatingText(text, format, value); }
-void ScanText(const char* text, const char* format, float& value) { ScanFloatingText(text, format, value); }
+void ScanText(ScanSource source, const char* format, double& value) { ScanFloatingText(source, format, value); }
+void ScanText(ScanSource source, const char* format, float& value) { ScanFloatingText(source, format, value); }
 
 }  // namespace ky
 
@@ -76,10 +78,10 @@ constexpr unsigned char kLastNarrowCodeSet = 224;
 
 /// What all scan slots do; `Value` is the element's memory form.
 template <class Value>
-void ScanInto(void* address, const char* text, const char* format) {
+void ScanInto(void* address, const KyString& text, const char* format) {
     Value value;
     std::memcpy(&value, address, sizeof value);
-    ky::ScanText(text, format, value);
+    ky::ScanText({text.StrGet(), text.BufferSizeGet()}, format, value);
     std::memcpy(address, &value, sizeof value);
 }
 
@@ -89,9 +91,9 @@ void* ScanElement(void* address, KyString& text, const char* format) {
     if (text.CodeSetGet() > kLastNarrowCodeSet) {
         KyString narrow;
         narrow.CopyMapped(text, KyString::GetDefault8CodeSet(), -1);
-        ScanInto<Value>(address, narrow.StrGet(), format);
+        ScanInto<Value>(address, narrow, format);
     } else {
-        ScanInto<Value>(address, text.StrGet(), format);
+        ScanInto<Value>(address, text, format);
     }
     return address;
 }

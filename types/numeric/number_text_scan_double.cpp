@@ -53,21 +53,22 @@ public:
 
     /// Reads digits from `at` on behind those of `number`, which wraps when there are too many.
     void Gather(const char*& at, std::uint64_t& number) const {
-        constexpr std::uint64_t kPowers[] = {1, 10, 100, 1'000, 10'000, 100'000, 1'000'000, 10'000'000, 100'000'000};
-        for (;;) {
-            const std::uint64_t digits = At(at) ^ kEightZeros;
-            const unsigned count = LeadingDigits(digits);
-            number = number * kPowers[count] + EightDigitsValue(FirstBytes(digits, count));
-            at += count;
-            if (count < 8) return;
+        constexpr std::uint64_t kPowers[] = {1, 10, 100, 1'000, 10'000, 100'000, 1'000'000, 10'000'000};
+        std::uint64_t digits = At(at) ^ kEightZeros;
+        unsigned count;
+        for (; (count = LeadingDigits(digits)) == 8; digits = At(at) ^ kEightZeros) {
+            number = number * 100'000'000 + EightDigitsValue(digits);
+            at += 8;
         }
+        number = number * kPowers[count] + EightDigitsValue(FirstBytes(digits, count));
+        at += count;
     }
 
 private:
     const char* start;
     const char* limit;
 
-    /// The first `count` bytes (0 to 8), behind zeros in the place of the others.
+    /// The first `count` bytes (0 to 7), behind zeros in the place of the others.
     static std::uint64_t FirstBytes(std::uint64_t bytes, unsigned count) {
         return count == 0 ? 0 : bytes << (64 - 8 * count);
     }
@@ -191,15 +192,14 @@ double ValueOf(const Decimal& number) {
 
 }  // namespace
 
-double ScanDoubleText(const char* text, const char* limit) {
+double ScanDoubleText(ScanSource source) {
+    const char* text = source.text;
     while (IsSpace(*text)) ++text;
     const bool negative = *text == '-';
-    const Decimal number = TakeDecimal(text + (*text == '-' || *text == '+' ? 1 : 0), limit);
+    const Decimal number = TakeDecimal(text + (*text == '-' || *text == '+' ? 1 : 0), source.limit);
     if (!number.any) return WordValue(text);
     const double value = ValueOf(number);
     return negative ? -value : value;
 }
-
-double ScanDoubleText(const char* text) { return ScanDoubleText(text, text); }
 
 }  // namespace ky
