@@ -77,8 +77,27 @@ void Search(benchmark::State& state) {
     }
 }
 
-void Print(benchmark::State& state) {
-    const std::vector<KyInt64> values = Operands<KyInt64>(1, 0);
+/// How long the printed numbers are.
+enum class Digits {
+    any,   ///< 1 to 18: the length is a surprise each time
+    many,  ///< 18 or 19: numbers picked at random from all
+    few,   ///< 3 or 4
+};
+
+template <class Number>
+std::vector<Number> PrintedNumbers(Digits digits) {
+    std::vector<Number> numbers = Operands<Number>(1, 0);
+    std::uint64_t seed = 3;
+    for (Number& number : numbers) {
+        seed = seed * 6364136223846793005u + 1442695040888963407u;
+        if (digits == Digits::many) number = Number(static_cast<std::int64_t>(seed));
+        if (digits == Digits::few) number = Number(static_cast<std::int64_t>(seed) >> 50);
+    }
+    return numbers;
+}
+
+void Print(benchmark::State& state, Digits digits) {
+    const std::vector<KyInt64> values = PrintedNumbers<KyInt64>(digits);
     KyString out;
     std::size_t i = 0;
     for (auto _ : state) {
@@ -87,8 +106,8 @@ void Print(benchmark::State& state) {
     }
 }
 
-void PrintByC(benchmark::State& state) {
-    const std::vector<std::int64_t> values = Operands<std::int64_t>(1, 0);
+void PrintByC(benchmark::State& state, Digits digits) {
+    const std::vector<std::int64_t> values = PrintedNumbers<std::int64_t>(digits);
     char out[24];
     std::size_t i = 0;
     for (auto _ : state) {
@@ -96,6 +115,12 @@ void PrintByC(benchmark::State& state) {
         benchmark::DoNotOptimize(out);
         i = (i + 1) % kCount;
     }
+}
+
+void RegisterPrint(const std::string& name, Digits digits) {
+    bench::RegisterPair(
+        "int64/print/" + name, bench::AtLeast(2.0), [=](benchmark::State& state) { Print(state, digits); },
+        [=](benchmark::State& state) { PrintByC(state, digits); });
 }
 
 template <class Operation>
@@ -118,7 +143,9 @@ const bench::AtStart here([] {
     RegisterOperation("remainder", 0.7, 0, [](auto a, auto b) { return (a | 0x4000000000000000) % b; });
     bench::RegisterPair("int64/compare/columns/1k", bench::AtLeast(0.9), CountLess<KyInt64>, CountLess<std::int64_t>);
     bench::RegisterPair("int64/compare/search/1k", bench::AtLeast(0.9), Search<KyInt64>, Search<std::int64_t>);
-    bench::RegisterPair("int64/print", bench::AtLeast(2.0), Print, PrintByC);
+    RegisterPrint("any_length", Digits::any);
+    RegisterPrint("many_digits", Digits::many);
+    RegisterPrint("few_digits", Digits::few);
 });
 
 }  // namespace

@@ -86,6 +86,18 @@ void AppendNumber(std::string& out, const KyInt64& value, const Conversion& conv
     out.append(conversion.prefix).append(start, limit);
 }
 
+std::string FormattedText(const KyInt64& value, const char* format) {
+    std::string text;
+    for (FormatWalk walk(format); walk.Next();) {
+        if (walk.CurrentConversion().base != 0) {
+            AppendNumber(text, value, walk.CurrentConversion());
+        } else {
+            text += walk.Character();
+        }
+    }
+    return text;
+}
+
 /// Reads a number at `text` and moves `text` behind it.
 KyInt64 ReadNumber(const char*& text, const Conversion& conversion) {
     const bool negative = *text == '-';
@@ -96,8 +108,9 @@ KyInt64 ReadNumber(const char*& text, const Conversion& conversion) {
     return negative ? -value : value;
 }
 
+/// One decimal conversion and nothing else, as in the row's own format.
 bool IsDecimalFormat(const char* format) {
-    return format[0] == '%' && ConversionOf(format[1]).base == 10 && format[2] == '\0';
+    return format[0] == '%' && (format[1] == 'S' || format[1] == 'd' || format[1] == 'i') && format[2] == '\0';
 }
 
 }  // namespace
@@ -108,18 +121,10 @@ KyString& KyInt64::PrintToKyString(KyString& out, const char* format) const {
     if (format == nullptr) return out = "";
     if (IsDecimalFormat(format)) {
         char text[ky::kIntegerTextSize];
-        ky::SignedText(Get8b(), text);
-        return out = text;
+        const unsigned length = ky::SignedText(Get8b(), text);
+        return out = KyString(text, static_cast<unsigned short>(length));
     }
-    std::string text;
-    for (FormatWalk walk(format); walk.Next();) {
-        if (walk.CurrentConversion().base != 0) {
-            AppendNumber(text, *this, walk.CurrentConversion());
-        } else {
-            text += walk.Character();
-        }
-    }
-    return out = text.c_str();
+    return out = FormattedText(*this, format).c_str();
 }
 
 void KyInt64::ScanFromKyString(const KyString& text, const char* format) {

@@ -11,12 +11,19 @@ namespace {
 constexpr std::uint64_t kTenToThe8 = 100'000'000;
 constexpr std::uint64_t kTenToThe16 = kTenToThe8 * kTenToThe8;
 
+/// Digits of a number below 10^8. From its bits, so that whoever needs the length does not wait for the digits.
+unsigned DigitCount(std::uint32_t number) {
+    constexpr std::uint32_t kPowers[] = {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000, 100000000};
+    number |= 1;  // one digit for 0; no other count changes, as the other powers of ten are even
+    const auto least = static_cast<unsigned>(std::bit_width(number)) * 1233 >> 12;  // 1233 / 4096: log10(2)
+    return least + (number >= kPowers[least] ? 1 : 0);
+}
+
 /// Writes a number below 10^8 without leading zeros, in 8 bytes; returns its length.
 unsigned FirstDigits(std::uint32_t number, char* out) {
-    const std::uint64_t digits = EightDigits(number);
-    const unsigned zeros = static_cast<unsigned>(std::countr_zero(digits | std::uint64_t{1} << 56)) & ~7U;
-    StoreEight((digits | kEightZeros) >> zeros, out);
-    return 8 - zeros / 8;
+    const unsigned length = DigitCount(number);
+    StoreEight((EightDigits(number) | kEightZeros) >> (64 - 8 * length), out);
+    return length;
 }
 
 void NextDigits(std::uint64_t number, char* out) {

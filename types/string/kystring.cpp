@@ -1,5 +1,7 @@
 #include "kystring.h"
 
+#include <cstring>
+
 #include "code_mapping.h"
 #include "kyi18n.h"
 #include "kystring_build.h"
@@ -27,7 +29,17 @@ KyString::KyString(unsigned char codeSetOfText, unsigned char languageOfText, co
 KyString::KyString(const char* text) : KyString(text, NotFound) {}
 
 KyString::KyString(const char* text, unsigned short n) : KyString(GetDefault8CodeSet(), GetDefaultLanguage()) {
-    MakeString(text, codeSet, static_cast<short>(n), 1);
+    if (text == nullptr || n == 0) return;
+    const std::size_t bytes = n == NotFound ? std::strlen(text) : n;
+    if (bytes >= MaxBytes || CharWidth(codeSet) != 1) {
+        MakeString(text, codeSet, static_cast<short>(n), 1);
+        return;
+    }
+    // Most strings begin here, of a text as short as a number's: one block, one copy.
+    bufferSize = static_cast<unsigned short>(bytes + 1);
+    buffer = new char[bufferSize];
+    ky::CopyBytes(buffer, text, bytes);
+    buffer[bytes] = 0;
 }
 
 KyString::KyString(const unsigned short* text) : KyString(text, NotFound) {}
