@@ -40,7 +40,7 @@ TEST(TypeLookup, TypeWithoutValuesIsRefused) {
     for (const char* type : {"illegal", "46", "KyRES_T"}) {
         const Result result = Kytm({"show", type, "1"});
         EXPECT_EQ(result.status, 2) << type;
-        EXPECT_NE(result.err.find("no values can be made of the type illegal"), std::string::npos) << result.err;
+        EXPECT_NE(result.err.find("no values of the type illegal can be made"), std::string::npos) << result.err;
     }
     EXPECT_EQ(KytmWith("1\n", {"sort", "illegal"}).status, 2);
 }

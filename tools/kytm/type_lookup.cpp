@@ -49,6 +49,20 @@ std::string NearestNames(std::string_view name) {
     return list;
 }
 
+/// What a type does not have is answered by the illegal row's functions.
+bool IsUsable(char id) {
+    KyTypeMgr& manager = Manager();
+    if (manager.CmpFuncPtrGet(id) == manager.CmpFuncPtrGet(KyRES_T) ||
+        manager.ExchangeScanFromKyStringFunc(id, nullptr) == manager.ExchangeScanFromKyStringFunc(KyRES_T, nullptr) ||
+        manager.ExchangePrintToKyStringFunc(id, nullptr) == manager.ExchangePrintToKyStringFunc(KyRES_T, nullptr)) {
+        return false;
+    }
+    void* value = manager.Create(id, 1);
+    if (value == nullptr) return false;
+    manager.Delete(id, value, 1);
+    return true;
+}
+
 }  // namespace
 
 KyTypeMgr& Manager() {
@@ -78,9 +92,7 @@ char FindType(std::string_view name) {
 
 char FindUsableType(std::string_view name) {
     const char id = FindType(name);
-    void* value = Manager().Create(id, 1);
-    if (value == nullptr) throw Failure("no values can be made of the type " + TypeName(id));
-    Manager().Delete(id, value, 1);
+    if (!IsUsable(id)) throw Failure("no values of the type " + TypeName(id) + " can be made, scanned and compared");
     return id;
 }
 

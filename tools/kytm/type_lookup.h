@@ -21,7 +21,8 @@ const char* PrintFormat(char id);   ///< "%ld"
 /// names, for anything else.
 char FindType(std::string_view name);
 
-/// The same, for work on values: throws `Failure` for types of which no value can be made.
+/// The same, for work on values: throws `Failure` for types whose values cannot be made, scanned, printed
+/// and compared.
 char FindUsableType(std::string_view name);
 
 }  // namespace kytm
