@@ -36,7 +36,7 @@ enum Accent : unsigned {
 };
 
 constexpr unsigned short LetterOrder(bool lower, unsigned accent, unsigned letter, unsigned variant = 0) {
-    return static_cast<unsigned short>(0x4000 | (lower ? 1 : 0) << 12 | accent << 7 | letter << 2 | variant);
+    return static_cast<unsigned short>(0x4000u | (lower ? 1u : 0u) << 12 | accent << 7 | letter << 2 | variant);
 }
 
 /// Letter number of a plain Latin letter of either case.

@@ -5,13 +5,10 @@
 /// collation order values.
 
 #include "kyexport.h"
+#include "kyi18n.h"
 
-class KyCodeSet;
-class KyLanguage;
 class KyString;
 class KyStringIterator;
-struct KyCharProps;
-struct KyWCharList;
 
 /// A character: a value, or a reference to a position inside a text, in which case assignment writes there.
 /// Code set or language 255: the default. A reference is valid as long as the text's buffer is.
@@ -122,8 +119,12 @@ public:
     void Destroy();  ///< frees an owned buffer
 
 private:
-    bool InOverflow() const;
-    void Advance();
+    bool InOverflow() const { return overflow != nullptr && overflowIndex < overflow->count; }
+    void Advance() {
+        if (InOverflow()) return;
+        overflow = nullptr;
+        position += codeSetCode < KyCodeSetFirst16Bit ? 1 : 2;
+    }
     unsigned short NextStoredOrder();
     unsigned short NextUnrecordedOrder(unsigned short code, unsigned short withClass);
     const KyCharProps* TakeContractions(const KyCharProps* record);

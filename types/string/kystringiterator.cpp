@@ -58,17 +58,9 @@ void KyStringIterator::Destroy() {
 
 // --- characters ---
 
-bool KyStringIterator::InOverflow() const { return overflow != nullptr && overflowIndex < overflow->count; }
-
 KyChar KyStringIterator::operator*() {
     if (InOverflow()) return KyChar(overflow->items[overflowIndex++], overflowCodeSet, language);
     return KyChar(position, codeSetCode, language, format);
-}
-
-void KyStringIterator::Advance() {
-    if (InOverflow()) return;
-    overflow = nullptr;
-    position += ky::CharWidth(codeSetCode);
 }
 
 KyStringIterator& KyStringIterator::operator++() {

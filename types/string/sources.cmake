@@ -1,5 +1,6 @@
 set(folder_sources
   code_mapping.cpp
+  key_table.cpp
   kychar.cpp
   kychar_in_string.cpp
   kystrcmp.cpp

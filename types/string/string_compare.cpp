@@ -1,117 +1,117 @@
 #include "string_compare.h"
 
+#include "key_table.h"
+#include "plain_reader.h"
+
 namespace ky {
 namespace {
 
-/// What is known of a text before its first character is read. Resolved once per comparison.
-class PlainReader {
-public:
-    explicit PlainReader(const TextView& view)
-        : set(&CodeSetOf(view.codeSet)),
-          table(set->HasPropertyTable() ? set : &CodeSetOf(KyCodeSetUnicode)),
-          rules(KyLanguageContext::QueryLanguage(view.language)),
-          width(CharWidth(view.codeSet)),
-          format(view.format) {}
-
-    unsigned Width() const { return width; }
-
-    /// The key of a character that ranks alone, whatever its neighbours are: true and the key, or false when that
-    /// needs the iterator.
-    bool KeyAt(const char* p, unsigned& key) const {
-        const unsigned short code = ReadCode(p, width, format);
-        key = 0;
-        if (code == 0) return true;
-        const KyCharProps* record = RecordOf(code);
-        if (record == nullptr || record->rules != nullptr) return false;
-        key = OrderKey(record->order, rules != nullptr ? rules->ClassOf(*record) : record->orderClass);
-        return true;
-    }
-
-    /// The character may begin a contraction.
-    bool MayJoin(const char* p) const {
-        const KyCharProps* record = RecordOf(ReadCode(p, width, format));
-        return record != nullptr && record->rules != nullptr;
-    }
-
-private:
-    const KyCharProps* RecordOf(unsigned short code) const {
-        return table->GetProperty(table == set ? code : table->MapFrom(*set, code));
-    }
-
-    const KyCodeSet* set;
-    const KyCodeSet* table;
-    const KyLanguage* rules;
-    unsigned width;
-    unsigned char format;
-};
-
 constexpr char kEmpty[2] = {};
 
-int CompareFrom(const TextView& a, const char* aText, const TextView& b, const char* bText, unsigned limit,
-                unsigned mask) {
-    KeyReader readerA(aText, a.codeSet, a.language, a.format, limit, mask);
-    KeyReader readerB(bText, b.codeSet, b.language, b.format, limit, mask);
+/// Two texts from places on at which no contraction is under way.
+struct Places {
+    const TextView& a;
+    const TextView& b;
+    const char* atA;
+    const char* atB;
+    unsigned limit;
+    unsigned mask;
+};
+
+bool AreAlike(const Places& at) {
+    return at.a.codeSet == at.b.codeSet && at.a.language == at.b.language && at.limit == CompareLimit(-1);
+}
+
+int Difference(unsigned keyA, unsigned keyB) { return static_cast<int>(keyA - keyB); }
+
+int CompareByIterator(const Places& from) {
+    KeyReader readerA(from.atA, from.a.codeSet, from.a.language, from.a.format, from.limit, from.mask);
+    KeyReader readerB(from.atB, from.b.codeSet, from.b.language, from.b.format, from.limit, from.mask);
     for (;;) {
         const unsigned keyA = readerA.Next();
         const unsigned keyB = readerB.Next();
-        if (keyA != keyB) return static_cast<int>(keyA - keyB);
+        if (keyA != keyB) return Difference(keyA, keyB);
         if (readerA.Order() == 0) return 0;
     }
 }
 
-/// Characters up to the first that differs or to the common end, which `ended` tells.
-std::size_t CommonPrefix(const char* a, const char* b, unsigned width, bool& ended) {
-    std::size_t n = 0;
-    if (width == 1) {
-        while (a[n] == b[n] && a[n] != 0) ++n;
-        ended = a[n] == b[n];
-        return n;
+/// Characters by which a comparison has to step back from the end of the common beginning, `common` characters long,
+/// so that no contraction reaches over the place. `mayJoin(n)` tells of the character n places before it.
+template <class MayJoin>
+std::size_t StepBack(std::size_t common, MayJoin mayJoin) {
+    std::size_t back = 0;
+    std::size_t apart = 0;
+    while (back != common && apart < KyContraction::Longest - 1) {
+        ++back;
+        apart = mayJoin(back) ? 0 : apart + 1;
     }
-    while (ReadUnit(a + 2 * n, 1) == ReadUnit(b + 2 * n, 1) && ReadUnit(a + 2 * n, 1) != 0) ++n;
-    ended = ReadUnit(a + 2 * n, 1) == ReadUnit(b + 2 * n, 1);
-    return n;
+    return back - apart;
 }
 
-/// Where reading can begin so that the characters from `at` on are read as they are from the text's beginning:
-/// no contraction reaches over that place.
-std::size_t StartFor(const PlainReader& reader, const char* text, std::size_t at) {
-    std::size_t apart = 0;
-    std::size_t place = at;
-    while (place != 0 && apart < KyContraction::Longest - 1) {
-        --place;
-        apart = reader.MayJoin(text + place * reader.Width()) ? 0 : apart + 1;
+int CompareByTable(Places at, const KeyTable& tableA, const KeyTable& tableB) {
+    if (AreAlike(at)) {
+        const char* start = at.atA;
+        while (*at.atA == *at.atB) {
+            if (*at.atA == 0) return 0;
+            ++at.atA;
+            ++at.atB;
+        }
+        const std::size_t back = StepBack(static_cast<std::size_t>(at.atA - start), [&](std::size_t n) {
+            return tableA[*(at.atA - n)] == KeyTable::kNeedsIterator;
+        });
+        at.atA -= back;
+        at.atB -= back;
     }
-    return place + apart;
+    for (; at.limit != 0; --at.limit, ++at.atA, ++at.atB) {
+        const unsigned keyA = tableA[*at.atA];
+        const unsigned keyB = tableB[*at.atB];
+        if (((keyA | keyB) & KeyTable::kNeedsIterator) != 0) return CompareByIterator(at);
+        if (((keyA ^ keyB) & at.mask) != 0) return Difference(keyA & at.mask, keyB & at.mask);
+        if (keyA == 0) return 0;
+    }
+    return 0;
+}
+
+/// Length in characters of the common beginning; `ended`: the texts are equal.
+std::size_t CommonBeginning(const char* a, const char* b, unsigned width, bool& ended) {
+    for (std::size_t n = 0;; ++n) {
+        const unsigned short codeA = ReadCode(a + n * width, width, 1);
+        const bool differ = codeA != ReadCode(b + n * width, width, 1);
+        ended = !differ && codeA == 0;
+        if (differ || ended) return n;
+    }
+}
+
+int CompareByRecord(Places at) {
+    const PlainReader readerA(at.a.codeSet, at.a.language, at.a.format);
+    const PlainReader readerB(at.b.codeSet, at.b.language, at.b.format);
+    if (AreAlike(at)) {
+        const unsigned width = readerA.Width();
+        bool ended;
+        std::size_t start = CommonBeginning(at.atA, at.atB, width, ended);
+        if (ended) return 0;
+        start -= StepBack(start, [&](std::size_t n) { return readerA.MayJoin(at.atA + (start - n) * width); });
+        at.atA += start * width;
+        at.atB += start * width;
+    }
+    for (; at.limit != 0; --at.limit, at.atA += readerA.Width(), at.atB += readerB.Width()) {
+        unsigned keyA;
+        unsigned keyB;
+        if (!readerA.KeyAt(at.atA, keyA) || !readerB.KeyAt(at.atB, keyB)) return CompareByIterator(at);
+        if (((keyA ^ keyB) & at.mask) != 0) return Difference(keyA & at.mask, keyB & at.mask);
+        if (keyA == 0) return 0;
+    }
+    return 0;
 }
 
 }  // namespace
 
-int CompareKeys(TextView a, TextView b, unsigned limit, unsigned mask) {
-    const PlainReader readerA(a);
-    const PlainReader readerB(b);
-    const char* atA = a.text != nullptr ? a.text : kEmpty;
-    const char* atB = b.text != nullptr ? b.text : kEmpty;
-
-    if (a.codeSet == b.codeSet && a.language == b.language && limit == CompareLimit(-1)) {
-        bool ended;
-        const std::size_t common = CommonPrefix(atA, atB, readerA.Width(), ended);
-        if (ended) return 0;
-        const std::size_t start = StartFor(readerA, atA, common) * readerA.Width();
-        atA += start;
-        atB += start;
+int CompareKeys(const TextView& a, const TextView& b, unsigned limit, unsigned mask) {
+    const Places at{a, b, a.text != nullptr ? a.text : kEmpty, b.text != nullptr ? b.text : kEmpty, limit, mask};
+    if (const KeyTable* tableA = KeyTableOf(a.codeSet, a.language)) {
+        if (const KeyTable* tableB = KeyTableOf(b.codeSet, b.language)) return CompareByTable(at, *tableA, *tableB);
     }
-    for (; limit != 0; --limit) {
-        unsigned keyA;
-        unsigned keyB;
-        if (!readerA.KeyAt(atA, keyA) || !readerB.KeyAt(atB, keyB)) {
-            return CompareFrom(a, atA, b, atB, limit, mask);
-        }
-        if (((keyA ^ keyB) & mask) != 0) return static_cast<int>((keyA & mask) - (keyB & mask));
-        if (keyA == 0) return 0;
-        atA += readerA.Width();
-        atB += readerB.Width();
-    }
-    return 0;
+    return CompareByRecord(at);
 }
 
 }  // namespace ky

@@ -17,7 +17,7 @@ struct TextView {
 };
 
 /// The difference of the first keys that differ under `mask` among the first `limit`, or 0.
-int CompareKeys(TextView a, TextView b, unsigned limit, unsigned mask);
+int CompareKeys(const TextView& a, const TextView& b, unsigned limit, unsigned mask);
 
 }  // namespace ky
 

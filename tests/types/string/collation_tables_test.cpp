@@ -23,7 +23,8 @@ constexpr unsigned char kVariantLanguage = 7;
 constexpr unsigned char kRankingLanguage = 8;
 
 constexpr unsigned short Letter(char c, bool lower = true, unsigned variant = 0) {
-    return static_cast<unsigned short>(0x4000 | (lower ? 0x1000 : 0) | ((c | 0x20) - 'a' + 3) << 2 | variant);
+    const auto letter = static_cast<unsigned>((c | 0x20) - 'a' + 3);
+    return static_cast<unsigned short>((lower ? 0x5000u : 0x4000u) | letter << 2 | variant);
 }
 
 // "ch" sorts behind c, "chs" behind that, "cz" as its own letter whose further "z" joins on; "ll" behind l in the
@@ -65,20 +66,21 @@ constexpr KyCharRules kXRules{.upperExpansion = {2, kCapitals}, .orderExpansion 
 
 constexpr KyPropertyPage kPage = [] {
     KyPropertyPage page{};
+    const auto record = [&](char c) -> KyCharProps& { return page.records[static_cast<unsigned char>(c)]; };
     for (char c = 'a'; c <= 'z'; ++c) {
         const auto lower = static_cast<unsigned char>(c);
         const auto upper = static_cast<unsigned char>(c - 32);
         page.records[lower] = {.order = Letter(c), .upper = upper};
         page.records[upper] = {.order = Letter(c, false), .lower = lower};
     }
-    page.records['*'].order = 100;
-    page.records['?'].order = 101;
-    page.records['\\'].order = 102;
-    page.records['c'].rules = &kCRules;
-    page.records['d'].rules = &kDRules;
-    page.records['l'].rules = &kLRules;
-    page.records['i'].rules = &kIRules;
-    page.records['x'] = {.order = Letter('k'), .upper = 'E', .orderClass = 1, .rules = &kXRules};
+    record('*').order = 100;
+    record('?').order = 101;
+    record('\\').order = 102;
+    record('c').rules = &kCRules;
+    record('d').rules = &kDRules;
+    record('l').rules = &kLRules;
+    record('i').rules = &kIRules;
+    record('x') = {.order = Letter('k'), .upper = 'E', .orderClass = 1, .rules = &kXRules};
     page.records[0xE1] = {.order = Letter('a'), .orderClass = 1};
     return page;
 }();

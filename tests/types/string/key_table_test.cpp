@@ -1,0 +1,62 @@
+#include "key_table.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <thread>
+#include <vector>
+
+#include "kychar.h"
+
+namespace {
+
+using ky::KeyTable;
+using ky::KeyTableOf;
+
+TEST(KeyTable, HoldsTheKeysOfTheIterator) {
+    for (const unsigned char codeSet : std::initializer_list<unsigned char>{0, 1, 2, 3, 17}) {
+        const KeyTable* table = KeyTableOf(codeSet, 0);
+        ASSERT_NE(table, nullptr);
+        EXPECT_EQ(table->keys[0], 0u);
+        for (unsigned code = 1; code < 256; ++code) {
+            const char text[] = {static_cast<char>(code), 0};
+            KyStringIterator it(text, codeSet, 0, 1);
+            const unsigned short order = it.GetNextOrder(1);
+            if ((*table)[text[0]] == KeyTable::kNeedsIterator) {
+                EXPECT_TRUE(it.OrderClass() == ky::kNoClass || !it.IsEOS()) << int{codeSet} << ' ' << code;
+                EXPECT_EQ(table->OrderOf(text[0]), 0);
+                continue;
+            }
+            EXPECT_EQ((*table)[text[0]], ky::OrderKey(order, it.OrderClass())) << int{codeSet} << ' ' << code;
+            EXPECT_EQ(table->OrderOf(text[0]), order);
+            EXPECT_EQ(it.GetNextOrder(1), 0) << "one order";
+        }
+    }
+}
+
+TEST(KeyTable, IsKeptForEightBitSetsAlone) {
+    EXPECT_EQ(KeyTableOf(1, 0), KeyTableOf(1, 0));
+    EXPECT_EQ(KeyTableOf(253, 0), nullptr);
+    EXPECT_EQ(KeyTableOf(1, 254), nullptr);
+    EXPECT_EQ(KeyTableOf(27, 0), nullptr);
+    EXPECT_EQ(KeyTableOf(1, 32), nullptr);
+}
+
+TEST(KeyTable, ManyThreadsGetTheSame) {
+    constexpr unsigned char firstFresh = 8;
+    std::array<std::array<const KeyTable*, 24>, 8> seen{};
+    std::vector<std::thread> threads;
+    for (auto& mine : seen) {
+        threads.emplace_back([&mine] {
+            for (unsigned char i = 0; i < mine.size(); ++i) {
+                mine[i] = KeyTableOf(1, static_cast<unsigned char>(firstFresh + i));
+                if ((*mine[i])['a'] == 0) mine[i] = nullptr;
+            }
+        });
+    }
+    for (std::thread& thread : threads) thread.join();
+    for (const auto& mine : seen) EXPECT_EQ(mine, seen[0]);
+    EXPECT_NE(seen[0][0], nullptr);
+}
+
+}  // namespace
