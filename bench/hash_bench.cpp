@@ -25,7 +25,7 @@ void Hash(benchmark::State& state, NumberType type, Shape shape, unsigned char f
 void Xor(benchmark::State& state, NumberType type, Shape shape) {
     const bench::Columns& columns = bench::SharedColumns();
     const bench::XorFunction combine = bench::BestXor();
-    const std::size_t size = std::size_t{type.width} * shape.count / 64 * 64;
+    const std::size_t size = std::size_t{type.width} * shape.count;
     for (auto _ : state) {
         benchmark::DoNotOptimize(combine(columns.values, size));
         benchmark::ClobberMemory();

@@ -10,7 +10,7 @@ namespace bench {
 using SwapFunction = void (*)(unsigned char* dst, const unsigned char* src, std::size_t size);
 SwapFunction BestSwap(unsigned width);
 
-/// The exclusive or of the 32-bit words of `size` bytes, a multiple of 64.
+/// The exclusive or of the 32-bit words of `size` bytes, a multiple of 4.
 using XorFunction = unsigned (*)(const unsigned char* data, std::size_t size);
 XorFunction BestXor();
 
