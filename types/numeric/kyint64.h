@@ -3,9 +3,7 @@
 
 /// `KyInt64`: a signed 64-bit integer of two 32-bit halves.
 
-#include <bit>
 #include <cstring>
-#include <type_traits>
 
 #include "kyexport.h"
 
@@ -99,20 +97,19 @@ private:
 // The halves of an object lie in memory as those of a native number do: one load or store serves both.
 static_assert(sizeof(KyInt64) == 8 && alignof(KyInt64) == 4,
               "the size word of the row and the nullable type's 12 bytes");
-static_assert(std::endian::native == std::endian::little);
+static_assert(__BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__);
 
 // Read and written as bytes: what goes through the halves is compiled to 32-bit moves, which keeps loops from
-// being vectorised.
-constexpr KyInt64::KyInt64(unsigned long long value) {
-    if (std::is_constant_evaluated()) {
-        *this = std::bit_cast<KyInt64>(value);
-    } else {
-        std::memcpy(static_cast<void*>(this), &value, sizeof value);
-    }
+// being vectorised. The halves serve constant expressions.
+constexpr KyInt64::KyInt64(unsigned long long value)
+    : low(static_cast<unsigned int>(value)), high(static_cast<int>(static_cast<unsigned int>(value >> 32))) {
+    if (!__builtin_is_constant_evaluated()) std::memcpy(static_cast<void*>(this), &value, sizeof value);
 }
 
 constexpr unsigned long long KyInt64::GetU8b() const {
-    if (std::is_constant_evaluated()) return std::bit_cast<unsigned long long>(*this);
+    if (__builtin_is_constant_evaluated()) {
+        return static_cast<unsigned long long>(static_cast<unsigned int>(high)) << 32 | low;
+    }
     unsigned long long value = 0;
     std::memcpy(&value, this, sizeof value);
     return value;
@@ -143,14 +140,12 @@ constexpr KyInt64 operator>>(const KyInt64& a, int n) {
 constexpr KyInt64 KyInt64::Division(const KyInt64& divisor, int wantRemainder) const {
     const long long a = Get8b();
     const long long b = divisor.Get8b();
-    if (b == 0) [[unlikely]] {
+    if (b == 0) {
         DivideByZero();
         return 0;
     }
-    if (b == -1) [[unlikely]]
-        return wantRemainder ? 0 : -*this;
-    if (b == kLeast) [[unlikely]]
-        return wantRemainder ? *this : 0;
+    if (b == -1) return wantRemainder ? 0 : -*this;
+    if (b == kLeast) return wantRemainder ? *this : 0;
     return wantRemainder ? a % b : a / b;
 }
 

@@ -186,7 +186,7 @@ TEST(Int64, DivisionByZeroRaisesOneAssertionAndGivesZero) {
 
 TEST(Int64, WorksInConstantExpressions) {
     static_assert(KyInt64(0xFFFFFFFFu, 0) + 1 == KyInt64(0, 1));
-    static_assert((KyInt64(7) / 2).Get8b() == 3 && KyInt64(-1.5) == -1 && KyInt64(1) << 40 > 5);
+    static_assert((KyInt64(7) / 2).Get8b() == 3 && KyInt64(-1.5) == -1 && (KyInt64(1) << 40) > 5);
 }
 
 }  // namespace
