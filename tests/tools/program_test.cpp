@@ -51,4 +51,8 @@ TEST(Program, WrongCallsEndWithTwoAndSayWhy) {
     }
 }
 
+TEST(Program, UnknownCommandIsNamed) {
+    EXPECT_NE(Kytm({"frobnicate", "o_4b"}).err.find("unknown command or option \"frobnicate\""), std::string::npos);
+}
+
 }  // namespace

@@ -8,6 +8,7 @@
 #include "commands.h"
 #include "compare_word.h"
 #include "terminal.h"
+#include "texts.h"
 
 namespace kytm {
 
@@ -162,6 +163,10 @@ private:
         out.Write(information.str());
         if (!isProblem) return kDone;
         std::string text = complaint.str();
+        const std::vector<std::string> unknown = app.remaining();
+        if (app.get_subcommands().empty() && !unknown.empty()) {
+            text = "unknown command or option " + Quoted(unknown.front()) + "; run with --help for more information";
+        }
         std::erase(text, kShield);
         while (text.ends_with('\n')) text.pop_back();
         Complain(text);
