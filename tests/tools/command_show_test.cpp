@@ -51,6 +51,9 @@ const NumberCase kNumbers[] = {
     {"o_8b", "-1", "FF FF FF FF FF FF FF FF", "FF FF FF FF FF FF FF FF", 0xFFFFFFFF, "-1"},
     {"o_u8b", "18446744073709551615", "FF FF FF FF FF FF FF FF", "FF FF FF FF FF FF FF FF", 0xFFFFFFFF,
      "18446744073709551615"},
+    {"KyInt64", "72623859790382856", "08 07 06 05 04 03 02 01", "05 06 07 08 01 02 03 04", 0x05060708,
+     "72623859790382856"},
+    {"KyBoolean", "true", "01", "01", 1, "TRUE"},
     {"o_double", "1", "00 00 00 00 00 00 F0 3F", "3F F0 00 00 00 00 00 00", 0x3FF00000, "1"},
     {"o_float", "1", "00 00 80 3F", "3F 80 00 00", 0x3F800000, "1"},
 };
@@ -144,8 +147,9 @@ TEST(Show, FormatScansAndPrints) {
 
 TEST(Show, FormatThatDoesNotFitIsRefused) {
     const std::pair<const char*, const char*> refused[] = {
-        {"o_4b", "%s"},   {"o_4b", "%n"},     {"o_4b", "%d %d"},  {"o_4b", "%*d"},        {"o_4b", "none"},
-        {"o_4b", "%.2f"}, {"o_double", "%d"}, {"o_double", "%p"}, {"o_double", "ldexp("}, {"o_char", "%s"},
+        {"o_4b", "%s"},   {"o_4b", "%n"},    {"o_4b", "%d %d"},      {"o_4b", "%*d"},
+        {"o_4b", "none"}, {"o_4b", "%.2f"},  {"o_double", "%d"},     {"o_double", "%p"},
+        {"o_4b", "%S"},   {"KyInt64", "%u"}, {"o_double", "ldexp("}, {"o_char", "%s"},
     };
     for (const auto& [type, format] : refused) {
         const Result result = Kytm({"show", type, "1", "--format", format});

@@ -41,6 +41,14 @@ const Case kCases[] = {
      {"", ".", "e5", "1e", "1e+", "0x10", "1,5", "1 2", "inf", "+Infinity", "-NaN", "nan(1)", "x"}},
     {"o_float", nullptr, {"0.1", "NaN ", "1e40"}, {"0.1f", "abc"}},
     {"o_double", "%f", {"1.5", "-2", "1e2"}, {"", "abc", "1.5.2"}},
+    {"KyInt64",
+     nullptr,
+     {"0", "-1", "007", "5 ", "9223372036854775807", "-9223372036854775808"},
+     {"", " 5", "+5", "12abc", "abc", "9223372036854775808", "99999999999999999999"}},
+    {"KyInt64", "%x", {"ff", "0xFF", "-1"}, {"g", "10000000000000000"}},
+    {"KyInt64", "%i", {"010", "08"}, {"0x10"}},
+    // Every text is a truth value: what is not true is false.
+    {"KyBoolean", nullptr, {"TRUE", "t", "1", "True", "no", "", "{NULL}"}, {"{NULL} and more"}},
     {"KyString", nullptr, {"", " ", "any text", "{NULL}", "{NUL", "\xE9"}, {"{NULL} and more"}},
 };
 

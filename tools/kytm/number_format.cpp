@@ -10,7 +10,7 @@ namespace {
 constexpr std::string_view kFlags = "-+ #0";
 constexpr std::string_view kDigits = "0123456789";
 constexpr std::string_view kLengths = "hlqjztL";
-constexpr std::string_view kWholeConversions = "diuxXo";
+constexpr std::string_view kWholeConversions = "diuSxXo";
 constexpr std::string_view kRealConversions = "eEfFgGaA";
 
 bool Contains(std::string_view set, char c) { return set.find(c) != std::string_view::npos; }

@@ -21,7 +21,7 @@ struct WholeNumber {
 struct NumberFormat {
     std::string before;
     std::string after;
-    char conversion = 0;        ///< one of d i u x X o e E f F g G a A c
+    char conversion = 0;        ///< one of d i u S x X o e E f F g G a A c; S is the 64-bit integer class's d
     bool wordsOnly17g = false;  ///< exactly "%.17g": the words are Infinity, -Infinity and NaN
 
     /// Nothing for a format with another conversion, with none, with two or with "*".
@@ -32,7 +32,7 @@ struct NumberFormat {
     bool IsReal() const;
     /// 8, 10 or 16; 0 when the text's own prefix decides.
     int Base() const;
-    bool IsSigned() const { return conversion == 'd' || conversion == 'i'; }
+    bool IsSigned() const { return conversion == 'd' || conversion == 'i' || conversion == 'S'; }
 
     /// The text between `before` and `after`, without blanks around it unless the conversion is a character. Nothing
     /// when what stands around it is not as the format says.

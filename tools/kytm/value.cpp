@@ -24,19 +24,30 @@ constexpr char kTooLong[] = "it is longer than 65531 bytes";
 constexpr char kZeroByte[] = "it holds a zero byte";
 constexpr char kBehindNull[] = "it goes on behind the text of null values";
 
+/// The date types use the letters of numbers for other things, but never one of these as the whole format.
+bool IsNumber(const NumberFormat& own) {
+    return own.IsCharacter() || own.conversion == 'd' || own.conversion == 'u' || own.conversion == 'S' ||
+           own.wordsOnly17g;
+}
+
+bool Fits(const NumberFormat& given, const NumberFormat& own) {
+    if (own.IsReal()) return given.IsReal();
+    if (own.conversion == 'S') return given.IsWhole() && given.conversion != 'u';
+    return (given.IsWhole() && given.conversion != 'S') || (given.IsCharacter() && own.IsCharacter());
+}
+
 /// The number format that texts of this type follow; nothing for types whose row has another format.
 std::optional<NumberFormat> NumberFormatOf(char id, const char* format) {
     std::optional<NumberFormat> own = NumberFormat::Parse(PrintFormat(id));
-    // The date types use the letters of the C library for other things.
-    const bool isNumber =
-        own && (own->IsCharacter() || own->conversion == 'd' || own->conversion == 'u' || own->wordsOnly17g);
-    if (!isNumber) return std::nullopt;
+    if (!own || !IsNumber(*own)) return std::nullopt;
     if (format == nullptr) return own;
 
     std::optional<NumberFormat> given = NumberFormat::Parse(format);
-    const bool fits =
-        given && (own->IsReal() ? given->IsReal() : given->IsWhole() || (own->IsCharacter() && given->IsCharacter()));
-    if (!fits) throw Failure("the format " + Quoted(format) + " does not fit the type " + TypeName(id));
+    if (!given || !Fits(*given, *own)) {
+        throw Failure("the format " + Quoted(format) + " does not fit the type " + TypeName(id));
+    }
+    // The 64-bit integer class takes no base from the text.
+    if (own->conversion == 'S' && given->conversion == 'i') given->conversion = 'd';
     return given;
 }
 
