@@ -101,7 +101,7 @@ TEST(Sort, StringTooLongForAValueIsReported) {
     const std::string longest(65531, 'x');
     const Result result = KytmWith("b\n" + longest + "\n" + longest + "y\na\n", {"sort", "KyString"});
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.out, "a\nb\n" + longest + "\n");
+    EXPECT_TRUE(result.out == "a\nb\n" + longest + "\n");
     EXPECT_NE(result.err.find("line 3"), std::string::npos);
     EXPECT_NE(result.err.find("longer than 65531 bytes"), std::string::npos);
     EXPECT_LT(result.err.size(), 300U);
