@@ -1,6 +1,7 @@
 #include "kystring.h"
 
 #include <cstring>
+#include <new>
 
 #include "code_mapping.h"
 #include "kyi18n.h"
@@ -38,7 +39,7 @@ KyString::KyString(const char* text, unsigned short n) : KyString(GetDefault8Cod
     // Most strings begin here, of a text as short as a number's: one block, one copy.
     bufferSize = static_cast<unsigned short>(bytes + 1);
     buffer = new char[bufferSize];
-    ky::CopyBytes(buffer, text, bytes);
+    ky::CopyText(buffer, text, bytes);
     buffer[bytes] = 0;
 }
 
@@ -143,7 +144,7 @@ KyChar KyString::operator[](int i) {
 
 // --- arrays of strings ---
 
-KyString* KyStringCreate(unsigned count) { return new KyString[count]; }
+KyString* KyStringCreate(unsigned count) { return new (std::nothrow) KyString[count]; }
 
 int KyStringDelete(void* values, unsigned) {
     delete[] static_cast<KyString*>(values);

@@ -223,8 +223,8 @@ static_assert(sizeof(KyString) == 16, "the size word of the string rows");
 
 KY_EXPORT KyString operator+(const KyString& a, const KyString& b);
 
-/// New strings for conversion records: an array of `count`, and the way to free it with the same count.
-/// Allocates as the string row's Create does, so the row's Delete frees it too.
+/// New strings for conversion records: an array of `count` (null when there is no memory), and the way to free it with
+/// the same count. Allocates as the string row's Create does, so the row's Delete frees it too.
 KY_EXPORT KyString* KyStringCreate(unsigned count);
 KY_EXPORT int KyStringDelete(void* values, unsigned count);
 

@@ -21,7 +21,7 @@ void BlockWriter::PutPart(const char* src, std::size_t present, std::size_t byte
     if (flag == 2) {
         if (present != 0) KyMemCpy(at, src, 2, flag, static_cast<unsigned>(present));
     } else {
-        CopyBytes(at, src, present);
+        CopyText(at, src, present);
     }
     if (present != bytes) std::memset(at + present, 0, bytes - present);
     at += bytes;
@@ -42,7 +42,7 @@ void BlockWriter::Put(const char* src, std::size_t present, std::size_t bytes, s
 
 void WorkArea::Grow(std::size_t wanted, std::size_t used) {
     std::unique_ptr<char[]> larger(new char[wanted]);
-    CopyBytes(larger.get(), data, used);
+    CopyText(larger.get(), data, used);
     heap = std::move(larger);
     data = heap.get();
     capacity = wanted;

@@ -14,7 +14,7 @@
 namespace ky {
 
 /// Copies n bytes; both pointers may be null when n is 0. Texts are short: up to 32 bytes take no call.
-inline void CopyBytes(char* dst, const char* src, std::size_t n) {
+inline void CopyText(char* dst, const char* src, std::size_t n) {
     const auto overlap = [&]<class Word>(Word first) {
         Word last;
         std::memcpy(&first, src, sizeof(Word));
@@ -76,7 +76,7 @@ public:
     /// 16-bit unit are swapped.
     void Put(const char* src, std::size_t present, std::size_t bytes, unsigned char flag = 1) {
         if (flag != 2 && present == bytes && bytes <= static_cast<std::size_t>(limit - at)) {
-            CopyBytes(at, src, bytes);
+            CopyText(at, src, bytes);
             at += bytes;
         } else {
             PutPart(src, present, bytes, flag);

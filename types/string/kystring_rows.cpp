@@ -1,37 +1,68 @@
-/// The rows of strings, in both layouts. Until the persistent forms are built they hold what follows from the
-/// class itself: making, freeing and null, on which conversion records of every type rely.
+// The rows of strings: the current one, and the one of the old persistent layout.
 
-#include "empty_row.h"
 #include "kystring.h"
+#include "kystring_slots.h"
 #include "kytypes.h"
+#include "shared_slots.h"
 
-KyIsNullFunc KyStringIsNull;
-KySetNullFunc KyStringSetNull;
+constinit KyTypeTab KyStringTab = {
+    .typeName = "KyString",
+    .typeCodeName = "KySTRING_T",
+    .Create = StringCreate,
+    .Delete = StringDelete,
+    .Store = StringStore,
+    .Load = StringLoad,
+    .NullSizeGet = StringNullSizeGet,
+    .SizeGet = StringSizeGet,
+    .SizeGetFromMemFile = StringSizeGetFromMemFile,
+    .Compare = StringCompare,
+    .EvalAndBound = KyIllegalEvalAndBound,
+    .Hash = StringHash,
+    .ConvertToKyString = KyStringConvertToKyString,
+    .ConvertFromKyString = KyStringConvertFromKyString,
+    .Constructor = KyStringConstructor,
+    .Destructor = KyStringDestructor,
+    .Assignment = KyStringAssignment,
+    .Copy = KyStringCopy,
+    .Translate = KyIllegalTranslate,
+    .IsNull = KyStringIsNull,
+    .SetNull = KyStringSetNull,
+    .printFormat = "%s",
+    .PrintToKyString = KyStringPrintToKyString,
+    .ScanFromKyString = KyStringScanFromKyString,
+    .sizeWord = sizeof(KyString),
+    .DefaultValue = KyStringDefaultValue,
+    .GetValue = KyGetValueFuncDummy,
+    .end = nullptr,
+};
 
-int KyStringIsNull(void* value) { return static_cast<KyString*>(value)->IsNullValue(); }
-
-int KyStringSetNull(void* value) { return static_cast<KyString*>(value)->SetNullValue(); }
-
-namespace {
-
-void* CreateStrings(unsigned count) { return KyStringCreate(count); }
-
-consteval KyTypeTab StringRow() {
-    KyTypeTab row = ky::EmptyRow("KyString", "KySTRING_T", "%s", sizeof(KyString));
-    row.Create = CreateStrings;
-    row.Delete = KyStringDelete;
-    return row;
-}
-
-consteval KyTypeTab NullableStringRow() {
-    KyTypeTab row = StringRow();
-    row.IsNull = KyStringIsNull;
-    row.SetNull = KyStringSetNull;
-    return row;
-}
-
-}  // namespace
-
-constinit KyTypeTab KyStringTab = NullableStringRow();
-/// Strings of the older layout have no null: it keeps no language.
-constinit KyTypeTab KyOldStringTab = StringRow();
+constinit KyTypeTab KyOldStringTab = {
+    .typeName = "KyString",
+    .typeCodeName = "KySTRING_T",
+    .Create = StringCreate,
+    .Delete = StringDelete,
+    .Store = StringOldStore,
+    .Load = StringLoad,
+    .NullSizeGet = StringNullSizeGet,
+    .SizeGet = StringOldSizeGet,
+    .SizeGetFromMemFile = StringOldSizeGetFromMemFile,
+    .Compare = StringOldCompare,
+    .EvalAndBound = KyIllegalEvalAndBound,
+    .Hash = StringOldHash,
+    .ConvertToKyString = KyStringConvertToKyString,
+    .ConvertFromKyString = KyStringConvertFromKyString,
+    .Constructor = KyStringConstructor,
+    .Destructor = KyStringDestructor,
+    .Assignment = KyStringAssignment,
+    .Copy = KyStringCopy,
+    .Translate = KyIllegalTranslate,
+    .IsNull = NoIsNullDefined,
+    .SetNull = nullptr,
+    .printFormat = "%s",
+    .PrintToKyString = KyStringPrintToKyString,
+    .ScanFromKyString = KyStringScanFromKyString,
+    .sizeWord = sizeof(KyString),
+    .DefaultValue = KyStringDefaultValue,
+    .GetValue = KyGetValueFuncDummy,
+    .end = nullptr,
+};

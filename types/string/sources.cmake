@@ -14,15 +14,21 @@ set(folder_sources
   kystring_extract.cpp
   kystring_number.cpp
   kystring_number_text.cpp
+  kystring_order.cpp
+  kystring_persistent.cpp
+  kystring_print.cpp
   kystring_replace.cpp
   kystring_rows.cpp
   kystring_search.cpp
+  kystring_slots.cpp
   kystring_split.cpp
   kystring_wildcard.cpp
   kystringiterator.cpp
   kywstring.cpp
   order_values.cpp
   string_compare.cpp
+  string_records.cpp
+  text_format.cpp
   wildcard_compare.cpp)
 set(folder_headers
   kychar.h

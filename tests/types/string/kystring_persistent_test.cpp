@@ -1,0 +1,208 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "kybase.h"
+#include "kystring.h"
+#include "kystring_slots.h"
+#include "string_texts.h"
+#include "support/guarded_buffer.h"
+#include "support/hex.h"
+
+namespace {
+
+KyString Null() {
+    KyString s;
+    s.SetNullValue();
+    return s;
+}
+
+KyString Labelled(KyString s, unsigned char codeSet, unsigned char language) {
+    s.SetCodeSetCode(codeSet);
+    s.LanguageSet(language);
+    return s;
+}
+
+/// What the row's Store writes, into a buffer of exactly the size that it returns.
+std::string Stored(const KyTypeTab& row, const KyString* strings, unsigned count, unsigned char flag) {
+    const unsigned size = row.SizeGet(strings, KyFormMemory, flag, count);
+    GuardedBuffer buffer(size);
+    std::memset(buffer.data(), 0xA5, size);
+    EXPECT_EQ(row.Store(buffer.data(), strings, flag, count), size);
+    return Hex(buffer.data(), size);
+}
+
+struct Golden {
+    const char* what;
+    std::function<KyString()> make;
+    const char* native;
+    const char* reversed;
+};
+
+const Golden kGoldens[] = {
+    {"null", Null, "04 00 00 FE 00 FF", "00 04 00 FE 00 FF"},
+    {"no buffer", [] { return KyString(1, 0); }, "04 00 01 00 00 FF", "00 04 01 00 00 FF"},
+    {"empty", [] { return Labelled("", 1, 0); }, "04 00 01 00 00 FF", "00 04 01 00 00 FF"},
+    {"abc", [] { return Labelled("abc", 1, 0); }, "07 00 01 00 61 62 63 00 FF", "00 07 01 00 61 62 63 00 FF"},
+    {"labels", [] { return Labelled("a", 2, 9); }, "05 00 02 09 61 00 FF", "00 05 02 09 61 00 FF"},
+    {"native", [] { return Labelled("a", 0, 0); }, "05 00 00 00 61 00 FF", "00 05 00 00 61 00 FF"},
+    {"units", [] { return Labelled(Wide(u"aĀ"), 253, 3); }, "08 00 FD 03 61 00 00 01 00 FF",
+     "00 08 FD 03 00 61 01 00 00 FF"},
+    {"no units", [] { return Labelled(Wide(u""), 253, 0); }, "04 00 FD 00 00 FF", "00 04 FD 00 00 FF"},
+    {"behind the terminator", [] { return Labelled(KyString("a\0b", 3), 1, 0); }, "07 00 01 00 61 00 62 00 FF",
+     "00 07 01 00 61 00 62 00 FF"},
+};
+
+TEST(StringStore, GoldenBytes) {
+    for (const Golden& golden : kGoldens) {
+        const KyString s = golden.make();
+        EXPECT_EQ(Stored(KyStringTab, &s, 1, 1), golden.native) << golden.what;
+        EXPECT_EQ(Stored(KyStringTab, &s, 1, 2), golden.reversed) << golden.what;
+        EXPECT_EQ(Stored(KyStringTab, &s, 1, 0x82), golden.reversed) << golden.what;
+    }
+}
+
+TEST(StringStore, ArraysAreRecordsBackToBack) {
+    const KyString strings[] = {Labelled("a", 1, 0), Null(), Labelled("bc", 1, 0)};
+    EXPECT_EQ(Stored(KyStringTab, strings, 3, 1), "05 00 01 00 61 00 FF 04 00 00 FE 00 FF 06 00 01 00 62 63 00 FF");
+    EXPECT_EQ(KyStringTab.Store(nullptr, nullptr, 1, 0), 0U);
+    EXPECT_EQ(KyStringTab.NullSizeGet(0), 0U);
+    EXPECT_EQ(KyStringTab.NullSizeGet(3), 18U);
+}
+
+TEST(StringStore, AtEveryOffset) {
+    const KyString strings[] = {Labelled(Wide(u"aĀ"), 253, 3), Labelled("bc", 1, 0)};
+    for (std::size_t offset = 0; offset < 8; ++offset) {
+        GuardedBuffer buffer(offset + 18);
+        EXPECT_EQ(KyStringTab.Store(buffer.data() + offset, strings, 2, 2), 18U);
+        EXPECT_EQ(Hex(buffer.data() + offset, 18), "00 08 FD 03 00 61 01 00 00 FF 00 06 01 00 62 63 00 FF");
+        KyString loaded[2];
+        EXPECT_EQ(KyStringTab.Load(loaded, buffer.data() + offset, 2, 2), 18U);
+        EXPECT_EQ(Text16(loaded[0]), u"aĀ");
+        EXPECT_EQ(Text(loaded[1]), "bc");
+    }
+}
+
+TEST(StringStore, LongestStrings) {
+    for (const KyString& s : {KyString(std::string(65531, 'x').c_str()), Wide(std::u16string(32765, u'Ā'))}) {
+        for (const unsigned char flag : std::initializer_list<unsigned char>{1, 2}) {
+            const unsigned size = KyStringTab.SizeGet(&s, KyFormMemory, flag, 1);
+            EXPECT_EQ(size, s.NullLen() == 1 ? 65537U : 65536U);
+            GuardedBuffer buffer(size);
+            EXPECT_EQ(KyStringTab.Store(buffer.data(), &s, flag, 1), size);
+            KyString loaded;
+            EXPECT_EQ(KyStringTab.Load(&loaded, buffer.data(), flag, 1), size);
+            EXPECT_EQ(Content(loaded), Content(s));
+        }
+    }
+}
+
+TEST(StringStore, HalfAUnitAtTheEndIsZero) {
+    KyString s("abcd");
+    s.CopyMapped("x", 253, -1);
+    ASSERT_EQ(s.BufferSizeGet(), 5);
+    EXPECT_EQ(Stored(KyStringTab, &s, 1, 2), "00 07 FD 00 00 78 00 00 FF");
+    EXPECT_EQ(Stored(KyStringTab, &s, 1, 1), "07 00 FD 00 78 00 00 00 FF");
+}
+
+TEST(StringLoad, GivesBackWhatWasStored) {
+    for (const Golden& golden : kGoldens) {
+        const KyString s = golden.make();
+        for (const unsigned char flag : std::initializer_list<unsigned char>{1, 2, 0x81, 0x82}) {
+            const std::vector<unsigned char> bytes = Bytes((flag & 15) == 2 ? golden.reversed : golden.native);
+            GuardedBuffer buffer(bytes);
+            KyString loaded("old content");
+            loaded.LanguageSet(77);
+            EXPECT_EQ(KyStringTab.Load(&loaded, buffer.data(), flag, 1), bytes.size()) << golden.what;
+            EXPECT_EQ(Content(loaded), Content(s)) << golden.what;
+            EXPECT_EQ(loaded.CodeSetGet(), s.CodeSetGet()) << golden.what;
+            EXPECT_EQ(loaded.LanguageGet(), s.LanguageGet()) << golden.what;
+            EXPECT_EQ(loaded.IsNullValue(), s.IsNullValue()) << golden.what;
+        }
+    }
+}
+
+TEST(StringLoad, NoneConsumesNothing) {
+    GuardedBuffer buffer(Bytes("04 00 01 00 00 FF"));
+    EXPECT_EQ(KyStringTab.Load(nullptr, buffer.data(), 1, 0), 0U);
+}
+
+TEST(StringLoad, OldLayout) {
+    for (const unsigned char flag : std::initializer_list<unsigned char>{1, 2}) {
+        GuardedBuffer buffer(Bytes(flag == 1 ? "06 00 61 62 00 00 63 00" : "00 06 61 62 00 00 63 00"));
+        KyString loaded[3] = {Wide(u"x"), Null(), "z"};
+        EXPECT_EQ(KyStringTab.Load(loaded, buffer.data(), flag, 3), 8U);
+        EXPECT_EQ(Text(loaded[0]), "ab");
+        EXPECT_EQ(Text(loaded[1]), "");
+        EXPECT_EQ(Text(loaded[2]), "c");
+        for (const KyString& s : loaded) {
+            EXPECT_EQ(s.CodeSetGet(), KyString::GetDefault8CodeSet());
+            EXPECT_EQ(s.LanguageGet(), KyString::GetDefaultLanguage());
+        }
+    }
+}
+
+TEST(StringLoad, Kept_OldLayoutReturnsTheWholeSizeWhateverTheCount) {
+    GuardedBuffer buffer(Bytes("06 00 61 62 00 00 63 00"));
+    KyString loaded;
+    EXPECT_EQ(KyStringTab.Load(&loaded, buffer.data(), 1, 1), 8U);
+    EXPECT_EQ(Text(loaded), "ab");
+    EXPECT_EQ(KyStringTab.Load(nullptr, buffer.data(), 1, 0), 8U);
+}
+
+TEST(StringOldStore, GoldenBytes) {
+    const KyString strings[] = {"ab", KyString(), Null(), Wide(u"c"), KyString("d\0e", 3)};
+    EXPECT_EQ(Stored(KyOldStringTab, strings, 5, 1), "09 00 61 62 00 00 00 63 00 64 00");
+    EXPECT_EQ(Stored(KyOldStringTab, strings, 5, 2), "00 09 61 62 00 00 00 63 00 64 00");
+    EXPECT_EQ(Stored(KyOldStringTab, strings, 0, 1), "00 00");
+}
+
+TEST(StringOldStore, LoadsAgain) {
+    const KyString strings[] = {"ab", "", "c"};
+    GuardedBuffer buffer(KyOldStringTab.SizeGet(strings, KyFormMemory, 2, 3));
+    KyOldStringTab.Store(buffer.data(), strings, 2, 3);
+    KyString loaded[3];
+    EXPECT_EQ(KyOldStringTab.Load(loaded, buffer.data(), 2, 3), buffer.size());
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(Text(loaded[i]), Text(strings[i]));
+}
+
+TEST(StringSize, OfStoredArrays) {
+    const KyString strings[] = {Labelled("a", 1, 0), Labelled(Wide(u"bc"), 253, 0), Null()};
+    for (const unsigned char flag : std::initializer_list<unsigned char>{1, 2}) {
+        GuardedBuffer buffer(KyStringTab.SizeGet(strings, KyFormMemory, flag, 3));
+        KyStringTab.Store(buffer.data(), strings, flag, 3);
+        EXPECT_EQ(buffer.size(), 7U + 10 + 6);
+        EXPECT_EQ(KyStringTab.SizeGet(buffer.data(), flag, flag, 3), buffer.size());
+        EXPECT_EQ(KyStringTab.SizeGet(buffer.data(), flag, flag, 2), 17U);
+        EXPECT_EQ(KyStringTab.SizeGet(buffer.data(), flag, 8, 3), 48U);
+        EXPECT_EQ(KyOldStringTab.SizeGet(buffer.data(), flag, flag, 3), 2U + 2 + 3 + 1);
+        MemFile file(buffer.data(), buffer.size());
+        EXPECT_EQ(KyStringTab.SizeGetFromMemFile(&file, flag, 3), buffer.size());
+        EXPECT_EQ(file.Seek(7, MemFile::begin), buffer.data() + 7);
+        EXPECT_EQ(KyStringTab.SizeGetFromMemFile(&file, flag, 2), 16U);
+        EXPECT_EQ(file.Seek(0, MemFile::current), buffer.data() + 7) << "the position stays";
+        EXPECT_EQ(KyStringTab.SizeGetFromMemFile(&file, flag, 9), 16U) << "no more are there";
+        EXPECT_EQ(KyStringTab.SizeGetFromMemFile(&file, flag, 0), 0U);
+    }
+    EXPECT_EQ(KyStringTab.SizeGet(nullptr, 8, 1, 2), 12U);
+    EXPECT_EQ(KyOldStringTab.SizeGet(nullptr, 8, 1, 2), 4U);
+}
+
+TEST(StringSize, OfOldArrays) {
+    GuardedBuffer buffer(Bytes("06 00 61 62 00 00 63 00"));
+    EXPECT_EQ(KyStringTab.SizeGet(buffer.data(), 1, 1, 3), 8U);
+    EXPECT_EQ(KyOldStringTab.SizeGet(buffer.data(), 1, 1, 3), 8U);
+    MemFile file(buffer.data(), buffer.size());
+    EXPECT_EQ(KyStringTab.SizeGetFromMemFile(&file, 1, 3), 8U);
+    EXPECT_EQ(KyOldStringTab.SizeGetFromMemFile(&file, 1, 3), 8U);
+}
+
+TEST(StringSize, FileThatEndsEarly) {
+    GuardedBuffer buffer(Bytes("07 00 01 00 61"));
+    MemFile file(buffer.data(), buffer.size());
+    EXPECT_EQ(KyStringTab.SizeGetFromMemFile(&file, 1, 2), 9U) << "the length field is there";
+    MemFile head(buffer.data(), 1);
+    EXPECT_EQ(KyStringTab.SizeGetFromMemFile(&head, 1, 2), 0U);
+}
+
+}  // namespace
