@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -28,15 +29,31 @@ std::vector<Number> Operands(std::uint64_t seed, unsigned leastShift) {
     return operands;
 }
 
+/// Three columns whose places do not depend on the allocator. Behind each stands a gap, so that what is stored in one
+/// has not the low address bits of what is read from another at the same time.
+template <class Number>
+struct ThreeColumns {
+    static constexpr std::size_t kGap = 1408 / sizeof(Number);
+    alignas(64) Number a[kCount + kGap];
+    alignas(64) Number b[kCount + kGap];
+    alignas(64) Number out[kCount + kGap];
+
+    explicit ThreeColumns(unsigned leastShift) {
+        std::ranges::copy(Operands<Number>(1, leastShift), a);
+        std::ranges::copy(Operands<Number>(2, leastShift), b);
+    }
+};
+
 /// out[i] = operation(a[i], b[i])
 template <class Number, class Operation>
 void Columns(benchmark::State& state, unsigned leastShift, Operation operation) {
-    const std::vector<Number> a = Operands<Number>(1, leastShift);
-    const std::vector<Number> b = Operands<Number>(2, leastShift);
-    std::vector<Number> out(kCount);
+    const auto columns = std::make_unique<ThreeColumns<Number>>(leastShift);
+    const Number* a = columns->a;
+    const Number* b = columns->b;
+    Number* out = columns->out;
     for (auto _ : state) {
         for (std::size_t i = 0; i < kCount; ++i) out[i] = operation(a[i], b[i]);
-        benchmark::DoNotOptimize(out.data());
+        benchmark::DoNotOptimize(out);
         benchmark::ClobberMemory();
     }
 }
@@ -44,7 +61,8 @@ void Columns(benchmark::State& state, unsigned leastShift, Operation operation) 
 /// Each result is the next one's first operand.
 template <class Number, class Operation>
 void Chain(benchmark::State& state, unsigned leastShift, Operation operation) {
-    const std::vector<Number> b = Operands<Number>(2, leastShift);
+    const auto columns = std::make_unique<ThreeColumns<Number>>(leastShift);
+    const Number* b = columns->b;
     for (auto _ : state) {
         Number value(0x123456789);
         benchmark::DoNotOptimize(value);
@@ -55,8 +73,9 @@ void Chain(benchmark::State& state, unsigned leastShift, Operation operation) {
 
 template <class Number>
 void CountLess(benchmark::State& state) {
-    const std::vector<Number> a = Operands<Number>(1, 0);
-    const std::vector<Number> b = Operands<Number>(2, 0);
+    const auto columns = std::make_unique<ThreeColumns<Number>>(0);
+    const Number* a = columns->a;
+    const Number* b = columns->b;
     for (auto _ : state) {
         int less = 0;
         for (std::size_t i = 0; i < kCount; ++i) less += a[i] < b[i] ? 1 : 0;
