@@ -97,7 +97,7 @@ TEST(Show, NullStringIsSaidToBeNull) {
     const json block = ShowJson({"KyString", "{NULL}"})[0];
     EXPECT_EQ(block["null"], true);
     EXPECT_EQ(block["texts"][0]["text"], "{NULL}");
-    EXPECT_EQ(block["hash"], "FEFE7575");
+    EXPECT_EQ(block["hash"], HexWord(HashOf(0xFEFE7575)));
     const std::string native = block["stored"][0]["bytes"];
     EXPECT_EQ(native.substr(0, 5), "04 00");
     EXPECT_EQ(native.substr(9), "FE 00 FF");

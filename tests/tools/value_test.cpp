@@ -72,11 +72,24 @@ TEST(Scan, TextsThatAreValuesAndTextsThatAreNot) {
 }
 
 TEST(Scan, SaysWhyNot) {
-    const std::pair<const char*, const char*> reasons[] = {
-        {"", "no value can be read"}, {"12abc", "not a value as a whole"}, {"70000", "does not fit"}};
-    for (const auto& [text, reason] : reasons) {
-        const Result result = Kytm({"show", "o_2b", text});
-        EXPECT_NE(result.err.find(reason), std::string::npos) << result.err;
+    struct {
+        const char* type;
+        const char* text;
+        const char* reason;
+    } const cases[] = {
+        {"o_2b", "", "no value can be read from it"},
+        {"o_2b", "12abc", "it is no number as a whole"},
+        {"o_2b", "70000", "the number does not fit in the type"},
+        {"o_double", "1.5x", "it is no number as a whole"},
+        {"BlockId", "7", "it does not have the form of the format"},
+        {"o_char", "AB", "it is not one character"},
+        {"KyInt64", "+5", "no value can be read from it"},
+        {"KyString", "{NULL} and more", "it goes on behind the text of null values"},
+    };
+    for (const auto& c : cases) {
+        const Result result = Kytm({"show", c.type, "--", c.text});
+        EXPECT_EQ(result.status, 1) << c.text;
+        EXPECT_NE(result.err.find(c.reason), std::string::npos) << result.err;
     }
 }
 

@@ -18,7 +18,9 @@ static_assert(std::endian::native == std::endian::little, "the low bytes of a nu
 constexpr std::size_t kLongestText = KyString::MaxBytes - 1;
 
 constexpr char kNoValue[] = "no value can be read from it";
-constexpr char kTextBehind[] = "it is not a value as a whole";
+constexpr char kNoNumber[] = "it is no number as a whole";
+constexpr char kNoCharacter[] = "it is not one character";
+constexpr char kOtherForm[] = "it does not have the form of the format";
 constexpr char kTooLarge[] = "the number does not fit in the type";
 constexpr char kTooLong[] = "it is longer than 65531 bytes";
 constexpr char kZeroByte[] = "it holds a zero byte";
@@ -99,20 +101,20 @@ const char* Scanner::ScanNumber(std::string_view text, void* value) {
     // A word for infinity is only read when nothing follows it, not even a blank.
     if (!number->IsCharacter()) text = WithoutBlanksBehind(text);
     const std::optional<std::string_view> inner = number->Inner(text);
-    if (!inner) return kTextBehind;
+    if (!inner) return kOtherForm;
     if (inner->empty()) return kNoValue;
     if (number->IsWhole()) return ScanWhole(*inner, text, value, number->Base());
     if (number->IsCharacter()) {
-        if (inner->size() != 1) return kTextBehind;
+        if (inner->size() != 1) return kNoCharacter;
     } else if (!IsDecimalNumber(*inner) && !IsNumberWord(*inner, number->wordsOnly17g)) {
-        return kTextBehind;
+        return kNoNumber;
     }
     return ScanTwice(text, value);
 }
 
 const char* Scanner::ScanWhole(std::string_view digits, std::string_view text, void* value, int base) {
     const std::optional<WholeNumber> given = ReadWholeNumber(digits, base);
-    if (!given) return kTextBehind;
+    if (!given) return kNoNumber;
     if (!FitsRange(*given, base)) return kTooLarge;
     std::memset(value, 0, memoryBytes);
     ScanInto(text, value);
