@@ -19,7 +19,7 @@ if(KY_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${KY_CCACHE})
 endif()
 
-add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wshadow -fno-plt)
+add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wshadow -fno-plt -fno-semantic-interposition)
 if(KY_WERROR)
   add_compile_options(-Werror)
 endif()
