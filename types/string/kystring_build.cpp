@@ -6,8 +6,6 @@
 
 namespace {
 
-enum BuildMode : unsigned short { kOverwrite = 1, kInsert = 2, kAppend = 3 };
-
 /// The byte-order flag of a source: persistent forms carry further bits, 255 is machine order.
 unsigned char SourceOrder(unsigned char flag) { return flag == 255 ? 1 : flag & 15; }
 
@@ -88,12 +86,12 @@ void KyString::MakeString(const char* src, unsigned char srcCodeSet, short n, un
         SetTail(0, src, srcCodeSet, count);
         return;
     }
-    BuildString(src, srcCodeSet, 0, 0, count, 1, kAppend, flag);
+    BuildString(src, srcCodeSet, 0, 0, count, 1, ky::kAppend, flag);
 }
 
 void KyString::BuildString(const char* src, unsigned char srcCodeSet, unsigned short pos, unsigned short srcStart,
                            unsigned short srcCount, unsigned short repeat, unsigned short mode, unsigned char flag) {
-    const bool needsSource = mode == kOverwrite || mode == kInsert;
+    const bool needsSource = mode == ky::kOverwrite || mode == ky::kInsert;
     if (needsSource && (src == nullptr || ky::AtEnd(src, ky::CharWidth(srcCodeSet)))) return;
 
     const unsigned width = ky::CharWidth(codeSet);
@@ -108,15 +106,15 @@ void KyString::BuildString(const char* src, unsigned char srcCodeSet, unsigned s
     std::int64_t size = 0;
     std::int64_t tailStart = old;
     switch (mode) {
-        case kOverwrite:
+        case ky::kOverwrite:
             size = bufferSize + added - once;
             tailStart = head + once;
             break;
-        case kInsert:
+        case ky::kInsert:
             size = std::max<std::int64_t>(bufferSize, width) + added;
             tailStart = head;
             break;
-        case kAppend:
+        case ky::kAppend:
             size = head + added + width;
             break;
         default:

@@ -13,6 +13,9 @@
 
 namespace ky {
 
+/// Modes of `KyString::BuildString`.
+enum BuildMode : unsigned short { kOverwrite = 1, kInsert = 2, kAppend = 3 };
+
 /// Copies n bytes; both pointers may be null when n is 0. Texts are short: up to 32 bytes take no call.
 inline void CopyText(char* dst, const char* src, std::size_t n) {
     const auto overlap = [&]<class Word>(Word first) {

@@ -5,12 +5,6 @@
 #include "kystring.h"
 #include "kystring_build.h"
 
-namespace {
-
-enum BuildMode : unsigned short { kOverwrite = 1, kInsert = 2 };
-
-}  // namespace
-
 KyString& KyString::CutRange(unsigned pos, unsigned n) {
     const unsigned width = ky::CharWidth(codeSet);
     const std::size_t head = std::size_t{pos} * width;
@@ -31,13 +25,14 @@ KyString& KyString::Cut(unsigned short pos, short n) {
 }
 
 KyString& KyString::Insert(const KyString& s, unsigned short pos) {
-    if (pos <= Len()) BuildString(s.StrGet(), s.codeSet, pos, 0, s.Len(), 1, kInsert, 1);
+    if (pos <= Len()) BuildString(s.StrGet(), s.codeSet, pos, 0, s.Len(), 1, ky::kInsert, 1);
     return *this;
 }
 
 KyString& KyString::Replace(const KyString& s, unsigned short pos) {
     const int count = std::min<int>(s.Len(), int{Len()} - pos);
-    if (count >= 1) BuildString(s.StrGet(), s.codeSet, pos, 0, static_cast<unsigned short>(count), 1, kOverwrite, 1);
+    if (count >= 1)
+        BuildString(s.StrGet(), s.codeSet, pos, 0, static_cast<unsigned short>(count), 1, ky::kOverwrite, 1);
     return *this;
 }
 

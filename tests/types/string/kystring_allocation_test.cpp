@@ -110,6 +110,8 @@ TEST(KyStringAllocation, EditsTakeOneBlockOfTheExactSize) {
     EXPECT_EQ(TakenByEdit(" abc ", [&](KyString& s) { s.Trim(); }), (Taken{1, 4}));
     EXPECT_EQ(TakenByEdit("abc", [&](KyString& s) { s.ToUpper(); }), (Taken{1, 4}));
     const KyString from("x");
+    EXPECT_EQ(from.Find('y', 0, 0xFFFF), KyString::NotFound)
+        << "the comparer's tables, made on first use, are not an edit's";
     EXPECT_EQ(TakenByEdit("xaxbx", [&](KyString& s) { s.ReplaceAll(from, argument, 0); }), (Taken{1, 27}));
 }
 
