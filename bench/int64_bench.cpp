@@ -120,7 +120,8 @@ void Print(benchmark::State& state, Digits digits) {
     KyString out;
     std::size_t i = 0;
     for (auto _ : state) {
-        benchmark::DoNotOptimize(values[i].PrintToKyString(out, "%S").StrGet());
+        benchmark::DoNotOptimize(&values[i].PrintToKyString(out, "%S"));
+        benchmark::ClobberMemory();
         i = (i + 1) % kCount;
     }
 }

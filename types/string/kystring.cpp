@@ -29,7 +29,11 @@ KyString::KyString(unsigned char codeSetOfText, unsigned char languageOfText, co
 
 KyString::KyString(const char* text) : KyString(text, NotFound) {}
 
-KyString::KyString(const char* text, unsigned short n) : KyString(GetDefault8CodeSet(), GetDefaultLanguage()) {
+KyString::KyString(const char* text, unsigned short n)
+    : buffer(nullptr),
+      bufferSize(0),
+      codeSet(KyLanguageContext::GetDefault8CodeSet()),
+      language(KyLanguageContext::GetDefaultLanguage()) {
     if (text == nullptr || n == 0) return;
     const std::size_t bytes = n == NotFound ? std::strlen(text) : n;
     if (bytes >= MaxBytes || CharWidth(codeSet) != 1) {
