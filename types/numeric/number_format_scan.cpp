@@ -111,28 +111,8 @@ bool MatchLiteral(const char*& text, std::string_view literal) {
     return true;
 }
 
-bool ScanDecimal(const char*& text, bool isSigned, unsigned long long& bits) {
-    SkipSpace(text);
-    const bool negative = *text == '-';
-    if (negative || *text == '+') ++text;
-    if (!IsDigit(*text)) return false;
-
-    constexpr int kSafeDigits = 18;  // fewer than 64 bits whatever they are
-    unsigned long long number = 0;
-    const char* const start = text;
-    for (; IsDigit(*text); ++text) {
-        if (text - start == kSafeDigits) break;
-        number = number * 10 + static_cast<unsigned>(*text - '0');
-    }
-    if (!IsDigit(*text)) {
-        bits = negative ? 0 - number : number;
-        return true;
-    }
-    Magnitude magnitude;
-    magnitude.Add(0, 10);
-    for (text = start; IsDigit(*text); ++text) magnitude.Add(DigitOf(*text), 10);
-    bits = magnitude.Value(negative, isSigned);
-    return true;
+bool ScanLongDecimal(const char*& text, bool isSigned, unsigned long long& bits) {
+    return ScanInteger(text, {.letter = isSigned ? 'd' : 'u'}, bits);
 }
 
 bool ScanInteger(const char*& text, const Conversion& conversion, unsigned long long& bits) {

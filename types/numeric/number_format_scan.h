@@ -19,7 +19,24 @@ bool MatchLiteral(const char*& text, std::string_view literal);
 bool ScanInteger(const char*& text, const Conversion& conversion, unsigned long long& bits);
 
 /// What a "%d" (`isSigned`) or "%u" conversion without a width reads.
-bool ScanDecimal(const char*& text, bool isSigned, unsigned long long& bits);
+bool ScanLongDecimal(const char*& text, bool isSigned, unsigned long long& bits);
+
+/// The same, at once where the number is short enough for 64 bits whatever its digits are.
+inline bool ScanDecimal(const char*& text, bool isSigned, unsigned long long& bits) {
+    constexpr int kSafeDigits = 18;
+    const char* at = text;
+    while (IsSpace(*at)) ++at;
+    const bool negative = *at == '-';
+    if (negative || *at == '+') ++at;
+    if (!IsDigit(*at)) return false;
+    const char* const start = at;
+    unsigned long long number = 0;
+    for (; IsDigit(*at); ++at) number = number * 10 + static_cast<unsigned>(*at - '0');
+    if (at - start > kSafeDigits) return ScanLongDecimal(text, isSigned, bits);
+    text = at;
+    bits = negative ? 0 - number : number;
+    return true;
+}
 
 bool ScanFloating(const char*& text, const Conversion& conversion, float& value);
 bool ScanFloating(const char*& text, const Conversion& conversion, double& value);

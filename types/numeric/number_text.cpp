@@ -34,8 +34,8 @@ KyString& PrintIntegerTo(KyString& out, const void* address, const char* format)
     const PlainFormat plain = PlainFormatOf(format);
     if (plain.recognised) {
         char text[1 + kIntegerTextSize] = {kPlainMark};
-        PlainText(plain, value, text + 1);
-        return out = plain.marked ? text : text + 1;
+        const unsigned length = PlainText(plain, value, text + 1);
+        return plain.marked ? AssignText(out, text, 1 + length) : AssignText(out, text + 1, length);
     }
 
     TextBuffer text;
@@ -69,8 +69,8 @@ void AppendCharacter(TextBuffer& text, const NumberFormat& parts, unsigned char 
 KyString& PrintDoubleTo(KyString& out, double value, const char* format) {
     if (IsOwnDoubleFormat(format)) {
         char text[kDoubleTextSize];
-        DoubleText(value, text);
-        return out = text;
+        const unsigned length = DoubleText(value, text);
+        return AssignText(out, text, length);
     }
 
     TextBuffer text;

@@ -132,7 +132,7 @@ Decimal TakeDecimal(const char* text, const char* limit) {
     Decimal number{text, text};
     const Blocks blocks(text, limit);
     const char* at = text;
-    blocks.Gather(at, number.digits);
+    for (; IsDigit(*at); ++at) number.digits = number.digits * 10 + static_cast<unsigned>(*at - '0');
     std::ptrdiff_t count = at - text;
     if (*at == '.') {
         const char* const point = at++;

@@ -11,9 +11,15 @@
 #include "kystrcmp.h"
 #include "kywstring.h"
 
+class KyString;
+
 namespace ky {
 class BlockWriter;
-}
+
+/// `out` becomes a text of the default 8-bit code set and the default language, as by the assignment of a text, whose
+/// length is known: text[length] is its first zero.
+KyString& AssignText(KyString& out, const char* text, std::size_t length);
+}  // namespace ky
 
 /// A heap-held, zero-terminated text that knows its code set and language and can be null, which is not
 /// the same as empty.
@@ -204,6 +210,7 @@ private:
     static char emptyText[2];  ///< one terminator of either width
 
     friend KyString operator+(const KyString& a, const KyString& b);
+    friend KyString& ky::AssignText(KyString& out, const char* text, std::size_t length);
 
     // Counts that are never negative and may exceed 32767, unlike those of the operations above.
     KyString(unsigned char codeSet, unsigned char language, const char* text, std::size_t bytes);

@@ -6,6 +6,7 @@ set(folder_sources
   kystrcmp.cpp
   kystring.cpp
   kystring_append.cpp
+  kystring_assign.cpp
   kystring_build.cpp
   kystring_codeset.cpp
   kystring_compare.cpp
