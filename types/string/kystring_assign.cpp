@@ -6,7 +6,7 @@ KyString& ky::AssignText(KyString& out, const char* text, std::size_t length) {
     if (length >= kMaxStringBytes || CharWidth(codeSet) != 1) return out = text;
 
     char* block = new char[length + 1];
-    CopyBytes(block, text, length);
+    CopyText(block, text, length);
     block[length] = 0;
     delete[] out.buffer;
     out.buffer = block;
