@@ -22,22 +22,44 @@ KY_KERNEL bool BlockDiffers(const unsigned char* a, const unsigned char* b) {
     return difference != 0;
 }
 
+/// Index of the first difference, which is known to stand at `at` or behind it.
+KY_KERNEL std::size_t KnownDifference(const unsigned char* a, const unsigned char* b, std::size_t at) {
+    for (;; at += 8) {
+        const std::uint64_t difference = LoadAs<std::uint64_t>(a + at) ^ LoadAs<std::uint64_t>(b + at);
+        if (difference != 0) return at + static_cast<std::size_t>(std::countr_zero(difference)) / 8;
+    }
+}
+
+/// Passes the equal blocks of `size` bytes from `at` on that lie before `end`; true at one that differs.
+template <std::size_t size>
+KY_KERNEL bool StopsAtBlock(const unsigned char* a, const unsigned char* b, std::size_t& at, std::size_t end) {
+    for (; end - at >= size; at += size) {
+        if (BlockDiffers<size>(a + at, b + at)) return true;
+    }
+    return false;
+}
+
 KY_KERNEL std::size_t FirstDifferenceText(const void* areaA, const void* areaB, std::size_t size) {
     const unsigned char* a = Advance(areaA, 0);
     const unsigned char* b = Advance(areaB, 0);
     std::size_t at = 0;
-    if (size >= 64 && !BlockDiffers<64>(a, b)) {
+    if (size < 64) {
+        if (StopsAtBlock<8>(a, b, at, size)) return KnownDifference(a, b, at);
+        while (at < size && a[at] == b[at]) ++at;
+        return at;
+    }
+    if (size >= 2048) {
+        if (BlockDiffers<64>(a, b)) return KnownDifference(a, b, 0);
         // One of the two is read along the lines of the cache from here on.
         at = 64 - (reinterpret_cast<std::uintptr_t>(a) & 63);
-        while (size - at >= 512 && !BlockDiffers<512>(a + at, b + at)) at += 512;
-        while (size - at >= 64 && !BlockDiffers<64>(a + at, b + at)) at += 64;
     }
-    for (; size - at >= 8; at += 8) {
-        const std::uint64_t difference = LoadAs<std::uint64_t>(a + at) ^ LoadAs<std::uint64_t>(b + at);
-        if (difference != 0) return at + static_cast<std::size_t>(std::countr_zero(difference)) / 8;
-    }
-    while (at < size && a[at] == b[at]) ++at;
-    return at;
+    // A block that differs is searched in smaller and smaller ones.
+    StopsAtBlock<512>(a, b, at, size);
+    StopsAtBlock<128>(a, b, at, size);
+    if (StopsAtBlock<64>(a, b, at, size)) return KnownDifference(a, b, at);
+    // The last block may begin in what is known to be equal.
+    if (at == size || !BlockDiffers<64>(a + size - 64, b + size - 64)) return size;
+    return KnownDifference(a, b, size - 64);
 }
 
 typedef std::uint64_t Vector16 __attribute__((vector_size(16)));
@@ -65,7 +87,7 @@ KY_KERNEL std::uint64_t XorWordsText(const void* area, std::size_t size) {
     }
     for (; size - at >= 8; at += 8) result ^= LoadAs<std::uint64_t>(data + at);
     std::uint64_t rest = 0;
-    std::memcpy(&rest, data + at, size - at);
+    while (size > at) rest = rest << 8 | data[--size];
     return result ^ rest;
 }
 

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <xmmintrin.h>
 
 #include "number_roster.h"
 #include "support/guarded_buffer.h"
@@ -177,6 +178,17 @@ TEST_P(NumberLaws, TheOperatorWordIsIgnored) {
         int err = -1;
         EXPECT_EQ(row.Compare(8, 0, low.data(), 0, high.data(), static_cast<unsigned short>(op), 1, err), -1);
     }
+}
+
+TEST_P(NumberLaws, TheOrderStandsWhenTheProcessorTakesSubnormalNumbersForZero) {
+    const unsigned before = _mm_getcsr();
+    _mm_setcsr(before | 0x8040);
+    for (const NumberSample& a : type.samples) {
+        for (const NumberSample& b : type.samples) {
+            EXPECT_EQ(Compare(a.memory, b.memory, KyFormMemory), (a.rank > b.rank) - (a.rank < b.rank));
+        }
+    }
+    _mm_setcsr(before);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, NumberLaws, testing::ValuesIn(NumberTypes()),
