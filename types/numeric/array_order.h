@@ -9,11 +9,12 @@
 
 namespace ky {
 
-/// Compare of arrays whose elements, `stride` bytes each, are equal where their bytes are. `compare` gives -1, 0 or 1
-/// for the elements at two addresses; it is asked only where they differ, unless there is but one.
-template <class CompareElements>
+/// Compare of arrays whose elements are `stride` bytes each. `compare` gives -1, 0 or 1 for the elements at two
+/// addresses; `skipEqual` gives how many of `count` elements, from two addresses on, are equal beyond doubt, so that
+/// `compare` is asked only where they end, unless there is but one element.
+template <class CompareElements, class SkipEqual>
 int CompareArrays(std::size_t stride, unsigned len1, const void* a, unsigned len2, const void* b, unsigned count,
-                  int& err, CompareElements compare) {
+                  int& err, CompareElements compare, SkipEqual skipEqual) {
     err = 0;
     if (count == 1) return compare(a, b);
     if (count == 0) return 0;
@@ -22,13 +23,23 @@ int CompareArrays(std::size_t stride, unsigned len1, const void* a, unsigned len
     int result = 0;
     std::size_t at = 0;
     for (; at < visited; ++at) {
-        at += FirstDifference(Advance(a, at * stride), Advance(b, at * stride), (visited - at) * stride) / stride;
+        at += skipEqual(Advance(a, at * stride), Advance(b, at * stride), visited - at);
         if (at == visited) break;
         result = compare(Advance(a, at * stride), Advance(b, at * stride));
         if (result != 0) break;
     }
     err = BufferEndError(at, visited, count);
     return result;
+}
+
+/// The same where elements are equal when their bytes are.
+template <class CompareElements>
+int CompareArrays(std::size_t stride, unsigned len1, const void* a, unsigned len2, const void* b, unsigned count,
+                  int& err, CompareElements compare) {
+    return CompareArrays(stride, len1, a, len2, b, count, err, compare,
+                         [stride](const void* x, const void* y, std::size_t elements) {
+                             return FirstDifference(x, y, elements * stride) / stride;
+                         });
 }
 
 }  // namespace ky

@@ -50,6 +50,8 @@ struct Int64LSHelper {
     static constexpr auto* Load = Int64Load;
     static constexpr auto* StoreOne = &Int64StoreOne;
     static constexpr auto* SizeGet = Int64SizeGet;
+    static constexpr auto* Print = &Int64PrintToKyString;
+    static constexpr auto* Scan = &Int64ScanFromKyString;
     static constexpr std::size_t Stride(unsigned char) { return sizeof(Element); }
 };
 

@@ -10,12 +10,14 @@
 ///   Stride(form)   bytes from one value to the next in an array of that form
 ///   ToText         the type that a value is turned into before a `KyString` is made of it
 ///   FromText       the type that a `KyString` is turned into before it becomes a value
+///   Print, Scan    the text of a value; one family serves both signednesses
 
 #include <cstddef>
 #include <cstdint>
 
 #include "kybase.h"
 #include "kytypes.h"
+#include "number_text.h"
 
 // --- signed numbers of 1, 2, 4 and 8 bytes ---
 
@@ -26,6 +28,8 @@ struct CharLSHelper {
     static constexpr auto* Store = &CharStore;
     static constexpr auto* Load = &CharStore;
     static constexpr auto* SizeGet = &CharSizeGet;
+    static constexpr auto* Print = &CharPrintToKyString;
+    static constexpr auto* Scan = &CharScanFromKyString;
     static unsigned StoreOne(void* dst, const void* src, unsigned char flag) { return CharStore(dst, src, flag, 1); }
     static constexpr std::size_t Stride(unsigned char) { return sizeof(Element); }
 };
@@ -38,6 +42,8 @@ struct ShortLSHelper {
     static constexpr auto* Load = &ShortStore;
     static constexpr auto* StoreOne = &ShortStoreOne;
     static constexpr auto* SizeGet = &ShortSizeGet;
+    static constexpr auto* Print = &ShortPrintToKyString;
+    static constexpr auto* Scan = &ShortScanFromKyString;
     static constexpr std::size_t Stride(unsigned char) { return sizeof(Element); }
 };
 
@@ -49,6 +55,8 @@ struct LongLSHelper {
     static constexpr auto* Load = &LongStore;
     static constexpr auto* StoreOne = &LongStoreOne;
     static constexpr auto* SizeGet = &LongSizeGet;
+    static constexpr auto* Print = &LongPrintToKyString;
+    static constexpr auto* Scan = &LongScanFromKyString;
     static constexpr std::size_t Stride(unsigned char) { return sizeof(Element); }
 };
 
@@ -60,6 +68,8 @@ struct O_8BLSHelper {
     static constexpr auto* Load = &O_8BStore;
     static constexpr auto* StoreOne = &O_8BStoreOne;
     static constexpr auto* SizeGet = &O_8BSizeGet;
+    static constexpr auto* Print = &O_8BPrintToKyString;
+    static constexpr auto* Scan = &O_8BScanFromKyString;
     static constexpr std::size_t Stride(unsigned char) { return sizeof(Element); }
 };
 
@@ -99,6 +109,8 @@ struct IntLSHelper {
     static constexpr auto* Store = &IntStore;
     static constexpr auto* Load = &IntLoad;
     static constexpr auto* SizeGet = &IntSizeGet;
+    static constexpr auto* Print = &IntPrintToKyString;
+    static constexpr auto* Scan = &IntScanFromKyString;
     static unsigned StoreOne(void* dst, const void* src, unsigned char flag) { return IntLoad(dst, src, flag, 1); }
     static std::size_t Stride(unsigned char form) {
         return form == KyFormMemory ? sizeof(Element) : IntSizeGet(nullptr, KyFormMemory, form, 1);
@@ -124,6 +136,8 @@ struct FloatLSHelper {
     static constexpr auto* Load = &FloatStore;
     static constexpr auto* StoreOne = &LongStoreOne;
     static constexpr auto* SizeGet = &FloatSizeGet;
+    static constexpr auto* Print = &FloatPrintToKyString;
+    static constexpr auto* Scan = &FloatScanFromKyString;
     static constexpr std::size_t Stride(unsigned char) { return sizeof(Element); }
 };
 
@@ -135,6 +149,8 @@ struct DoubleLSHelper {
     static constexpr auto* Load = &DoubleStore;
     static constexpr auto* StoreOne = &O_8BStoreOne;
     static constexpr auto* SizeGet = &DoubleSizeGet;
+    static constexpr auto* Print = &DoublePrintToKyString;
+    static constexpr auto* Scan = &DoubleScanFromKyString;
     static constexpr std::size_t Stride(unsigned char) { return sizeof(Element); }
 };
 

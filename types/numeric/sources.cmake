@@ -3,6 +3,10 @@ set(folder_sources
   int64_boolean_rows.cpp
   int64_slots.cpp
   kyint64.cpp
+  null_kernels.cpp
+  null_kernels_avx2.cpp
+  null_kernels_avx512.cpp
+  null_rows.cpp
   number_format.cpp
   number_format_print.cpp
   number_format_scan.cpp

@@ -1,0 +1,54 @@
+#include <immintrin.h>
+
+#include "null_first_other.h"
+#include "null_kernels.h"
+#include "null_plans.h"
+
+namespace ky {
+namespace {
+
+#define KY_KERNEL_TARGET __attribute__((target("avx2")))
+
+/// Bytes are permuted within 16 of them only.
+using Vector = __m128i;
+
+KY_KERNEL_TARGET inline Vector LoadVector(const unsigned char* from) {
+    return _mm_loadu_si128(reinterpret_cast<const Vector*>(from));
+}
+KY_KERNEL_TARGET inline void StoreVector(unsigned char* to, Vector vector) {
+    _mm_storeu_si128(reinterpret_cast<Vector*>(to), vector);
+}
+KY_KERNEL_TARGET inline Vector Permute(Vector vector, Vector index) { return _mm_shuffle_epi8(vector, index); }
+KY_KERNEL_TARGET inline Vector PermuteOrZero(Vector vector, Vector index) { return _mm_shuffle_epi8(vector, index); }
+KY_KERNEL_TARGET inline Vector Least(Vector a, Vector b) { return _mm_min_epu8(a, b); }
+KY_KERNEL_TARGET inline Vector SelectWhereOne(Vector selector, Vector a, Vector b) {
+    return _mm_blendv_epi8(b, a, _mm_cmpeq_epi8(selector, _mm_set1_epi8(1)));
+}
+
+inline void PackRest(NullLayout layout, NullOrder order, void* dst, const void* src, std::size_t count) {
+    PackNullablesAny(layout, order, dst, src, count);
+}
+inline void UnpackRest(NullLayout layout, NullOrder order, void* dst, const void* src, std::size_t count) {
+    UnpackNullablesAny(layout, order, dst, src, count);
+}
+
+#include "null_kernel_loops.inl"
+
+}  // namespace
+
+KY_KERNEL_TARGET void PackNullablesAvx2(NullLayout layout, NullOrder order, void* dst, const void* src,
+                                        std::size_t count) {
+    Pack(layout, order, dst, src, count);
+}
+
+KY_KERNEL_TARGET void UnpackNullablesAvx2(NullLayout layout, NullOrder order, void* dst, const void* src,
+                                          std::size_t count) {
+    Unpack(layout, order, dst, src, count);
+}
+
+KY_KERNEL_TARGET std::size_t FirstOtherNullableAvx2(NullLayout layout, const void* a, const void* b,
+                                                    std::size_t count) {
+    return detail::FirstOtherNullableText(layout, a, b, count);
+}
+
+}  // namespace ky
