@@ -13,6 +13,7 @@ namespace {
 
 // Asked while this program's own statics are made.
 const std::string nullTextAtStart = KyTypeMgr::GetNullPrintString().StrGet();
+const KyTypeMgr* const defaultManagerAtStart = DefaultTypeMgr(nullptr);
 const std::string printedAtStart = [] {
     KyTypeMgr manager(5);
     double value = 2.5;
@@ -24,6 +25,7 @@ const std::string printedAtStart = [] {
 TEST(Interface, WorksBeforeMain) {
     EXPECT_EQ(nullTextAtStart, "{NULL}");
     EXPECT_EQ(printedAtStart, "2.5");
+    EXPECT_EQ(defaultManagerAtStart, nullptr);
 }
 
 TEST(Interface, AnArrayIsStoredComparedHashedAndPrintedById) {
