@@ -218,4 +218,17 @@ TEST(Text, ConvertFromTakesMissingStringsAsEmpty) {
     manager.Delete(KyINT_T, values, 3);
 }
 
+TEST(Text, ConvertFromWithoutARecordGivesDefaultValues) {
+    KyTypeMgr manager(5);
+    for (const char id : {char{Ky1B_T}, char{Ky2B_T}, char{KyDOUBLE_T}, char{KyU4B_T}, char{KySTRING_T}}) {
+        SCOPED_TRACE(int{id});
+        void* values = manager.ConvertFrom(id, nullptr, 2);
+        void* expected = manager.DefaultValue(id, 2, 0);
+        ASSERT_NE(values, nullptr);
+        EXPECT_EQ(manager.Cmp(id, values, expected, KyCmpExact, 2, KyFormMemory), 0);
+        manager.Delete(id, values, 2);
+        manager.Delete(id, expected, 2);
+    }
+}
+
 }  // namespace

@@ -10,6 +10,7 @@
 #include "kytypmgr.h"
 #include "number_arrays.h"
 #include "raw_bytes.h"
+#include "record_text.h"
 
 namespace ky {
 
@@ -38,17 +39,16 @@ KyTypeConvertData* NumberConvertToKyString(void* value, unsigned count) {
     return KyTypeConvertData::Make(KySTRING_T, count, texts, nullptr);
 }
 
-/// Array of `count` new numbers, the caller's. A text that is missing or null gives what an empty one gives: 0.
+/// Array of `count` new numbers, the caller's. A text that is missing or null gives what an empty one gives: 0; so
+/// does every element where there is no record.
 template <class Facts>
 void* NumberConvertFromKyString(KyTypeConvertData* data, unsigned count) {
     using Element = typename Facts::Element;
     auto* values = static_cast<Element*>(NumberCreate<Facts>(count));
     if (values == nullptr) return nullptr;
     for (unsigned i = 0; i < count; ++i) {
-        const KyString* text = data->GetString(static_cast<int>(i));
-        values[i] = text == nullptr || text->IsNullValue() != 0
-                        ? Element{0}
-                        : Narrow<Element>(static_cast<typename Facts::FromText>(*text));
+        const KyString* text = TextAt(data, i);
+        values[i] = text == nullptr ? Element{0} : Narrow<Element>(static_cast<typename Facts::FromText>(*text));
     }
     return values;
 }
