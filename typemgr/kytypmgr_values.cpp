@@ -29,6 +29,7 @@ int KyTypeMgr::SetNullValue(char id, void* value) {
         KyTypeConvertData emptyText(KySTRING_T, 1, KyStringCreate(1), this);
         fresh = ConvertFrom(id, &emptyText, 1);
     }
+    if (fresh == nullptr) return 0;  // no memory, or a type without values: nothing to assign
     constexpr int fill = 1;
     row.Assignment(value, fresh, 1, fill);
     Delete(id, fresh, 1);

@@ -224,6 +224,18 @@ TEST(SetNullValue, AssignsTheValueOfAnEmptyText) {
     EXPECT_EQ(seen, "From id 11 count 1 of 1 text '' managed;Assign made 1 1;Delete made 1;");
 }
 
+TEST(SetNullValue, WithoutANewValueLeavesTheOldOne) {
+    const RowPatch row(KyEnumTab);
+    KyTypeMgr manager(5);
+    int value = 5;
+    row->ConvertFromKyString = [](KyTypeConvertData*, unsigned) -> void* { return nullptr; };
+    EXPECT_EQ(manager.SetNullValue(KyENUM_T, &value), 0);
+    EXPECT_EQ(value, 5);
+    row->ConvertFromKyString = nullptr;
+    EXPECT_EQ(manager.SetNullValue(KyENUM_T, &value), 0);
+    EXPECT_EQ(value, 5);
+}
+
 TEST(SetNullValue, WithoutAssignmentScansAZero) {
     const RowPatch row(KyEnumTab);
     row->Assignment = nullptr;
