@@ -5,6 +5,8 @@
 /// function of a row follows. An engine holds a type id and untyped pointers; everything else about
 /// a type stands in its row.
 
+#include <cstddef>
+
 #include "kyexport.h"
 
 class KyString;
@@ -200,6 +202,9 @@ struct KyTypeTab {
 };
 
 static_assert(sizeof(KyTypeTab) == 28 * sizeof(void*), "a row is 28 pointer-sized slots");
+static_assert(offsetof(KyTypeTab, Create) == 2 * sizeof(void*) && offsetof(KyTypeTab, Compare) == 9 * sizeof(void*) &&
+              offsetof(KyTypeTab, Translate) == 18 * sizeof(void*) &&
+              offsetof(KyTypeTab, sizeWord) == 24 * sizeof(void*) && offsetof(KyTypeTab, end) == 27 * sizeof(void*));
 
 /// The rows. `KyOldStringTab` is id 11 of the old array: strings in the older persistent layout.
 #define KY_ROSTER_ROW(id, constant, row) extern KY_EXPORT KyTypeTab row;

@@ -4,6 +4,8 @@
 /// The type manager: the one class through which an engine reaches the value types, the record that
 /// carries an array of values between a type and its text form, and two scanning helpers.
 
+#include <cstddef>
+
 #include "kyexport.h"
 #include "kytypes.h"
 
@@ -31,6 +33,10 @@ struct KY_EXPORT KyTypeConvertData {
     /// The string at `index`; null for an index outside 0 to count-1, for records of other types and without data.
     KyString* GetString(int index);
 };
+
+static_assert(sizeof(KyTypeConvertData) == 24 && offsetof(KyTypeConvertData, manager) == 0 &&
+              offsetof(KyTypeConvertData, data) == 8 && offsetof(KyTypeConvertData, count) == 16 &&
+              offsetof(KyTypeConvertData, typeId) == 20);
 
 /// Routes every operation on a value by its type id to the slot of the type's row.
 ///

@@ -1,6 +1,8 @@
 #ifndef ROW_LOOKUP_H
 #define ROW_LOOKUP_H
 
+#include <cstddef>
+
 #include "kytypmgr.h"
 
 namespace ky {
@@ -12,6 +14,7 @@ inline constexpr unsigned kFirstNewFactory = 4;
 
 /// The one way from a type id to a row. Ids without a row in the array in force reach the illegal row.
 inline KyTypeTab& KyTypeMgr::Row(char id) const {
+    static_assert(sizeof(KyTypeMgr) == 16 && offsetof(KyTypeMgr, rows) == 0 && offsetof(KyTypeMgr, factory) == 8);
     constexpr unsigned oldLimit = KyOldTypeIdLimit;
     constexpr unsigned newLimit = KyTypeIdLimit;
     const unsigned limit = factory < ky::kFirstNewFactory ? oldLimit : newLimit;

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <cstring>
 #include <memory>
 #include <new>
 #include <type_traits>
@@ -76,6 +78,25 @@ TEST(ConvertData, DestructionDeletesTheDataOnlyWithAManager) {
     EXPECT_EQ(deletions, 1);
     EXPECT_EQ(deleted, values);
     EXPECT_EQ(deletedCount, 3U);
+}
+
+/// What stands where a record was: whoever still points there finds it empty, not freed data.
+TEST(ConvertData, DestructionLeavesAnEmptyRecord) {
+    const RowPatch row(KyEnumTab);
+    row->Delete = RecordDelete;
+    KyTypeMgr managerOfData(5);
+    int values[3] = {};
+    for (KyTypeMgr* manager : {static_cast<KyTypeMgr*>(nullptr), &managerOfData}) {
+        alignas(KyTypeConvertData) unsigned char storage[sizeof(KyTypeConvertData)];
+        std::destroy_at(new (storage) KyTypeConvertData(KyENUM_T, 3, values, manager));
+        void* data = nullptr;
+        unsigned count = 9;
+        std::memcpy(&data, storage + offsetof(KyTypeConvertData, data), sizeof data);
+        std::memcpy(&count, storage + offsetof(KyTypeConvertData, count), sizeof count);
+        EXPECT_EQ(data, manager == nullptr ? values : nullptr);
+        EXPECT_EQ(count, 0U);
+        EXPECT_EQ(storage[offsetof(KyTypeConvertData, typeId)], 100);
+    }
 }
 
 TEST(ConvertData, SlotRecordsFreeTheirStringsOnceTheManagerIsSet) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <sstream>
 #include <string>
 
@@ -47,6 +48,27 @@ TEST(Dispatch, AManagerIsTwoFieldsAndMayBeCopied) {
     old.SetFactory(5);
     EXPECT_TRUE(UsesOldArray(copy));
     EXPECT_FALSE(UsesOldArray(old));
+}
+
+/// Managers are read by programs built elsewhere: the array in force, then the factory number kept.
+TEST(Dispatch, AManagersFieldsStandInTheirOrder) {
+    struct Case {
+        unsigned given;
+        KyTypeTab** rows;
+        unsigned kept;
+    };
+    const Case cases[] = {{2, KyOldtypetab, 2}, {5, KyNewtypetab, 5}, {11, KyOldtypetab, 3}, {200, KyNewtypetab, 4}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.given);
+        const KyTypeMgr manager(c.given);
+        KyTypeTab** rows = nullptr;
+        unsigned factory = 0;
+        const auto* bytes = reinterpret_cast<const unsigned char*>(&manager);
+        std::memcpy(&rows, bytes, sizeof rows);
+        std::memcpy(&factory, bytes + sizeof rows, sizeof factory);
+        EXPECT_EQ(rows, c.rows);
+        EXPECT_EQ(factory, c.kept);
+    }
 }
 
 TEST(Dispatch, EveryIdReachesItsRowOrTheIllegalOne) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <iterator>
 #include <set>
 #include <string>
@@ -61,6 +62,51 @@ TEST(Rows, TypesWithoutSteppingHoldTheDummy) {
          {&KyEnumTab, &KyClassIdTab, &KyBlobTab, &KyIStringTab, &KyCaseIStringTab, &KySealTab, &KyIllegalTab}) {
         EXPECT_EQ(row->GetValue, &KyGetValueFuncDummy) << row->typeName;
     }
+}
+
+/// Engines built elsewhere take a slot by its place.
+TEST(Rows, SlotsStandAtTheirPlaces) {
+    const std::size_t offsets[] = {
+        offsetof(KyTypeTab, typeName),
+        offsetof(KyTypeTab, typeCodeName),
+        offsetof(KyTypeTab, Create),
+        offsetof(KyTypeTab, Delete),
+        offsetof(KyTypeTab, Store),
+        offsetof(KyTypeTab, Load),
+        offsetof(KyTypeTab, NullSizeGet),
+        offsetof(KyTypeTab, SizeGet),
+        offsetof(KyTypeTab, SizeGetFromMemFile),
+        offsetof(KyTypeTab, Compare),
+        offsetof(KyTypeTab, EvalAndBound),
+        offsetof(KyTypeTab, Hash),
+        offsetof(KyTypeTab, ConvertToKyString),
+        offsetof(KyTypeTab, ConvertFromKyString),
+        offsetof(KyTypeTab, Constructor),
+        offsetof(KyTypeTab, Destructor),
+        offsetof(KyTypeTab, Assignment),
+        offsetof(KyTypeTab, Copy),
+        offsetof(KyTypeTab, Translate),
+        offsetof(KyTypeTab, IsNull),
+        offsetof(KyTypeTab, SetNull),
+        offsetof(KyTypeTab, printFormat),
+        offsetof(KyTypeTab, PrintToKyString),
+        offsetof(KyTypeTab, ScanFromKyString),
+        offsetof(KyTypeTab, sizeWord),
+        offsetof(KyTypeTab, DefaultValue),
+        offsetof(KyTypeTab, GetValue),
+        offsetof(KyTypeTab, end),
+    };
+    ASSERT_EQ(std::size(offsets), 28U);
+    for (std::size_t slot = 0; slot < 28; ++slot) EXPECT_EQ(offsets[slot], slot * sizeof(void*)) << slot;
+}
+
+TEST(Rows, CarryTheNamesOfTheirIdConstants) {
+#define KY_CHECK_ROW(number, constant, row)    \
+    EXPECT_EQ(int{constant}, number);          \
+    EXPECT_STREQ(row.typeCodeName, #constant); \
+    EXPECT_EQ(&row, KyNewtypetab[number]);
+    KY_TYPE_ROSTER(KY_CHECK_ROW)
+#undef KY_CHECK_ROW
 }
 
 TEST(Rows, NamesAreUnique) {

@@ -1,8 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <cstring>
+#include <limits>
 #include <string>
 
 #include "kystring.h"
+#include "kytypfmt.h"
 #include "kytypmgr.h"
 #include "number_text.h"
 
@@ -43,6 +47,36 @@ TEST(MySscanf, StoresOneNumberOfTheTargetsWidth) {
     EXPECT_EQ(Scanned<float>("1.5", "%lf", 0), 1.5F);
     EXPECT_EQ(Scanned<double>("1.5", "%f", 0), 1.5);
     EXPECT_EQ(Scanned<double>("-infinity", "%.17g", 0), -std::numeric_limits<double>::infinity());
+}
+
+TEST(MySscanf, CharactersTakeTheLowByteOfACodeOrFollowTheFormat) {
+    EXPECT_EQ(Scanned<char>("0x1241", "%c", 0), 'A');
+    EXPECT_EQ(Scanned<char>("0x41", "%d", 0), 'A') << "a code comes before any format";
+    EXPECT_EQ(Scanned<char>("0xg", "%c", 0), '0');
+    EXPECT_EQ(Scanned<char>("65", "%d", 0), 'A');
+    EXPECT_EQ(Scanned<char>("-1", "%d", 0), '\xFF');
+    EXPECT_EQ(Scanned<unsigned char>("0x1FE", "%c", 0), 0xFE);
+    EXPECT_EQ(Scanned<unsigned char>("200", "%u", 0), 200);
+}
+
+TEST(MySscanf, FloatingTextIsClampedAndNamed) {
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(Scanned<double>("1e999", "%.17g", 0), infinity);
+    EXPECT_EQ(Scanned<double>("-1e999", "%.17g", 0), -infinity);
+    EXPECT_EQ(Scanned<double>("INFINITY", "%.17g", 0), infinity);
+    EXPECT_EQ(Scanned<float>("1e99", "%.17g", 0), std::numeric_limits<float>::infinity());
+    const double nan = Scanned<double>("NaN", "%.17g", 0);
+    std::uint64_t bits = 0;
+    std::memcpy(&bits, &nan, sizeof bits);
+    EXPECT_EQ(bits, 0xFFF8000000000000U);
+}
+
+TEST(MySscanf, MantissaAndExponentAreRead) {
+    const char* const before = pSpecialDoubleFmt;
+    pSpecialDoubleFmt = "m=%lf e=%d";
+    EXPECT_EQ(Scanned<double>("m=0.75 e=3", "m=%lf e=%d", 0), 6.0);
+    EXPECT_EQ(Scanned<float>("m=0.75 e=3", "m=%lf e=%d", 0), 6.0F);
+    pSpecialDoubleFmt = before;
 }
 
 TEST(MySscanf, KeepsTheTargetWithoutANumber) {
