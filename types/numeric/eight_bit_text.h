@@ -1,8 +1,6 @@
 #ifndef EIGHT_BIT_TEXT_H
 #define EIGHT_BIT_TEXT_H
 
-#include <optional>
-
 #include "kyi18n.h"
 #include "kystring.h"
 
@@ -16,16 +14,19 @@ public:
         if (text.CodeSetGet() < KyCodeSetFirst16Bit) {
             start = text.StrGet();
         } else {
-            copy.emplace().CopyMapped(text, KyString::GetDefault8CodeSet(), -1);
-            start = copy->StrGet();
+            copy.CopyMapped(text, KyString::GetDefault8CodeSet(), -1);
+            start = copy.StrGet();
         }
     }
+
+    EightBitText(const EightBitText&) = delete;
+    EightBitText& operator=(const EightBitText&) = delete;
 
     /// Zero-terminated, never null.
     const char* Get() const { return start; }
 
 private:
-    std::optional<KyString> copy;
+    KyString copy{KyCodeSetNative, KyLanguageNeutral};
     const char* start;
 };
 
