@@ -44,7 +44,7 @@ function(ky_add_library target)
   target_link_libraries(${target}_objects PUBLIC ${arg_LINK})
 
   add_library(${target} SHARED $<TARGET_OBJECTS:${target}_objects>)
-  set_target_properties(${target} PROPERTIES OUTPUT_NAME ${arg_OUTPUT_NAME})
+  set_target_properties(${target} PROPERTIES OUTPUT_NAME ${arg_OUTPUT_NAME} INSTALL_RPATH "$ORIGIN")
   target_sources(${target} PUBLIC FILE_SET HEADERS BASE_DIRS ${arg_HEADER_DIRS} FILES ${arg_HEADERS})
   target_link_libraries(${target} PUBLIC ${arg_LINK})
   target_link_options(${target} PRIVATE -Wl,--as-needed)
