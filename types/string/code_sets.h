@@ -12,10 +12,16 @@ namespace ky {
 /// Bytes of one character of a code set: 1 below 225, else 2.
 constexpr unsigned CharWidth(unsigned char codeSet) { return codeSet < KyCodeSetFirst16Bit ? 1 : 2; }
 
-/// The code set object of a text's code set number, 0 being the native one and 255, as a text's number, the default
-/// 16-bit one. A number that has no code set reads as the native one (8-bit) or as Unicode (16-bit).
-inline const KyCodeSet& CodeSetOf(unsigned char codeSet) {
-    if (codeSet == KyCodeSetDefault) codeSet = KyLanguageContext::GetDefault16CodeSet();
+/// The code set number of a text's characters. A text labelled 255 has 16-bit characters: those of the default 16-bit
+/// code set.
+inline unsigned char TextCodeSet(unsigned char codeSet) {
+    return codeSet == KyCodeSetDefault ? KyLanguageContext::GetDefault16CodeSet() : codeSet;
+}
+
+/// The code set object of a text's code set number, 0 being the native one. A number that has no code set reads as
+/// the native one (8-bit) or as Unicode (16-bit).
+inline const KyCodeSet& CodeSetOf(unsigned char textCodeSet) {
+    const unsigned char codeSet = TextCodeSet(textCodeSet);
     const KyCodeSet* object = KyLanguageContext::QueryCodeSet(codeSet);
     if (object != nullptr) return *object;
     return *KyLanguageContext::QueryCodeSet(CharWidth(codeSet) == 1 ? KyCodeSetNative : KyCodeSetUnicode);

@@ -5,6 +5,7 @@
 
 #include <optional>
 
+#include "code_sets.h"
 #include "key_table.h"
 #include "kychar.h"
 #include "order_key.h"
@@ -24,7 +25,7 @@ public:
           at(text),
           left(limit),
           mask(keyMask),
-          codeSet(textCodeSet),
+          codeSet(TextCodeSet(textCodeSet)),
           language(textLanguage),
           format(textFormat) {
         if (table == nullptr) ReadOnByIterator();

@@ -9,10 +9,6 @@ unsigned char Resolve8CodeSet(unsigned char codeSet) {
     return codeSet == KyCodeSetDefault ? KyLanguageContext::GetDefault8CodeSet() : codeSet;
 }
 
-unsigned char Resolve16CodeSet(unsigned char codeSet) {
-    return codeSet == KyCodeSetDefault ? KyLanguageContext::GetDefault16CodeSet() : codeSet;
-}
-
 unsigned char ResolveLanguage(unsigned char language) {
     return language == KyLanguageDefault ? KyLanguageContext::GetDefaultLanguage() : language;
 }
@@ -43,8 +39,8 @@ KyChar::KyChar(char c, unsigned char charCodeSet, unsigned char charLanguage)
 
 KyChar::KyChar(unsigned short c, unsigned char charCodeSet, unsigned char charLanguage)
     : ref(nullptr),
-      value(NarrowTo(Resolve16CodeSet(charCodeSet), c)),
-      codeSet(Resolve16CodeSet(charCodeSet)),
+      value(NarrowTo(ky::TextCodeSet(charCodeSet), c)),
+      codeSet(ky::TextCodeSet(charCodeSet)),
       language(ResolveLanguage(charLanguage)),
       format(1) {}
 

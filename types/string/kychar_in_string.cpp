@@ -1,3 +1,5 @@
+#include "code_sets.h"
 #include "kystring.h"
 
-KyChar::KyChar(KyString& s, int byteOffset) : KyChar(s.StrGet() + byteOffset, s.CodeSetGet(), s.LanguageGet(), 1) {}
+KyChar::KyChar(KyString& s, int byteOffset)
+    : KyChar(s.StrGet() + byteOffset, ky::TextCodeSet(s.CodeSetGet()), s.LanguageGet(), 1) {}

@@ -39,15 +39,17 @@ KyString& KyString::Replace(const KyString& s, unsigned short pos) {
 // --- trimming ---
 
 unsigned KyString::LeadingSpaces(unsigned length) const {
-    const unsigned width = ky::CharWidth(codeSet);
+    const unsigned char charCodeSet = ky::TextCodeSet(codeSet);
+    const unsigned width = ky::CharWidth(charCodeSet);
     unsigned n = 0;
-    while (n < length && KyChar(buffer + n * width, codeSet, language, 1).IsSpace()) ++n;
+    while (n < length && KyChar(buffer + n * width, charCodeSet, language, 1).IsSpace()) ++n;
     return n;
 }
 
 unsigned KyString::LengthWithoutTrailingSpaces(unsigned length) const {
-    const unsigned width = ky::CharWidth(codeSet);
-    while (length > 0 && KyChar(buffer + (length - 1) * width, codeSet, language, 1).IsSpace()) --length;
+    const unsigned char charCodeSet = ky::TextCodeSet(codeSet);
+    const unsigned width = ky::CharWidth(charCodeSet);
+    while (length > 0 && KyChar(buffer + (length - 1) * width, charCodeSet, language, 1).IsSpace()) --length;
     return length;
 }
 
@@ -89,7 +91,8 @@ KyString& KyString::ToUpper() {
 
 KyString& KyString::Transform(KyCharOperation& op) {
     if (buffer == nullptr) return *this;
-    const unsigned width = ky::CharWidth(codeSet);
+    const unsigned char charCodeSet = ky::TextCodeSet(codeSet);
+    const unsigned width = ky::CharWidth(charCodeSet);
     const std::size_t limit = MaxBytes - width;
     ky::WorkArea work(2 * std::size_t{bufferSize});
     std::size_t used = 0;
@@ -99,7 +102,7 @@ KyString& KyString::Transform(KyCharOperation& op) {
             ky::CheckStringOverflow();
             break;
         }
-        KyChar(work.At(used, width), codeSet, language, 1) = op(*source, &source);
+        KyChar(work.At(used, width), charCodeSet, language, 1) = op(*source, &source);
     }
     ky::BlockWriter block(used + width, width);
     block.Put(work.At(0, 0), used, used);

@@ -59,7 +59,7 @@ long long ReadLongLong(const KyString& s, unsigned base) {
 }  // namespace
 
 bool KyString::BeginsLikeNumber() const {
-    const KyChar first(StrGet(), codeSet, language, 1);
+    const KyChar first(StrGet(), ky::TextCodeSet(codeSet), language, 1);
     return first.CodeGet() == '-' || first.IsDigit();
 }
 

@@ -13,10 +13,6 @@ unsigned char Or8BitDefault(unsigned char codeSet) {
     return codeSet == KyCodeSetDefault ? KyLanguageContext::GetDefault8CodeSet() : codeSet;
 }
 
-unsigned char Or16BitDefault(unsigned char codeSet) {
-    return codeSet == KyCodeSetDefault ? KyLanguageContext::GetDefault16CodeSet() : codeSet;
-}
-
 }  // namespace
 
 KyStringIterator::KyStringIterator(const char* text, unsigned char textCodeSet, unsigned char textLanguage,
@@ -37,9 +33,10 @@ KyStringIterator::KyStringIterator(const char* text, unsigned char textCodeSet, 
 
 KyStringIterator::KyStringIterator(unsigned short* text, unsigned char textCodeSet, unsigned char textLanguage,
                                    unsigned char textFormat)
-    : KyStringIterator(reinterpret_cast<const char*>(text), Or16BitDefault(textCodeSet), textLanguage, textFormat) {}
+    : KyStringIterator(reinterpret_cast<const char*>(text), ky::TextCodeSet(textCodeSet), textLanguage, textFormat) {}
 
-KyStringIterator::KyStringIterator(KyString& s) : KyStringIterator(s.StrGet(), s.CodeSetGet(), s.LanguageGet(), 1) {}
+KyStringIterator::KyStringIterator(KyString& s)
+    : KyStringIterator(s.StrGet(), ky::TextCodeSet(s.CodeSetGet()), s.LanguageGet(), 1) {}
 
 KyStringIterator::KyStringIterator(const KyChar& c)
     : KyStringIterator(static_cast<const char*>(nullptr), c.CodeSetGet(), c.LanguageGet(), 1) {

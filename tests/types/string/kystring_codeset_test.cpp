@@ -45,6 +45,29 @@ TEST(MapToCodeSet, ConvertsAndRelabels) {
     EXPECT_EQ(none.BufferSizeGet(), 0);
 }
 
+TEST(MapToCodeSet, CutsWhatNoLongerFits) {
+    const OverflowSwitch config(1);
+    KyString s(std::string(32765, 'x').c_str());
+    s.MapToCodeSet(kUnicode);
+    EXPECT_EQ(s.Len(), 32765);
+    EXPECT_TRUE(OverflowSwitch::Raised().empty());
+    s = std::string(32766, 'x').c_str();
+    s.SetCodeSet(kUnicode);
+    EXPECT_EQ(s.Len(), 32765);
+    EXPECT_EQ(s.BufferSizeGet(), 65532);
+    EXPECT_EQ(OverflowSwitch::Raised().size(), 1U);
+}
+
+TEST(MapToCodeSet, ConvertsWithinOneWidth) {
+    KyString s("a\x80");
+    s.SetCodeSetCode(kWindows);
+    s.MapToCodeSet(kLatin1);
+    EXPECT_EQ(Text(s), "a?") << "unlike SetCodeSet";
+    KyString euro = Wide(u"\u20AC");
+    euro.MapToCodeSet(kWindows);
+    EXPECT_EQ(Text(euro), "\x80");
+}
+
 TEST(MapToCodeSet, FromTheNativeCodeSet) {
     KyString s(static_cast<unsigned char>(0), 0);
     s += "ab";
@@ -93,6 +116,16 @@ TEST(CopyMapped, TakesCharactersAndLanguage) {
     EXPECT_EQ(Text(s), "");
 }
 
+TEST(CopyMapped, NativeIsConvertedToButLabelled0) {
+    KyString s;
+    EXPECT_EQ(s.CopyMapped(Wide(u"a\u20AC"), 0, -1), 2);
+    EXPECT_EQ(Text(s), "a?");
+    EXPECT_EQ(s.CodeSetGet(), 0);
+    EXPECT_EQ(s.CopyMapped("abc", kLatin1, 5), 3) << "no more than there is";
+    EXPECT_EQ(s.BufferSizeGet(), 6) << "but room for what was asked";
+    EXPECT_EQ(Content(s), std::string("abc\0\0", 5));
+}
+
 TEST(CopyMapped, OntoItselfIsRefused) {
     KyString s("abc");
     EXPECT_EQ(s.CopyMapped(s, kUnicode, -1), -2002);
@@ -128,6 +161,32 @@ TEST(CopyMapped, CountsAbove32767AndTheWholeText) {
     EXPECT_TRUE(OverflowSwitch::Raised().empty());
     EXPECT_EQ(s.CopyMapped(text.c_str(), kUnicode, -1), 32765);
     EXPECT_EQ(OverflowSwitch::Raised().size(), 1U);
+}
+
+/// Such a text has 16-bit characters, those of the default 16-bit code set.
+TEST(CodeSetNumber255, IsA16BitTextEverywhere) {
+    KyString s(KyCodeSetDefault, 0);
+    s << " aB ";
+    EXPECT_EQ(Text16(s), u" aB ");
+    EXPECT_EQ(Text16(s.Trim()), u"aB");
+    EXPECT_EQ(Text16(s.ToUpper()), u"AB");
+    EXPECT_EQ(s[1].CodeGet(), 'B');
+    EXPECT_EQ(s[1].CodeSetGet(), KyString::GetDefault16CodeSet());
+    for (const unsigned short op : std::initializer_list<unsigned short>{0, 0x10, 0x100}) {
+        EXPECT_EQ(s.Compare("AB", -1, op), 0) << op;
+        EXPECT_EQ(KyString("AB").Compare(s, -1, op), 0) << op;
+        EXPECT_EQ(s.Find("B", 0, op), 1) << op;
+    }
+    EXPECT_NE(s.Compare("A", -1, 0x100), 0);
+    KyString number(KyCodeSetDefault, 0);
+    number << static_cast<unsigned short>(0xB2) << "5";
+    int value = 1;
+    EXPECT_EQ(number.Atol(value), 0) << "a superscript two is a digit";
+    number.Cut(0, 1);
+    EXPECT_EQ(number.Atol(value), 0);
+    EXPECT_EQ(value, 5);
+    EXPECT_EQ(number.MapToCodeSet(kLatin1), 0);
+    EXPECT_EQ(Text(number), "5");
 }
 
 TEST(CopyMapped, OfANullStringIsNull) {
