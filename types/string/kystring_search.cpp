@@ -20,7 +20,7 @@ Searcher::Searcher(const KyString& searched, unsigned short givenOp)
 }
 
 PrefixMatch Searcher::MatchAt(const KyString& text, const char* position) const {
-    if (wild && !text.IsNullValue() && !pattern.IsNullValue()) {
+    if (wild && !pattern.IsNullValue()) {
         return MatchPrefix(text.CodeSetGet(), text.LanguageGet(), position, pattern.CodeSetGet(), pattern.LanguageGet(),
                            pattern.StrGet(), op);
     }

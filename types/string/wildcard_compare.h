@@ -20,7 +20,7 @@ enum class PrefixMatch {
 /// `never` the search is still right, but a long text takes quadratic time.
 ///
 /// Code sets, languages and the bits of `op` are those of `KyStrCmp`; neither 0x10 nor 0x100 is set. Texts are
-/// zero-terminated, 16-bit ones in machine byte order; none is null.
+/// zero-terminated, 16-bit ones in machine byte order; neither pointer is null. A text labelled null is read as it is.
 PrefixMatch MatchPrefix(unsigned char codeSet, unsigned char language, const char* text, unsigned char patternCodeSet,
                         unsigned char patternLanguage, const char* pattern, unsigned short op);
 

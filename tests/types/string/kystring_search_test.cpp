@@ -86,6 +86,17 @@ TEST(KyStringFind, PrefixMatchWorksWithAnyAsterisk) {
     EXPECT_EQ(Wide(u"abcd").Find(Wide(u"b"), 0, kWild), 1);
 }
 
+TEST(KyStringFind, InANullStringThatHoldsText) {
+    KyString null;
+    null.SetNullValue();
+    null += "abc";
+    EXPECT_EQ(null.Find("b", 0, kWild), 1) << "a null can match a pattern";
+    EXPECT_EQ(null.Find("x", 0, kWild), kNone);
+    EXPECT_EQ(null.Find("b", 0, 0x100), kNone) << "but is below every text";
+    EXPECT_EQ(KyString("abc").Find(null, 0, kWild), kNone);
+    EXPECT_EQ(null.Find(null, 0, 0x100), 0);
+}
+
 TEST(KyStringFind, OneCharacter) {
     EXPECT_EQ(KyString("abc").Find('c', 0, kDefault), 2);
     EXPECT_EQ(KyString("abc").Find(static_cast<unsigned short>('c'), 1, kDefault), 2);
@@ -133,6 +144,22 @@ TEST(KyStringCompare, DoesNotTakeTextsForPatterns) {
     EXPECT_TRUE(KyString("a?c") == KyString("a?c"));
 }
 
+TEST(KyStringCompare, InequalityIsTheResultItself) {
+    const KyString a("a");
+    const KyString b("b");
+    EXPECT_EQ(a != b, a.Compare(b, -1, 0xFFFF));
+    EXPECT_LT(a != b, -1);
+    EXPECT_GT(b != a, 1);
+}
+
+TEST(KyStringCompare, AnObjectEqualsItselfWhateverItsComparison) {
+    const OtherDefaults restored;
+    KyString::SetDefaultCmpOp(0);
+    const KyString broken("a\\");
+    EXPECT_NE(broken.Compare(broken, -1, 0xFFFF), 0) << "as a pattern it matches nothing";
+    EXPECT_TRUE(broken == broken);
+}
+
 TEST(KyStringCompare, UsesTheDefaultOperator) {
     const OtherDefaults restored;
     KyString::SetDefaultCmpOp(0);
@@ -173,6 +200,9 @@ TEST(KyStringCompare, Kept_NullEqualsEmptyWhenLanguagesAreIgnored) {
     null.SetNullValue();
     EXPECT_TRUE(null.EqualsIgnoreLanguage(KyString("")));
     EXPECT_FALSE(null.EqualsIgnoreLanguage(KyString("a")));
+    KyString other(null);
+    other += "text";
+    EXPECT_TRUE(null.EqualsIgnoreLanguage(other)) << "equal languages are kept: two nulls";
 }
 
 // --- wildcard characters ---
@@ -236,6 +266,21 @@ TEST(KySplitList, PositionsAndTheEnd) {
     EXPECT_EQ(KySplitList(list, item, ",", pos), -2005);
     EXPECT_EQ(Text(item), "c");
     EXPECT_EQ(pos, 5);
+}
+
+TEST(KySplitList, FollowsTheDefaultOperatorAndWidth) {
+    KyString item;
+    unsigned short pos = 0;
+    KyString list = Wide(u"a\u0100 b");
+    list.LanguageSet(4);
+    EXPECT_EQ(KySplitList(list, item, Wide(u"\u0100"), pos), 0);
+    EXPECT_EQ(Text16(item), u"a");
+    EXPECT_EQ(item.LanguageGet(), 4);
+    EXPECT_EQ(KySplitList(list, item, Wide(u"\u0100"), pos), 0);
+    EXPECT_EQ(Text16(item), u"b");
+    const OtherDefaults restored;
+    KyString::SetDefaultCmpOp(0x20);
+    EXPECT_EQ(Items("1x2X3", "x"), (std::vector<std::string>{"1", "2", "3"}));
 }
 
 TEST(KySplitList, LongItemsAndItself) {
