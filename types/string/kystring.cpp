@@ -10,7 +10,7 @@
 
 using ky::CharWidth;
 
-char KyString::emptyText[2] = {};
+alignas(2) char KyString::emptyText[2] = {};
 
 // --- construction ---
 

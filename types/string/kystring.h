@@ -5,6 +5,7 @@
 /// iterators (`kychar.h`), collation (`kystrcmp.h`), 16-bit text (`kywstring.h`).
 
 #include <cstddef>
+#include <type_traits>
 
 #include "kychar.h"
 #include "kyexport.h"
@@ -61,11 +62,14 @@ public:
     }
     ~KyString() { delete[] buffer; }
 
-    // Every other constructor argument is assigned by way of its constructor.
+    // Every constructor argument is assigned by way of its constructor.
     KyString& operator=(const KyString& other);
     KyString& operator=(KyString&& other) noexcept;
     /// May point into the string itself. Code set and language become the defaults.
     KyString& operator=(const char* text);
+    /// A character or number. Not left to the conversions, where a 0 would be a null text.
+    template <class Value>
+    requires std::is_arithmetic_v<Value> KyString& operator=(Value value) { return *this = KyString(value); }
 
     // --- content and state ---
     /// Never null; a static empty text where there is no buffer. Valid until the next change.
@@ -207,7 +211,7 @@ private:
     unsigned char codeSet;
     unsigned char language;
 
-    static char emptyText[2];  ///< one terminator of either width
+    alignas(2) static char emptyText[2];  ///< one terminator of either width
 
     friend KyString operator+(const KyString& a, const KyString& b);
     friend KyString& ky::AssignText(KyString& out, const char* text, std::size_t length);

@@ -132,8 +132,10 @@ void KyString::BuildString(const char* src, unsigned char srcCodeSet, unsigned s
 }
 
 void* KyString::Alloc(short size) {
-    bufferSize = static_cast<unsigned short>(size);
-    return new char[bufferSize]();
+    const auto bytes = static_cast<unsigned short>(size);
+    char* block = new char[bytes]();
+    bufferSize = bytes;
+    return block;
 }
 
 void KyString::TakeOver(ky::BlockWriter& block) {

@@ -12,8 +12,12 @@ namespace {
 
 std::size_t blocksTaken = 0;
 std::size_t bytesTaken = 0;
+/// Blocks until there is no more memory; negative: there is enough.
+int blocksLeft = -1;
 
 void* Take(std::size_t size) {
+    if (blocksLeft == 0) throw std::bad_alloc();
+    if (blocksLeft > 0) --blocksLeft;
     ++blocksTaken;
     bytesTaken += size;
     void* block = std::malloc(size != 0 ? size : 1);
@@ -141,6 +145,76 @@ TEST(KyStringAllocation, SumsAndPiecesTakeOneBlock) {
     EXPECT_EQ(TakenBy([&] { const KyString piece = b.Copy(1, 2); }), (Taken{1, 3}));
     EXPECT_EQ(TakenBy([&] { const KyString piece = b.Left(9); }), (Taken{1, 5}));
     EXPECT_EQ(TakenBy([&] { const KyString piece = b.Right(0); }), (Taken{0, 0}));
+}
+
+TEST(KyStringAllocation, MappingsTakeOneBlockOrNone) {
+    KyString s("abc");
+    EXPECT_EQ(TakenBy([&] { s.MapToCodeSet(KyCodeSetUnicode); }), (Taken{1, 8}));
+    EXPECT_EQ(TakenBy([&] { s.SetCodeSet(KyCodeSetLatin1); }), (Taken{1, 4}));
+    const KyString wide = Wide(u"ab");
+    EXPECT_EQ(TakenBy([&] { s.CopyMapped(wide, KyCodeSetLatin1, -1); }), (Taken{0, 0}));
+    EXPECT_EQ(TakenBy([&] { s.CopyMapped(wide, KyCodeSetUnicode, -1); }), (Taken{1, 6}));
+}
+
+/// Runs `edit` with memory for none, one, ... blocks until it succeeds; whenever memory fails the text and its label
+/// have to be as before.
+template <class Edit>
+void FailEveryBlock(const char* name, Edit edit) {
+    for (const std::string& text : {std::string("a-b-c"), std::string(3000, 'a')}) {
+        bool succeeded = false;
+        for (int blocks = 0; !succeeded && blocks < 20; ++blocks) {
+            KyString s(text.c_str());
+            s.LanguageSet(3);
+            blocksLeft = blocks;
+            try {
+                edit(s);
+                succeeded = true;
+            } catch (const std::bad_alloc&) {
+            }
+            blocksLeft = -1;
+            if (succeeded) {
+                EXPECT_GT(blocks, 0) << name << " takes a block";
+                continue;
+            }
+            ASSERT_EQ(Text(s), text) << name << ' ' << blocks;
+            ASSERT_EQ(s.BufferSizeGet(), text.size() + 1) << name << ' ' << blocks;
+            ASSERT_EQ(s.CodeSetGet(), KyString::GetDefault8CodeSet()) << name << ' ' << blocks;
+            ASSERT_EQ(s.LanguageGet(), 3) << name << ' ' << blocks;
+        }
+        EXPECT_TRUE(succeeded) << name;
+    }
+}
+
+TEST(KyStringAllocation, FailureLeavesTheStringAsItWas) {
+    const KyString argument("argument");
+    const KyString wide = Wide(std::u16string(1000, u'w'));
+    const KyString a("a");
+    FailEveryBlock("=", [&](KyString& s) { s = argument; });
+    FailEveryBlock("= text", [&](KyString& s) { s = "text"; });
+    FailEveryBlock("+=", [&](KyString& s) { s += argument; });
+    FailEveryBlock("+= mapped", [&](KyString& s) { s += wide; });
+    FailEveryBlock("<<", [&](KyString& s) { s << 12; });
+    FailEveryBlock("Insert", [&](KyString& s) { s.Insert(argument, 1); });
+    FailEveryBlock("Insert mapped", [&](KyString& s) { s.Insert(wide, 1); });
+    FailEveryBlock("Replace", [&](KyString& s) { s.Replace(argument, 1); });
+    FailEveryBlock("Cut", [&](KyString& s) { s.Cut(1, 1); });
+    FailEveryBlock("Fill", [&](KyString& s) { s.Fill(9, 'x'); });
+    FailEveryBlock("ToUpper", [&](KyString& s) { s.ToUpper(); });
+    FailEveryBlock("ReplaceAll", [&](KyString& s) { s.ReplaceAll(a, argument, 0); });
+    FailEveryBlock("MapToCodeSet", [&](KyString& s) { s.MapToCodeSet(KyCodeSetUnicode); });
+    FailEveryBlock("SetCodeSet", [&](KyString& s) { s.SetCodeSet(KyCodeSetUnicode); });
+    FailEveryBlock("MakeString", [&](KyString& s) { s.MakeString("text", KyCodeSetLatin1, -1, 1); });
+    FailEveryBlock("Alloc", [&](KyString& s) { delete[] static_cast<char*>(s.Alloc(7)); });
+}
+
+TEST(KyStringAllocation, FailureOfAMappedCopyLeavesNoBuffer) {
+    const KyString wide = Wide(u"longer than what is there");
+    KyString s("abc");
+    blocksLeft = 0;
+    EXPECT_THROW(s.CopyMapped(wide, KyCodeSetLatin1, -1), std::bad_alloc);
+    blocksLeft = -1;
+    EXPECT_EQ(s.BufferSizeGet(), 0);
+    EXPECT_EQ(Text(s), "");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <climits>
+#include <cstdint>
 #include <limits>
 #include <type_traits>
 
@@ -41,6 +42,37 @@ TEST(KyStringConstruction, FollowsChangedDefaults) {
     EXPECT_EQ(KyString().LanguageGet(), 3);
     EXPECT_EQ(KyString("a").CodeSetGet(), KyString::GetDefault8CodeSet());
     EXPECT_EQ(KyString("a").LanguageGet(), 3);
+}
+
+TEST(KyStringConstruction, EveryArgumentTakesTheDefaultsOfItsWidth) {
+    const OtherDefaults restored;
+    KyString::SetDefaultCodeSet(3);
+    KyLanguageContext::SetDefault8CodeSet(2);
+    KyLanguageContext::SetDefault16CodeSet(230);
+    KyString::SetDefaultLanguage(5);
+    const unsigned short units[] = {'a', 0};
+    const KyString narrow[] = {KyString("a"),
+                               KyString("a", 1),
+                               KyString('a'),
+                               KyString(static_cast<unsigned char>('a')),
+                               KyString(static_cast<short>(1)),
+                               KyString(1),
+                               KyString(1U),
+                               KyString(1LL),
+                               KyString(1ULL),
+                               KyString(1.5),
+                               KyString(static_cast<const char*>(nullptr)),
+                               KyString('\0')};
+    for (const KyString& s : narrow) {
+        EXPECT_EQ(s.CodeSetGet(), 2) << Text(s);
+        EXPECT_EQ(s.LanguageGet(), 5) << Text(s);
+    }
+    const KyString wide[] = {KyString(units), KyString(units, 1), KyString(units[0]), KyString(units[1])};
+    for (const KyString& s : wide) {
+        EXPECT_EQ(s.CodeSetGet(), 230);
+        EXPECT_EQ(s.LanguageGet(), 5);
+    }
+    EXPECT_EQ(KyString().CodeSetGet(), 3);
 }
 
 struct NarrowCase {
@@ -219,6 +251,14 @@ TEST(KyStringAssignment, OfEveryConstructorArgument) {
     EXPECT_EQ(Text(s = 12), "12");
     EXPECT_EQ(Text(s = -5LL), "-5");
     EXPECT_EQ(Text(s = 1.5), "1.5");
+    EXPECT_EQ(Text(s = 0), "0") << "a number, not a null text";
+    EXPECT_EQ(Text(s = 4294967295U), "-1");
+    EXPECT_EQ(Text(s = 18446744073709551615ULL), "18446744073709551615");
+    EXPECT_EQ(Text(s = static_cast<short>(-3)), "-3");
+    EXPECT_EQ(Text(s = static_cast<unsigned char>('u')), "u");
+    EXPECT_EQ(Text(s = '\0'), "");
+    const unsigned short units[] = {'w', 0};
+    EXPECT_EQ(Text16(s = units), u"w");
     EXPECT_EQ(Text16(s = static_cast<unsigned short>(0x100)), u"Ā");
 }
 
@@ -231,6 +271,7 @@ TEST(KyStringState, StrGetIsNeverNull) {
     EXPECT_EQ(s.StrGet()[1], 0);
     s.SetNullValue();
     ASSERT_NE(s.StrGet(), nullptr);
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(s.StrGet()) % 2, 0U) << "16-bit functions read it too";
 }
 
 TEST(KyStringState, LengthIsCountedToTheTerminator) {

@@ -83,18 +83,24 @@ class OtherDefaults {
 public:
     OtherDefaults()
         : codeSet(KyString::GetDefaultCodeSet()),
+          codeSet8(KyString::GetDefault8CodeSet()),
+          codeSet16(KyString::GetDefault16CodeSet()),
           language(KyString::GetDefaultLanguage()),
           cmpOp(KyString::GetDefaultCmpOp()) {}
     OtherDefaults(const OtherDefaults&) = delete;
     OtherDefaults& operator=(const OtherDefaults&) = delete;
     ~OtherDefaults() {
         KyString::SetDefaultCodeSet(codeSet);
+        KyLanguageContext::SetDefault8CodeSet(codeSet8);
+        KyLanguageContext::SetDefault16CodeSet(codeSet16);
         KyString::SetDefaultLanguage(language);
         KyString::SetDefaultCmpOp(cmpOp);
     }
 
 private:
     unsigned char codeSet;
+    unsigned char codeSet8;
+    unsigned char codeSet16;
     unsigned char language;
     unsigned short cmpOp;
 };
