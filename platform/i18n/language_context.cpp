@@ -24,3 +24,6 @@ unsigned short KyLanguageContext::GetDefaultCmpOp() { return defaultCmpOp.load(s
 void KyLanguageContext::SetDefaultCmpOp(unsigned short op) { defaultCmpOp = op; }
 
 unsigned char KyLanguageContext::GetNativeCodeSet() { return KyCodeSetLatin1; }
+
+// All tables are constant data and the defaults outlive every attachment.
+void ___KyI18NContext(int) {}
