@@ -144,6 +144,29 @@ TEST(AllocMapped, OverflowIsSilentWithoutAConfiguration) {
     EXPECT_EQ(assertions, 1);
 }
 
+/// Says nothing about "stringOverflow".
+class SilentConfig final : public KyConfig {
+public:
+    int GetText(const char*, const char**, const char*) override { return 0; }
+    int GetNumber(const char*, double*, const char*) override { return 0; }
+    int HasSection(const char*) override { return 0; }
+    int GetInteger(const char*, int* out, const char*) override {
+        given = *out;
+        return 0;
+    }
+    int given = -1;
+};
+
+TEST(AllocMapped, OverflowIsSilentWithoutTheKey) {
+    OverflowSwitch counting(1);
+    SilentConfig silent;
+    KyConfig* mine = DefaultConfig(&silent);
+    ky::CheckStringOverflow();
+    EXPECT_EQ(silent.given, 0) << "off unless the configuration says otherwise";
+    EXPECT_EQ(assertions, 0);
+    DefaultConfig(mine);
+}
+
 TEST(AllocMappedN, TakesUpToNCharacters) {
     const struct {
         unsigned char from;

@@ -113,6 +113,22 @@ TEST(Character, ClassesFollowTheOrder) {
     }
 }
 
+TEST(Character, ClassBorders) {
+    const struct {
+        unsigned short order;
+        const char* kind;
+    } cases[] = {{1, "space"},     {79, "space"},    {80, "symbol"},   {16127, "symbol"}, {16128, "digit"},
+                 {16383, "digit"}, {16384, "alpha"}, {32767, "alpha"}, {32768, "han"},    {65535, "han"}};
+    for (const auto& [order, kind] : cases) {
+        const KyChar c(order, KyCodeSetOrders, 0);
+        EXPECT_EQ(c.IsSpace(), std::strcmp(kind, "space") == 0) << order;
+        EXPECT_EQ(c.IsSymbol(), std::strcmp(kind, "symbol") == 0) << order;
+        EXPECT_EQ(c.IsDigit(), std::strcmp(kind, "digit") == 0) << order;
+        EXPECT_EQ(c.IsAlpha(), std::strcmp(kind, "alpha") == 0) << order;
+        EXPECT_EQ(c.IsHan(), std::strcmp(kind, "han") == 0) << order;
+    }
+}
+
 TEST(Character, Kept_ACodeWithoutARecordIsItsOwnOrder) {
     EXPECT_EQ(Unicode(0x4E00).GetOrder(), 0x4E00);
     EXPECT_TRUE(Unicode(0x4E00).IsAlpha());

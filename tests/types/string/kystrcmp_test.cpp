@@ -54,6 +54,17 @@ TEST(Compare, ANullTextCanMatchAPattern) {
     EXPECT_LT(KyStrCmp(0, 254, nullptr, 1, 0, "?", 0, -1, 1, nullptr), 0);
 }
 
+TEST(Compare, TheErrorIsNotWritten) {
+    int error = 77;
+    for (const unsigned short op : std::initializer_list<unsigned short>{0, kLiteral, kExact}) {
+        for (const unsigned char codeSet : std::initializer_list<unsigned char>{0, 1, 253}) {
+            KyStrCmp(codeSet, 0, "a\0\0", codeSet, 0, "*\0\0", op, -1, 1, &error);
+            KyStrCmp(codeSet, 254, nullptr, codeSet, 0, "\0", op, -1, 1, &error);
+        }
+    }
+    EXPECT_EQ(error, 77);
+}
+
 TEST(Compare, ALengthOfZeroIsEqual) {
     EXPECT_EQ(Compare("a", "b", kExact, 0), 0);
     EXPECT_EQ(KyStrCmp(1, 254, "", 1, 0, "", kExact, 0, 1, nullptr), -1) << "null comes first";

@@ -29,6 +29,17 @@ TEST(MakeString, NothingToTakeLeavesNoBuffer) {
     EXPECT_EQ(s.BufferSizeGet(), 0);
 }
 
+TEST(MakeString, NothingToTakeFreesNothing) {
+    for (const char* source : {"", static_cast<const char*>(nullptr)}) {
+        KyString s("abc");
+        char* buffer = s.StrGet();
+        s.MakeString(source, kLatin1, static_cast<short>(source == nullptr ? -1 : 0), 1);
+        EXPECT_EQ(s.Len(), 0);
+        EXPECT_STREQ(buffer, "abc");
+        delete[] buffer;
+    }
+}
+
 TEST(MakeString, EmptyTextIsOneTerminator) {
     KyString s(kLatin1, 0);
     s.MakeString("", kLatin1, -1, 1);
@@ -210,6 +221,10 @@ TEST(BuildString, SourceLabelsDecideOnMapping) {
         {0, kWindows, "\x80", "\x80"},
         {kLatin1, 0, "ab", "ab"},
         {kLatin1, kWindows, "ab", "ab"},
+        {kWindows, kWindows, "\x80", "\x80"},
+        {kWindows, kLatin1, "a\x80", "a?"},  // mapped although the widths agree
+        {kLatin1, kWindows, "a\x80", "a?"},
+        {kWindows, 0, "a\x80", "a?"},  // into the native code set
     };
     for (const Case& c : cases) {
         KyString s(c.to, 0);

@@ -70,6 +70,25 @@ TEST(KyStringCase, OfAscii) {
     EXPECT_EQ(Content(dropped), "A");
 }
 
+TEST(KyStringCase, MayLengthen) {
+    KyString s(
+        "stra\xDF"
+        "e");
+    s.LanguageSet(3);
+    s.ToUpper();
+    EXPECT_EQ(Text(s), "STRASSE");
+    EXPECT_EQ(s.BufferSizeGet(), 8);
+    EXPECT_EQ(s.LanguageGet(), 3);
+    EXPECT_EQ(Text(s.ToLower()), "strasse");
+    EXPECT_EQ(Text16(Wide(u"\u00DF\u00FF").ToUpper()), u"SS\u0178");
+    KyString native(static_cast<unsigned char>(0), 0);
+    native << "a" << '\xE4';
+    EXPECT_EQ(Text(native.ToUpper()), "A\xE4") << "code set 0 has ASCII's letters";
+    const OverflowSwitch config(1);
+    EXPECT_EQ(Text(KyString(Repeated(40000, '\xDF').c_str()).ToUpper()), Repeated(65531, 'S'));
+    EXPECT_EQ(OverflowSwitch::Raised().size(), 1U);
+}
+
 TEST(KyStringCase, OfTextsWhoseDoubleExceeds16Bits) {
     for (const std::size_t length : {32766U, 32767U, 32768U, 40000U, 65531U}) {
         const OverflowSwitch config(1);
@@ -168,6 +187,15 @@ TEST(KyStringReplaceAll, Characters) {
     EXPECT_EQ(Text(KyString("a-b-c").ReplaceAll(static_cast<unsigned short>('-'), static_cast<unsigned short>('+'), 2)),
               "a-b+c");
     EXPECT_EQ(Text16(Wide(u"a-b").ReplaceAll('-', '+', 0)), u"a+b");
+}
+
+TEST(KyStringReplaceAll, MapsAndFollowsTheDefaultOperator) {
+    EXPECT_EQ(Text(KyString("a-b-c").ReplaceAll("-", Wide(u"<\u20AC>"), 0)), "a<?>b<?>c");
+    EXPECT_EQ(Text16(Wide(u"\u0100-\u0100").ReplaceAll(Wide(u"\u0100"), "x", 0)), u"x-x");
+    const OtherDefaults restored;
+    KyString::SetDefaultCmpOp(0x20);
+    EXPECT_EQ(Text(KyString("aAbB*").ReplaceAll("A", "x", 0)), "xxbB*") << "case is ignored";
+    EXPECT_EQ(Text(KyString("aAbB*").ReplaceAll("*", "x", 0)), "aAbBx") << "no wildcards";
 }
 
 TEST(KyStringReplaceAll, OfTheStringItself) {

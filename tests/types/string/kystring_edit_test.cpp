@@ -64,6 +64,22 @@ TEST(KyStringExpand, LengthensOnly) {
     EXPECT_EQ(Text(longText), std::string("a").append(39999, 'b'));
 }
 
+TEST(KyStringFill, CharactersAreReadInTheDefaultsAndMapped) {
+    const OtherDefaults restored;
+    constexpr unsigned short euro = 0x20AC;
+    KyString windows(KyCodeSetWindows1252, 0);
+    EXPECT_EQ(Text(windows.Fill(2, euro)), "\x80\x80");
+    EXPECT_EQ(Text(windows.Expand(3, euro)), "\x80\x80\x80");
+    KyString latin(kLatin1, 0);
+    EXPECT_EQ(Text(latin.Fill(2, euro)), "??");
+    KyLanguageContext::SetDefault8CodeSet(KyCodeSetWindows1252);
+    KyString wide(kUnicode, 0);
+    EXPECT_EQ(Text16(wide.Fill(2, '\x80')), u"\u20AC\u20AC");
+    EXPECT_EQ(Text16(wide.Expand(3, '\x80')), u"\u20AC\u20AC\u20AC");
+    EXPECT_EQ(Text16(wide << '\x80' << "\x80"), u"\u20AC\u20AC\u20AC\u20AC\u20AC");
+    EXPECT_EQ(Text(latin.Fill(1, '\x80')), "?") << "though the widths agree";
+}
+
 // --- cutting ---
 
 TEST(KyStringCut, RemovesCharacters) {
@@ -145,6 +161,11 @@ TEST(KyStringReplace, NeverLengthens) {
         EXPECT_EQ(Text(s), c.expected) << c.pos << c.text;
         EXPECT_EQ(s.BufferSizeGet(), 5);
     }
+    EXPECT_EQ(Text(KyString("abcd").Replace(Wide(u"X\u20ACZ"), 1)), "aX?Z");
+    EXPECT_EQ(Text16(Wide(u"abcd").Replace("XYZ", 3)), u"abcX");
+    KyString none;
+    none.Replace("X", 0);
+    EXPECT_EQ(none.BufferSizeGet(), 0);
     KyString self("abcd");
     self.Replace(self, 2);
     EXPECT_EQ(Text(self), "abab");
@@ -172,6 +193,8 @@ TEST(KyStringAppend, Kept_UnsignedNumbersAreFormattedAsSigned) {
     KyString s;
     s << 4294967295U;
     EXPECT_EQ(Text(s), "-1");
+    s << 18446744073709551615ULL;
+    EXPECT_EQ(Text(s), "-118446744073709551615") << "the 64-bit ones are not";
 }
 
 TEST(KyStringAppend, Kept_UnsignedShortIsANumberIn8BitAndACharacterIn16BitStrings) {
@@ -272,6 +295,11 @@ TEST(KyStringCopy, LeftAndRight) {
     EXPECT_EQ(Text(s.Right(2)), "de");
     EXPECT_EQ(Text(s.Right(9)), "abcde");
     EXPECT_EQ(Text(s.Right(0)), "");
+    KyString labelled("abc");
+    labelled.LanguageSet(6);
+    EXPECT_EQ(labelled.Left(0).LanguageGet(), 6);
+    EXPECT_EQ(labelled.Right(2).LanguageGet(), 6);
+    EXPECT_EQ(labelled.Right(0).LanguageGet(), KyString::EmptyString().LanguageGet()) << "it begins at the end";
     EXPECT_EQ(Text(KyString().Left(3)), "");
     EXPECT_EQ(Text(KyString().Right(3)), "");
 }
