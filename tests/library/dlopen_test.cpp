@@ -36,7 +36,9 @@ struct Manager {
 };
 struct String {
     const char* text;  // null: no text
-    unsigned char fields[8];
+    unsigned short size;
+    unsigned char codeSet;
+    unsigned char language;
 };
 
 TEST(Dlopen, RowsAreReadyAtOnce) {
@@ -66,6 +68,21 @@ TEST(Dlopen, OptionsBlockIsReadyAtOnce) {
     ASSERT_NE(options, nullptr);
     const unsigned char zeros[16] = {};
     EXPECT_EQ(std::memcmp(options(), zeros, sizeof zeros), 0);
+}
+
+/// Defaults that an application sets afterwards do not reach it.
+TEST(Dlopen, NullTextIsMadeWhileTheLibraryIsLoaded) {
+    const Library library;
+    ASSERT_TRUE(library.IsOpen()) << dlerror();
+    auto* language = library.Find<unsigned char()>("_ZN17KyLanguageContext18GetDefaultLanguageEv");
+    auto* setLanguage = library.Find<void(unsigned char)>("_ZN17KyLanguageContext18SetDefaultLanguageEh");
+    auto* nullText = library.Find<const String&()>("_ZN9KyTypeMgr18GetNullPrintStringEv");
+    ASSERT_TRUE(language != nullptr && setLanguage != nullptr && nullText != nullptr);
+
+    const unsigned char atLoad = language();
+    setLanguage(static_cast<unsigned char>(atLoad + 1));
+    EXPECT_EQ(nullText().language, atLoad);
+    setLanguage(atLoad);
 }
 
 TEST(Dlopen, ManagerPrintsAndKnowsTheNullText) {

@@ -53,6 +53,10 @@ TEST(ConvertData, GetStringAnswersOnlyForTextInRange) {
     EXPECT_EQ(record.GetString(-1), nullptr);
     EXPECT_EQ(record.GetString(-2147483647 - 1), nullptr);
     EXPECT_EQ(record.GetString(2147483647), nullptr);
+    const KyString text;
+    KyTypeConvertData endless(KySTRING_T, 0xFFFFFFFF, const_cast<KyString*>(&text), nullptr);
+    EXPECT_EQ(endless.GetString(-2), nullptr);
+    EXPECT_EQ(endless.GetString(0), &text);
 }
 
 TEST(ConvertData, GetStringOfOtherRecordsIsNull) {

@@ -61,6 +61,17 @@ TEST(Text, AnExchangedCharacterPrintGoesElementByElement) {
     EXPECT_EQ(Print(manager, Ky1B_T, values, nullptr, 2), "1/1,-2/1");
 }
 
+TEST(Text, EveryElementIsPrintedIntoAFreshText) {
+    const RowPatch row(KyEnumTab);
+    KyTypeMgr manager(5);
+    manager.ExchangePrintToKyStringFunc(KyENUM_T, [](KyString& out, void* value, const char*, unsigned) -> KyString& {
+        return out += KyString(*static_cast<int*>(value));  // appends, as print functions of applications may
+    });
+    int values[] = {1, 2, 3};
+    EXPECT_EQ(Print(manager, KyENUM_T, values, nullptr, 3, "x"), "x1,2,3");
+    EXPECT_EQ(Print(manager, KyENUM_T, values, nullptr, 1, "x"), "x1");
+}
+
 TEST(Text, AnotherRowWithTheCharacterPrintIsOneText) {
     const RowPatch row(KyEnumTab);
     KyTypeMgr manager(5);
@@ -204,6 +215,17 @@ TEST(Text, ConversionGoesThereAndBack) {
         EXPECT_EQ(std::memcmp(back, numbers, sizeof numbers), 0);
         manager.Delete(KyINT_T, back, 3);
     }
+}
+
+TEST(Text, ARecordBelongsToTheManagerThatConvertedItLast) {
+    KyTypeMgr first(5);
+    KyTypeMgr second(0);
+    int number = 7;
+    const std::unique_ptr<KyTypeConvertData> record(first.ConvertTo(KyINT_T, &number, 1));
+    ASSERT_NE(record, nullptr);
+    EXPECT_EQ(record->manager, &first);
+    second.Delete(KyINT_T, second.ConvertFrom(KyINT_T, record.get(), 1), 1);
+    EXPECT_EQ(record->manager, &second);
 }
 
 TEST(Text, ConvertFromTakesMissingStringsAsEmpty) {

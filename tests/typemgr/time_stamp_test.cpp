@@ -58,6 +58,8 @@ TEST(TimeStamp, Kept_SubSecondsCountAsWholeSeconds) {
     EXPECT_EQ(ImageOf(D_TIME_T, stamp, 6), "00 00 0D 2D 00 00");
     stamp.subSeconds = INT_MIN;
     EXPECT_EQ(ImageOf(D_TIME_T, stamp, 6), "00 00 0D 2D 00 00");
+    stamp.subSeconds = 16777217;  // loses its last bit before the second is added, not afterwards
+    EXPECT_EQ(ImageOf(D_TIME_T, stamp, 6), "00 00 0D 2D 00 00");
     stamp.subSeconds = -4;
     EXPECT_EQ(ImageOf(D_TIME_T, stamp, 6), "00 00 0D 2D FD 00");
 }
