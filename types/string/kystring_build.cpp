@@ -99,9 +99,9 @@ void KyString::BuildString(const char* src, unsigned char srcCodeSet, unsigned s
     const std::int64_t once = std::int64_t{srcCount} * width;
     const std::int64_t added = once * repeat;
     const std::int64_t old = bufferSize > width ? (bufferSize - width) / width * width : 0;
-    const ky::MappedSource source(src, srcCodeSet, codeSet, srcStart, srcCount, SourceOrder(flag));
     const std::int64_t readable =
         src == buffer ? std::max<std::int64_t>(old - std::int64_t{srcStart} * width, 0) : once;
+    const ky::MappedSource source(src, srcCodeSet, codeSet, srcStart, readable != 0 ? srcCount : 0, SourceOrder(flag));
 
     std::int64_t size = 0;
     std::int64_t tailStart = old;
