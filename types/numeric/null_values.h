@@ -3,8 +3,8 @@
 
 /// Nullable numbers in memory form: allocation, construction, null, stepping.
 
+#include <array>
 #include <bit>
-#include <memory>
 
 #include "array_rules.h"
 #include "counted_array.h"
@@ -29,11 +29,11 @@ void KyNullTypeConstructor(void* values, unsigned count, unsigned) {
 
 inline void KyNullTypeDestructor(void*, unsigned, unsigned) {}
 
-/// Number and flag, and the padding with them.
+/// Elements as bytes, the padding with them.
 template <class Type>
-inline constexpr KyAssignmentFunc* KyNullTypeAssignment = &ky::AssignArray<Type>;
+inline constexpr KyAssignmentFunc* KyNullTypeAssignment = &ky::AssignArray<std::array<unsigned char, sizeof(Type)>>;
 template <class Type>
-inline constexpr KyCopyFunc* KyNullTypeCopy = &ky::AssignArray<Type>;
+inline constexpr KyCopyFunc* KyNullTypeCopy = KyNullTypeAssignment<Type>;
 
 template <class Type>
 int KyNullTypeIsNull(void* value) {
