@@ -1,6 +1,5 @@
 #include "support/golden.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -57,7 +56,7 @@ std::vector<GoldenLine> ReadGolden(const std::string& name) {
     for (int number = 1; std::getline(file, text); ++number) {
         if (text.empty() || text.starts_with("# ")) continue;
         std::vector<std::string> columns = Columns(text);
-        EXPECT_THAT(columns.size(), testing::AllOf(testing::Ge(4u), testing::Le(5u))) << name << ".txt:" << number;
+        EXPECT_TRUE(columns.size() == 4 || columns.size() == 5) << name << ".txt:" << number;
         columns.resize(5);
         lines.push_back({number, columns[0], columns[1], columns[2], columns[3], columns[4]});
     }
