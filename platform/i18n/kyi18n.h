@@ -4,7 +4,7 @@
 /// Internationalisation: the language context with the process-wide defaults, code sets with their
 /// character records, languages.
 
-#include <span>
+#include <cstddef>
 
 #include "kyexport.h"
 
@@ -51,6 +51,23 @@ struct KyContraction {
     const KyCharProps* record;
 };
 
+/// A constant array and its length.
+template <class Entry>
+class KyTable {
+public:
+    constexpr KyTable() = default;
+    template <std::size_t length>
+    constexpr KyTable(const Entry (&entries)[length])  // NOLINT(google-explicit-constructor): an array is a table
+        : first(entries), limit(entries + length) {}
+
+    constexpr const Entry* begin() const { return first; }
+    constexpr const Entry* end() const { return limit; }
+
+private:
+    const Entry* first = nullptr;
+    const Entry* limit = nullptr;
+};
+
 /// What few characters have.
 struct KyCharRules {
     /// What follows `KyCharProps::upper` in the upper-case form. The codes mean the same characters in every
@@ -58,8 +75,8 @@ struct KyCharRules {
     KyWCharList upperExpansion{};
     /// Order values that follow `KyCharProps::order`. They are of the record's class.
     KyWCharList orderExpansion{};
-    std::span<const KyLanguageVariant> variants{};
-    std::span<const KyContraction> contractions{};  ///< the first that fits is taken
+    KyTable<KyLanguageVariant> variants{};
+    KyTable<KyContraction> contractions{};  ///< the first that fits is taken
 };
 
 /// One character's properties.

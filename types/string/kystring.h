@@ -68,8 +68,10 @@ public:
     /// May point into the string itself. Code set and language become the defaults.
     KyString& operator=(const char* text);
     /// A character or number. Not left to the conversions, where a 0 would be a null text.
-    template <class Value>
-    requires std::is_arithmetic_v<Value> KyString& operator=(Value value) { return *this = KyString(value); }
+    template <class Value, class = std::enable_if_t<std::is_arithmetic_v<Value>>>
+    KyString& operator=(Value value) {
+        return *this = KyString(value);
+    }
 
     // --- content and state ---
     /// Never null; a static empty text where there is no buffer. Valid until the next change.
