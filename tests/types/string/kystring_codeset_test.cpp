@@ -90,9 +90,9 @@ TEST(SetCodeSet, Kept_ConvertsOnlyAcrossWidths) {
 }
 
 TEST(SetCodeSet, Kept_NativeIsConvertedToButLabelled0) {
-    KyString s = Wide(u"abc");
+    KyString s = Wide(u"ab\u00E4");
     s.SetCodeSet(0);
-    EXPECT_EQ(Text(s), "abc");
+    EXPECT_EQ(Text(s), "ab\xE4");
     EXPECT_EQ(s.BufferSizeGet(), 4);
     EXPECT_EQ(s.CodeSetGet(), 0);
     KyString none(kUnicode, 0);

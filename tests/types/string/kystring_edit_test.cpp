@@ -78,6 +78,11 @@ TEST(KyStringFill, CharactersAreReadInTheDefaultsAndMapped) {
     EXPECT_EQ(Text16(wide.Expand(3, '\x80')), u"\u20AC\u20AC\u20AC");
     EXPECT_EQ(Text16(wide << '\x80' << "\x80"), u"\u20AC\u20AC\u20AC\u20AC\u20AC");
     EXPECT_EQ(Text(latin.Fill(1, '\x80')), "?") << "though the widths agree";
+    KyLanguageContext::SetDefault16CodeSet(KyCodeSetOrders);
+    KyString orders(KyCodeSetOrders, 1);
+    EXPECT_EQ(Text16(orders.Fill(1, static_cast<unsigned short>('A')).Expand(2, static_cast<unsigned short>('B'))),
+              u"AB")
+        << "order values already";
 }
 
 // --- cutting ---
@@ -163,6 +168,9 @@ TEST(KyStringReplace, NeverLengthens) {
     }
     EXPECT_EQ(Text(KyString("abcd").Replace(Wide(u"X\u20ACZ"), 1)), "aX?Z");
     EXPECT_EQ(Text16(Wide(u"abcd").Replace("XYZ", 3)), u"abcX");
+    KyString dropped("ab\0cd", 5);
+    dropped.Replace("XYZ", 1);
+    EXPECT_EQ(Content(dropped), std::string("aX\0cd", 5)) << "up to the terminator";
     KyString none;
     none.Replace("X", 0);
     EXPECT_EQ(none.BufferSizeGet(), 0);

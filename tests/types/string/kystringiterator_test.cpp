@@ -61,6 +61,18 @@ TEST(Iterator, StepsBothWays) {
     EXPECT_EQ(it.Position(), text);
 }
 
+TEST(Iterator, SteppingBackDropsTheOverflowList) {
+    const unsigned short items[] = {'x', 'y'};
+    const KyWCharList list{2, items};
+    KyStringIterator it("abc", 1, 0, 1);
+    ++it;
+    it.SetOverflow(&list, 255);
+    --it;
+    EXPECT_EQ((*it).CodeGet(), 'a');
+    ++it;
+    EXPECT_EQ((*it).CodeGet(), 'b');
+}
+
 TEST(Iterator, OwnsTheCopyOfOneCharacter) {
     KyStringIterator it(KyChar(static_cast<unsigned short>(0x4E00), 253, 0));
     EXPECT_EQ((*it).CodeGet(), 0x4E00);

@@ -121,9 +121,12 @@ TEST(WideText, Numbers) {
 }
 
 TEST(WideText, NumbersReadAtMost31Characters) {
-    // 31 characters: a sign, "0", 29 further octal digits of which all but the last two are zero behind a one.
-    const std::string octal = "-01" + std::string(17, '0');
-    EXPECT_EQ(KyWStrToLL(W(octal.c_str()).data()), -(1LL << 51));
+    const auto read = [](const std::string& text) { return KyWStrToLL(W(text.c_str()).data()); };
+    EXPECT_EQ(read("0x" + std::string(27, '0') + "12"), 0x12) << "31 characters";
+    EXPECT_EQ(read("0x" + std::string(28, '0') + "12"), 1) << "the 32nd is not read";
+    EXPECT_EQ(read("-0x" + std::string(27, '0') + "12"), -1) << "the sign counts";
+    EXPECT_EQ(read(std::string(40, ' ') + std::string(40, '0') + "12"), 10)
+        << "blanks and further leading zeros do not";
     EXPECT_EQ(KyWStrToL(W(("1" + std::string(40, ' ')).c_str()).data()), 1);
 }
 
