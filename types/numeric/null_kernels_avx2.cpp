@@ -11,6 +11,7 @@ namespace {
 
 /// Bytes are permuted within 16 of them only.
 using Vector = __m128i;
+using Plan = NullPlan<sizeof(Vector)>;
 
 KY_KERNEL_TARGET inline Vector LoadVector(const unsigned char* from) {
     return _mm_loadu_si128(reinterpret_cast<const Vector*>(from));
@@ -25,11 +26,15 @@ KY_KERNEL_TARGET inline Vector SelectWhereOne(Vector selector, Vector a, Vector 
     return _mm_blendv_epi8(b, a, _mm_cmpeq_epi8(selector, _mm_set1_epi8(1)));
 }
 
-inline void PackRest(NullLayout layout, NullOrder order, void* dst, const void* src, std::size_t count) {
-    PackNullablesAny(layout, order, dst, src, count);
+template <class Step>
+inline void PackRest(NullLayout layout, NullOrder order, const Plan&, const Step&, unsigned char* to,
+                     const unsigned char* from, std::size_t count) {
+    PackNullablesAny(layout, order, to, from, count);
 }
-inline void UnpackRest(NullLayout layout, NullOrder order, void* dst, const void* src, std::size_t count) {
-    UnpackNullablesAny(layout, order, dst, src, count);
+template <class Step>
+inline void UnpackRest(NullLayout layout, NullOrder order, const Plan&, const Step&, unsigned char* to,
+                       const unsigned char* from, std::size_t count) {
+    UnpackNullablesAny(layout, order, to, from, count);
 }
 
 #include "null_kernel_loops.inl"

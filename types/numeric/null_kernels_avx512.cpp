@@ -12,8 +12,14 @@ namespace {
 #define KY_KERNEL_TARGET __attribute__((target("avx512f,avx512bw,avx512dq,avx512vl,avx512vbmi")))
 
 using Vector = __m512i;
+using Plan = NullPlan<sizeof(Vector)>;
 
-KY_KERNEL_TARGET inline Vector LoadVector(const unsigned char* from) { return _mm512_loadu_si512(from); }
+/// Once for all: two permutations that read memory would both pay for the lines of the cache that it crosses.
+KY_KERNEL_TARGET inline Vector LoadVector(const unsigned char* from) {
+    Vector vector = _mm512_loadu_si512(from);
+    asm("" : "+v"(vector));
+    return vector;
+}
 KY_KERNEL_TARGET inline void StoreVector(unsigned char* to, Vector vector) { _mm512_storeu_si512(to, vector); }
 
 // The forms with a mask have no indeterminate operand, which the headers of the plain ones are warned about.
@@ -30,47 +36,36 @@ KY_KERNEL_TARGET inline Vector SelectWhereOne(Vector selector, Vector a, Vector 
     return _mm512_mask_mov_epi8(b, _mm512_cmpeq_epi8_mask(selector, _mm512_set1_epi8(1)), a);
 }
 
-KY_KERNEL_TARGET inline __mmask64 FirstBytes(std::size_t bytes) { return bytes == 0 ? 0 : kEveryByte >> (64 - bytes); }
+/// Of at least one byte.
+constexpr __mmask64 FirstBytes(std::size_t bytes) { return kEveryByte >> (sizeof(Vector) - bytes); }
 
-void PackRest(NullLayout layout, NullOrder order, unsigned char* to, const unsigned char* from, std::size_t count);
-void UnpackRest(NullLayout layout, NullOrder order, unsigned char* to, const unsigned char* from, std::size_t count);
+/// No byte is touched that does not belong to the elements.
+template <class Step>
+KY_KERNEL_TARGET inline void MoveByMask(const Step& step, unsigned char* to, std::size_t toSize,
+                                        const unsigned char* from, std::size_t fromSize, std::size_t elements,
+                                        std::size_t count) {
+    while (count != 0) {
+        const std::size_t some = std::min(count, elements);
+        const Vector vector = _mm512_maskz_loadu_epi8(FirstBytes(some * fromSize), from);
+        _mm512_mask_storeu_epi8(to, FirstBytes(some * toSize), step.Of(vector));
+        from += some * fromSize;
+        to += some * toSize;
+        count -= some;
+    }
+}
+
+template <class Step>
+KY_KERNEL_TARGET inline void PackRest(NullLayout, NullOrder, const Plan& plan, const Step& step, unsigned char* to,
+                                      const unsigned char* from, std::size_t count) {
+    MoveByMask(step, to, plan.stored, from, plan.memory, plan.elements, count);
+}
+template <class Step>
+KY_KERNEL_TARGET inline void UnpackRest(NullLayout, NullOrder, const Plan& plan, const Step& step, unsigned char* to,
+                                        const unsigned char* from, std::size_t count) {
+    MoveByMask(step, to, plan.memory, from, plan.stored, plan.elements, count);
+}
 
 #include "null_kernel_loops.inl"
-
-// No byte is touched that does not belong to the elements.
-
-KY_KERNEL_TARGET void PackRest(NullLayout layout, NullOrder order, unsigned char* to, const unsigned char* from,
-                               std::size_t count) {
-    const Plan& plan = kPlans.Of(layout, order);
-    const Vector index = LoadVector(plan.packIndex.data());
-    const Vector limit = LoadVector(plan.flagLimit.data());
-    while (count != 0) {
-        const std::size_t some = std::min(count, plan.elements);
-        const Vector memory = _mm512_maskz_loadu_epi8(FirstBytes(some * plan.memory), from);
-        _mm512_mask_storeu_epi8(to, FirstBytes(some * plan.stored), Permute(Least(memory, limit), index));
-        from += some * plan.memory;
-        to += some * plan.stored;
-        count -= some;
-    }
-}
-
-KY_KERNEL_TARGET void UnpackRest(NullLayout layout, NullOrder order, unsigned char* to, const unsigned char* from,
-                                 std::size_t count) {
-    const Plan& plan = kPlans.Of(layout, order);
-    const Vector numberIndex = LoadVector(plan.numberIndex.data());
-    const Vector nullIndex = LoadVector(plan.nullIndex.data());
-    const Vector null = LoadVector(plan.null.data());
-    while (count != 0) {
-        const std::size_t some = std::min(count, plan.elements);
-        const Vector stored = _mm512_maskz_loadu_epi8(FirstBytes(some * plan.stored), from);
-        const Vector numbers = PermuteOrZero(stored, numberIndex);
-        const Vector memory = SelectWhereOne(Permute(stored, nullIndex), null, numbers);
-        _mm512_mask_storeu_epi8(to, FirstBytes(some * plan.memory), memory);
-        from += some * plan.stored;
-        to += some * plan.memory;
-        count -= some;
-    }
-}
 
 }  // namespace
 

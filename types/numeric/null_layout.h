@@ -68,13 +68,23 @@ struct NullElement {
         to[numberFirst ? kSizes.number : 0] = null;
     }
 
+    struct Decoded {
+        Bits bits;  ///< of the number in memory order; 0 for null
+        bool null;
+    };
+
     // KEPT: only a null byte of exactly 1 is null, whereas in memory form every flag but 0 is; stored data depend on
     // it.
-    static void Unpack(unsigned char* to, const unsigned char* from, NullOrder order) {
+    static Decoded Decode(const unsigned char* from, NullOrder order) {
         const bool numberFirst = order == NullOrder::numberFirst;
         const auto bits = LoadAs<Bits>(from + (numberFirst ? 0 : 1));
         const bool null = from[numberFirst ? kSizes.number : 0] == 1;
-        Write(to, null ? Bits{0} : Ordered(bits, order), null);
+        return {null ? Bits{0} : Ordered(bits, order), null};
+    }
+
+    static void Unpack(unsigned char* to, const unsigned char* from, NullOrder order) {
+        const Decoded decoded = Decode(from, order);
+        Write(to, decoded.bits, decoded.null);
     }
 
     /// Into memory form, clearing the padding.

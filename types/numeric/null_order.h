@@ -22,6 +22,10 @@ using PlainNumber = std::conditional_t<std::is_same_v<Value, KyInt64>, long long
 template <class Type, class Value, class Helper>
 Type LoadNullable(const void* from, unsigned char form) {
     if (form == KyFormMemory) return LoadAs<Type>(from);
+    if (IsPlainForm(form)) {
+        const auto decoded = NullElement<LayoutOf<Type, Value, Helper>()>::Decode(Advance(from, 0), NullOrderOf(form));
+        return decoded.null ? Type() : Type(std::bit_cast<Value>(decoded.bits));
+    }
     Type element;
     KyNullTypeLoad<Type, Value, Helper>(&element, from, form, 1);
     return element;
@@ -72,7 +76,8 @@ int KyNullTypeCompare(unsigned char flag, unsigned len1, void* a, unsigned len2,
         return ky::OrderNullables<Type, Value>(ky::LoadNullable<Type, Value, Helper>(x, form),
                                                ky::LoadNullable<Type, Value, Helper>(y, form));
     };
-    if (form != KyFormMemory) return ky::CompareArrays(stride, len1, a, len2, b, count, err, compare);
+    constexpr bool hasPadding = sizeof(Type) > Type::FlagOffset() + 1;
+    if (form != KyFormMemory || !hasPadding) return ky::CompareArrays(stride, len1, a, len2, b, count, err, compare);
     const auto skipEqual = [](const void* x, const void* y, std::size_t elements) {
         return ky::FirstOtherNullable(ky::LayoutOf<Type, Value, Helper>(), x, y, elements);
     };
