@@ -19,7 +19,7 @@ unsigned char Code(char c) { return static_cast<unsigned char>(c); }
 /// A conversion for text, and where the literal text before it ends.
 struct WordConversion {
     std::string_view literal;
-    char letter = 0;  ///< 's', 'c', '[', or 0: there is none
+    char letter = 0;  ///< 's', 'c' or '['
     std::size_t width = kNoWidth;
     CharacterSet set;  ///< the characters that it reads
 };
@@ -69,20 +69,11 @@ bool TakeWordConversion(const char*& at, WordConversion& conversion) {
     }
 }
 
+/// Whether a format has one conversion, for text; it is taken apart then.
 bool ParseWordFormat(const char* format, WordConversion& conversion) {
-    const char* at = format;
-    while (*at != 0) {
-        if (*at != '%') {
-            ++at;
-        } else if (at[1] == '%') {
-            at += 2;
-        } else {
-            if (conversion.letter != 0) return false;
-            conversion.literal = {format, static_cast<std::size_t>(at - format)};
-            if (!TakeWordConversion(++at, conversion)) return false;
-        }
-    }
-    return conversion.letter != 0;
+    const char* at = FindConversion(format);
+    conversion.literal = Between(format, at);
+    return *at != 0 && TakeWordConversion(++at, conversion) && *FindConversion(at) == 0;
 }
 
 }  // namespace

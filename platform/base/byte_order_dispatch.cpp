@@ -1,23 +1,12 @@
 #include "byte_order_kernels.h"
-
-// The resolvers run while the library is being relocated: nothing else of it works yet, no sanitizer included, so
-// they are kept free of instrumentation.
-#define KY_UNINSTRUMENTED no_sanitize("address", "thread", "undefined")
-#ifdef __clang__
-#define KY_RESOLVER __attribute__((KY_UNINSTRUMENTED, disable_sanitizer_instrumentation))
-#else
-#define KY_RESOLVER __attribute__((KY_UNINSTRUMENTED))
-#endif
+#include "kernel_choice.h"
 
 namespace {
 
 using ky::ArrayKernel;
 
 KY_RESOLVER inline ArrayKernel* Best(ArrayKernel* sse2, ArrayKernel* avx2, ArrayKernel* avx512) {
-    __builtin_cpu_init();
-    if (__builtin_cpu_supports("avx512bw")) return avx512;
-    if (__builtin_cpu_supports("avx2")) return avx2;
-    return sse2;
+    return ky::WidestOf(ky::RunnableVariants(), sse2, avx2, avx512);
 }
 
 }  // namespace

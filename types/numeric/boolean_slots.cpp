@@ -51,7 +51,7 @@ KyTypeConvertData* BooleanConvertToKyString(void* value, unsigned count) {
 }
 
 void* BooleanConvertFromKyString(KyTypeConvertData* data, unsigned count) {
-    return ky::ConvertFromTexts<KyBoolean>(data, count, [](const KyString* text) {
+    return ky::ConvertFromTexts<KyBoolean>(BooleanCreate, data, count, [](const KyString* text) {
         return text == nullptr ? Null() : KyBoolean(*ky::EightBitText(*text).Get() == '1');
     });
 }

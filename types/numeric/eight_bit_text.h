@@ -13,9 +13,11 @@ public:
     explicit EightBitText(const KyString& text) {
         if (text.CodeSetGet() < KyCodeSetFirst16Bit) {
             start = text.StrGet();
+            readable = text.BufferSizeGet();
         } else {
             copy.CopyMapped(text, KyString::GetDefault8CodeSet(), -1);
             start = copy.StrGet();
+            readable = copy.BufferSizeGet();
         }
     }
 
@@ -24,10 +26,13 @@ public:
 
     /// Zero-terminated, never null.
     const char* Get() const { return start; }
+    /// How many bytes from there on are the string's; none where it has no buffer.
+    unsigned Readable() const { return readable; }
 
 private:
     KyString copy{KyCodeSetNative, KyLanguageNeutral};
     const char* start;
+    unsigned readable;
 };
 
 }  // namespace ky

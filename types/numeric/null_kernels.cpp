@@ -1,5 +1,6 @@
 #include "null_kernels.h"
 
+#include "kernel_choice.h"
 #include "null_first_other.h"
 
 namespace ky {
@@ -64,29 +65,15 @@ constinit const NullKernels kNullKernels[kNullKernelVariants] = {
     {"avx512", PackNullablesAvx512, UnpackNullablesAvx512, FirstOtherNullableAvx512},
 };
 
-// The loader asks before anything else of the process has run, sanitizers included: nothing here may be
-// instrumented, and no address is read from memory that may not be relocated yet.
-#define KY_UNINSTRUMENTED no_sanitize("address", "thread", "undefined")
-#ifdef __clang__
-#define KY_RESOLVER __attribute__((KY_UNINSTRUMENTED, disable_sanitizer_instrumentation))
-#else
-#define KY_RESOLVER __attribute__((KY_UNINSTRUMENTED))
-#endif
-
 KY_RESOLVER int RunnableNullKernels() {
-    __builtin_cpu_init();
-    if (!__builtin_cpu_supports("avx2")) return 1;
-    const bool avx512 = __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512bw") &&
-                        __builtin_cpu_supports("avx512dq") && __builtin_cpu_supports("avx512vl") &&
-                        __builtin_cpu_supports("avx512vbmi");
-    return avx512 ? 3 : 2;
+    const int runnable = RunnableVariants();
+    return runnable == 3 && !__builtin_cpu_supports("avx512vbmi") ? 2 : runnable;
 }
 
 namespace {
 template <class Kernel>
 KY_RESOLVER inline Kernel* Choose(Kernel* any, Kernel* avx2, Kernel* avx512) {
-    const int runnable = RunnableNullKernels();
-    return runnable == 3 ? avx512 : runnable == 2 ? avx2 : any;
+    return WidestOf(RunnableNullKernels(), any, avx2, avx512);
 }
 }  // namespace
 

@@ -3,6 +3,7 @@
 
 /// Text of nullable numbers: print and scan, and the texts of conversion records.
 
+#include "counted_array.h"
 #include "kyi18n.h"
 #include "kynull.h"
 #include "kystring.h"
@@ -113,7 +114,7 @@ KyTypeConvertData* KyNullTypeConvertToKyString(void* value, unsigned count) {
 template <class Type, class Value>
 void* KyNullTypeConvertFromKyString(KyTypeConvertData* data, unsigned count) {
     using FromText = typename ky::TextFactsOf<Value>::FromText;
-    return ky::ConvertFromTexts<Type>(data, count, [](const KyString* text) {
+    return ky::ConvertFromTexts<Type>(&ky::CountedCreate<Type>, data, count, [](const KyString* text) {
         if (text == nullptr) return Type();
         return Type(Value(ky::Narrow<ky::PlainNumber<Value>>(static_cast<FromText>(*text))));
     });

@@ -7,9 +7,7 @@
 #include <type_traits>
 
 #include "kystring.h"
-#include "kytypmgr.h"
 #include "number_arrays.h"
-#include "raw_bytes.h"
 #include "record_text.h"
 
 namespace ky {
@@ -26,17 +24,12 @@ Element Narrow(Number number) {
     }
 }
 
-/// Record of `count` new decimal texts; the caller owns both. Null when there is no memory.
+/// Record of `count` new decimal texts.
 template <class Facts>
 KyTypeConvertData* NumberConvertToKyString(void* value, unsigned count) {
-    using Element = typename Facts::Element;
-    KyString* texts = KyStringCreate(count);
-    if (texts == nullptr) return nullptr;
-    for (std::size_t i = 0; i < count; ++i) {
-        const auto element = LoadAs<Element>(Advance(value, i * sizeof(Element)));
-        texts[i] = KyString(static_cast<typename Facts::ToText>(element));
-    }
-    return KyTypeConvertData::Make(KySTRING_T, count, texts, nullptr);
+    return ConvertToTexts<typename Facts::Element>(value, count, [](KyString& text, typename Facts::Element element) {
+        text = KyString(static_cast<typename Facts::ToText>(element));
+    });
 }
 
 /// Array of `count` new numbers, the caller's. A text that is missing or null gives what an empty one gives: 0; so
@@ -44,13 +37,9 @@ KyTypeConvertData* NumberConvertToKyString(void* value, unsigned count) {
 template <class Facts>
 void* NumberConvertFromKyString(KyTypeConvertData* data, unsigned count) {
     using Element = typename Facts::Element;
-    auto* values = static_cast<Element*>(NumberCreate<Facts>(count));
-    if (values == nullptr) return nullptr;
-    for (unsigned i = 0; i < count; ++i) {
-        const KyString* text = TextAt(data, i);
-        values[i] = text == nullptr ? Element{0} : Narrow<Element>(static_cast<typename Facts::FromText>(*text));
-    }
-    return values;
+    return ConvertFromTexts<Element>(&NumberCreate<Facts>, data, count, [](const KyString* text) {
+        return text == nullptr ? Element{0} : Narrow<Element>(static_cast<typename Facts::FromText>(*text));
+    });
 }
 
 }  // namespace ky

@@ -80,11 +80,16 @@ bool TakeConversion(const char*& at, Conversion& conversion) {
     return TakeLetter(at, conversion);
 }
 
-std::string_view Between(const char* start, const char* limit) {
-    return {start, static_cast<std::size_t>(limit - start)};
-}
-
 }  // namespace
+
+const char* FindConversion(const char* format) {
+    for (; *format != 0; ++format) {
+        if (*format != '%') continue;
+        if (format[1] != '%') break;
+        ++format;
+    }
+    return format;
+}
 
 unsigned NumberFormat::CountOf(NumberClass numberClass) const {
     unsigned found = 0;
@@ -93,22 +98,16 @@ unsigned NumberFormat::CountOf(NumberClass numberClass) const {
 }
 
 bool ParseNumberFormat(const char* format, NumberFormat& parts) {
-    const char* at = format;
-    const char* literal = at;
+    const char* literal = format;
+    const char* at;
     parts.count = 0;
-    while (*at != 0) {
-        if (*at != '%') {
-            ++at;
-        } else if (at[1] == '%') {
-            at += 2;
-        } else {
-            if (parts.count == NumberFormat::kMaxConversions) return false;
-            parts.literals[parts.count] = Between(literal, at);
-            Conversion& conversion = parts.conversions[parts.count++];
-            conversion = {};
-            if (!TakeConversion(++at, conversion)) return false;
-            literal = at;
-        }
+    while (*(at = FindConversion(literal)) != 0) {
+        if (parts.count == NumberFormat::kMaxConversions) return false;
+        parts.literals[parts.count] = Between(literal, at);
+        Conversion& conversion = parts.conversions[parts.count++];
+        conversion = {};
+        if (!TakeConversion(++at, conversion)) return false;
+        literal = at;
     }
     parts.literals[parts.count] = Between(literal, at);
     return true;

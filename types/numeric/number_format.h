@@ -16,6 +16,7 @@
 /// width as the largest number of characters to read and has no use for flags and precision. Anything else
 /// ("*", "%s", "%n", "%p", "%1$d", a lone "%") makes the whole format unfit.
 
+#include <cstddef>
 #include <string_view>
 
 namespace ky {
@@ -47,6 +48,14 @@ struct NumberFormat {
 
     unsigned CountOf(NumberClass numberClass) const;
 };
+
+/// The first "%" in a format that begins a conversion, or the format's end. "%%" is literal text.
+const char* FindConversion(const char* format);
+
+/// The piece of a format from `start` to before `limit`.
+inline std::string_view Between(const char* start, const char* limit) {
+    return {start, static_cast<std::size_t>(limit - start)};
+}
 
 /// Takes `format` apart; false when it does not fit the grammar or has more than two conversions.
 bool ParseNumberFormat(const char* format, NumberFormat& parts);

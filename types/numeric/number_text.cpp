@@ -1,22 +1,14 @@
 #include "number_text.h"
 
-#include <cstring>
-
 #include "kystring.h"
 #include "number_format_print.h"
 #include "number_text_plain.h"
 #include "number_text_special.h"
+#include "raw_bytes.h"
 
 using namespace ky;
 
 namespace {
-
-template <class Value>
-Value ValueAt(const void* value) {
-    Value copy;
-    std::memcpy(&copy, value, sizeof copy);
-    return copy;
-}
 
 /// As the plain conversion letter of a row's own format shows a value.
 template <class Integer>
@@ -30,7 +22,7 @@ unsigned PlainText(PlainFormat plain, Integer value, char* out) {
 
 template <class Integer>
 KyString& PrintIntegerTo(KyString& out, const void* address, const char* format) {
-    const auto value = ValueAt<Integer>(address);
+    const auto value = LoadAs<Integer>(address);
     const PlainFormat plain = PlainFormatOf(format);
     if (plain.recognised) {
         char text[1 + kIntegerTextSize] = {kPlainMark};
@@ -125,9 +117,9 @@ KyString& O_8BPrintToKyString(KyString& out, void* value, const char* format, un
 }
 
 KyString& FloatPrintToKyString(KyString& out, void* value, const char* format, unsigned) {
-    return PrintDoubleTo(out, ValueAt<float>(value), format);
+    return PrintDoubleTo(out, LoadAs<float>(value), format);
 }
 
 KyString& DoublePrintToKyString(KyString& out, void* value, const char* format, unsigned) {
-    return PrintDoubleTo(out, ValueAt<double>(value), format);
+    return PrintDoubleTo(out, LoadAs<double>(value), format);
 }

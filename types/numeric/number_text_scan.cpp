@@ -1,10 +1,12 @@
-#include <cstring>
-
+#include "eight_bit_text.h"
 #include "kystring.h"
 #include "number_format_scan.h"
 #include "number_text.h"
 #include "number_text_plain.h"
 #include "number_text_special.h"
+#include "raw_bytes.h"
+
+using namespace ky;
 
 namespace ky {
 
@@ -74,27 +76,14 @@ void ScanText(ScanSource source, const char* format, float& value) { ScanFloatin
 
 namespace {
 
-constexpr unsigned char kLastNarrowCodeSet = 224;
-
 /// What all scan slots do; `Value` is the element's memory form.
 template <class Value>
-void ScanInto(void* address, const KyString& text, const char* format) {
-    Value value;
-    std::memcpy(&value, address, sizeof value);
-    ky::ScanText({text.StrGet(), text.BufferSizeGet()}, format, value);
-    std::memcpy(address, &value, sizeof value);
-}
-
-template <class Value>
-void* ScanElement(void* address, KyString& text, const char* format) {
+void* ScanElement(void* address, const KyString& text, const char* format) {
     if (address == nullptr) return nullptr;
-    if (text.CodeSetGet() > kLastNarrowCodeSet) {
-        KyString narrow;
-        narrow.CopyMapped(text, KyString::GetDefault8CodeSet(), -1);
-        ScanInto<Value>(address, narrow, format);
-    } else {
-        ScanInto<Value>(address, text, format);
-    }
+    const EightBitText source(text);
+    auto value = LoadAs<Value>(address);
+    ScanText({source.Get(), source.Readable()}, format, value);
+    StoreAs(address, value);
     return address;
 }
 

@@ -2,6 +2,7 @@
 
 #include <bit>
 
+#include "kernel_choice.h"
 #include "number_bits.h"
 #include "raw_bytes.h"
 
@@ -172,28 +173,12 @@ constinit const RawKernels kRawKernels[kRawKernelVariants] = {
     {"avx512", FirstDifferenceAvx512, XorWordsAvx512, FirstOtherRank32Avx512, FirstOtherRank64Avx512},
 };
 
-// The loader asks before anything else of the process has run, sanitizers included: nothing here may be
-// instrumented, and no address is read from memory that may not be relocated yet.
-#define KY_UNINSTRUMENTED no_sanitize("address", "thread", "undefined")
-#ifdef __clang__
-#define KY_RESOLVER __attribute__((KY_UNINSTRUMENTED, disable_sanitizer_instrumentation))
-#else
-#define KY_RESOLVER __attribute__((KY_UNINSTRUMENTED))
-#endif
-
-KY_RESOLVER int RunnableRawKernels() {
-    __builtin_cpu_init();
-    if (!__builtin_cpu_supports("avx2")) return 1;
-    const bool avx512 = __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512bw") &&
-                        __builtin_cpu_supports("avx512dq") && __builtin_cpu_supports("avx512vl");
-    return avx512 ? 3 : 2;
-}
+KY_RESOLVER int RunnableRawKernels() { return RunnableVariants(); }
 
 namespace {
 template <class Kernel>
 KY_RESOLVER inline Kernel* Choose(Kernel* any, Kernel* avx2, Kernel* avx512) {
-    const int runnable = RunnableRawKernels();
-    return runnable == 3 ? avx512 : runnable == 2 ? avx2 : any;
+    return WidestOf(RunnableRawKernels(), any, avx2, avx512);
 }
 }  // namespace
 

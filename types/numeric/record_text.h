@@ -5,7 +5,6 @@
 
 #include <cstddef>
 
-#include "counted_array.h"
 #include "kystring.h"
 #include "kytypmgr.h"
 #include "raw_bytes.h"
@@ -28,11 +27,11 @@ KyTypeConvertData* ConvertToTexts(const void* values, unsigned count, Write writ
     return KyTypeConvertData::Make(KySTRING_T, count, texts, nullptr);
 }
 
-/// New array as `CountedCreate` makes it, its elements those that `read(text)` gives for the pointers to the texts,
-/// which are null where there is none. Null when there is no memory.
+/// New array as the type's `create` makes it, its elements those that `read(text)` gives for the pointers to the
+/// texts, which are null where there is none. Null when there is no memory.
 template <class Element, class Read>
-void* ConvertFromTexts(KyTypeConvertData* data, unsigned count, Read read) {
-    auto* values = static_cast<Element*>(CountedCreate<Element>(count));
+void* ConvertFromTexts(KyCreateFunc* create, KyTypeConvertData* data, unsigned count, Read read) {
+    auto* values = static_cast<Element*>(create(count));
     if (values == nullptr) return nullptr;
     for (unsigned i = 0; i < count; ++i) values[i] = read(TextAt(data, i));
     return values;
