@@ -23,6 +23,8 @@ int CompareElements(const void* a, const void* b) {
     return x > y ? 1 : -1;
 }
 
+bool IsTrueText(const KyString& text) { return std::ranges::find(kTrueTexts, text.StrGet()) != std::end(kTrueTexts); }
+
 KyBoolean Null() {
     KyBoolean value;
     value.SetNullValue();
@@ -52,7 +54,8 @@ KyTypeConvertData* BooleanConvertToKyString(void* value, unsigned count) {
 
 void* BooleanConvertFromKyString(KyTypeConvertData* data, unsigned count) {
     return ky::ConvertFromTexts<KyBoolean>(BooleanCreate, data, count, [](const KyString* text) {
-        return text == nullptr ? Null() : KyBoolean(*ky::EightBitText(*text).Get() == '1');
+        if (text == nullptr) return Null();
+        return KyBoolean(ky::ReadAsEightBit(*text, [](const KyString& narrow) { return *narrow.StrGet() == '1'; }));
     });
 }
 
@@ -67,9 +70,7 @@ void* BooleanScanFromKyString(void* value, KyString& text, const char*, unsigned
     if (ky::BeginsWithNullPrintString(text)) {
         ky::StoreAs(value, Null());
     } else {
-        const ky::EightBitText source(text);
-        const bool truth = std::ranges::find(kTrueTexts, source.Get()) != std::end(kTrueTexts);
-        ky::StoreAs(value, KyBoolean(truth));
+        ky::StoreAs(value, KyBoolean(ky::ReadAsEightBit(text, IsTrueText)));
     }
     return value;
 }

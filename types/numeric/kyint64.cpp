@@ -129,15 +129,16 @@ KyString& KyInt64::PrintToKyString(KyString& out, const char* format) const {
 
 void KyInt64::ScanFromKyString(const KyString& text, const char* format) {
     if (format == nullptr) return;
-    const ky::EightBitText source(text);
-    const char* at = source.Get();
-    for (FormatWalk walk(format); walk.Next();) {
-        if (walk.CurrentConversion().base != 0) {
-            *this = ReadNumber(at, walk.CurrentConversion());
-        } else if (*at == walk.Character()) {
-            ++at;
-        } else {
-            return;
+    ky::ReadAsEightBit(text, [this, format](const KyString& narrow) {
+        const char* at = narrow.StrGet();
+        for (FormatWalk walk(format); walk.Next();) {
+            if (walk.CurrentConversion().base != 0) {
+                *this = ReadNumber(at, walk.CurrentConversion());
+            } else if (*at == walk.Character()) {
+                ++at;
+            } else {
+                return;
+            }
         }
-    }
+    });
 }

@@ -4,7 +4,7 @@
 /// Text of nullable numbers: print and scan, and the texts of conversion records.
 
 #include "counted_array.h"
-#include "kyi18n.h"
+#include "eight_bit_text.h"
 #include "kynull.h"
 #include "kystring.h"
 #include "null_order.h"
@@ -82,19 +82,16 @@ KyString& KyNullTypePrintToKyString(KyString& out, void* value, const char* form
 template <class Type, class Value, class Helper>
 void* KyNullTypeScanFromKyString(void* value, KyString& text, const char* format, unsigned count) {
     if (value == nullptr) return nullptr;
-    if (text.CodeSetGet() >= KyCodeSetFirst16Bit) {
-        KyString narrow;
-        narrow.CopyMapped(text, KyString::GetDefault8CodeSet(), -1);
-        return KyNullTypeScanFromKyString<Type, Value, Helper>(value, narrow, format, count);
-    }
-    Type element;
-    if (!text.IsEmpty() && !ky::BeginsWithNullPrintString(text)) {
-        Value number{};
-        Helper::Scan(&number, text, format, count);
-        element = number;
-    }
-    ky::StoreNullable(value, element);
-    return value;
+    return ky::ReadAsEightBit(text, [value, format, count](KyString& narrow) {
+        Type element;
+        if (!narrow.IsEmpty() && !ky::BeginsWithNullPrintString(narrow)) {
+            Value number{};
+            Helper::Scan(&number, narrow, format, count);
+            element = number;
+        }
+        ky::StoreNullable(value, element);
+        return value;
+    });
 }
 
 /// Nulls are null strings.

@@ -80,11 +80,12 @@ namespace {
 template <class Value>
 void* ScanElement(void* address, const KyString& text, const char* format) {
     if (address == nullptr) return nullptr;
-    const EightBitText source(text);
-    auto value = LoadAs<Value>(address);
-    ScanText({source.Get(), source.Readable()}, format, value);
-    StoreAs(address, value);
-    return address;
+    return ReadAsEightBit(text, [address, format](const KyString& narrow) {
+        auto value = LoadAs<Value>(address);
+        ScanText({narrow.StrGet(), narrow.BufferSizeGet()}, format, value);
+        StoreAs(address, value);
+        return address;
+    });
 }
 
 }  // namespace
