@@ -20,6 +20,7 @@ constexpr int Order(T a, T b) {
 /// How many of `count` elements a walk visits in a buffer of `length` bytes: those that start inside it, so the
 /// last of them may reach past the end, and the first in any case. Length 0: exactly `count` elements.
 /// A result below `count` means that the walk ends with `KyErrBufferEnd` after its last element.
+// KEPT: a length bounds where elements start, not what is read; engines pass lengths that end inside an element.
 constexpr std::size_t ElementsInside(unsigned length, std::size_t elementSize, unsigned count) {
     if (length == 0 || count == 0) return count;
     return std::min<std::size_t>((length + elementSize - 1) / elementSize, count);
@@ -27,7 +28,8 @@ constexpr std::size_t ElementsInside(unsigned length, std::size_t elementSize, u
 
 /// Error of a comparison or hash whose last visited element is `last`, of `visited` elements that the buffers
 /// hold and `count` that were asked for. The end of the buffers is seen behind every element but the last of
-/// `count`, so an element that decides a comparison can bring the error with it.
+/// `count`.
+// KEPT: an element that decides a comparison can so bring the error with it; engines read a result beside an error.
 constexpr int BufferEndError(std::size_t last, std::size_t visited, unsigned count) {
     return visited < count && last + 1 >= visited ? KyErrBufferEnd : 0;
 }

@@ -80,7 +80,8 @@ constexpr auto RankOf(BitsOf<Element> bits) {
 }
 
 /// What an element adds to a hash: small numbers widened by their signedness, both halves of a double.
-// KEPT: of the 8-byte integers only the low 32 bits; indexes on disk depend on it.
+// KEPT: of the 8-byte integers only the low 32 bits, of floating-point numbers all bits, so that equal ones (the two
+// zeros, different NaNs) hash differently; indexes on disk depend on both.
 template <class Element>
 constexpr std::uint32_t HashWord(BitsOf<Element> bits) {
     if constexpr (std::is_same_v<Element, double>) {

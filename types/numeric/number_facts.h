@@ -89,6 +89,7 @@ struct WordLSHelper : ShortLSHelper {
 
 struct DwordLSHelper : LongLSHelper {
     using Element = std::uint32_t;
+    // KEPT: as a double 0 becomes the text "+0"; what was converted to text before reads so.
     using ToText = double;
     using FromText = double;
 };
@@ -119,8 +120,8 @@ struct IntLSHelper {
 
 struct UnsignedLSHelper : IntLSHelper {
     using Element = std::uint32_t;
-    using ToText = double;
-    using FromText = double;
+    using ToText = DwordLSHelper::ToText;
+    using FromText = DwordLSHelper::FromText;
     static constexpr auto* Store = &UnsignedStore;
     static constexpr auto* Load = &UnsignedLoad;
     static unsigned StoreOne(void* dst, const void* src, unsigned char flag) { return UnsignedLoad(dst, src, flag, 1); }

@@ -46,6 +46,7 @@ struct IntegerOperand {
 
 /// The operand that a value is to a conversion: 16-bit values are widened with their sign to 32 bits unless
 /// the conversion names "h".
+// KEPT: "%d" and "%x" of the unsigned 65535 print -1 and ffffffff, because both signednesses share one print function.
 template <class Integer>
 IntegerOperand OperandOf(Integer value, const Conversion& conversion) {
     if constexpr (sizeof(Integer) == sizeof(short)) {

@@ -16,6 +16,7 @@ namespace ky {
 
 /// The bits of a type's least value: the lowest integer, and of floating-point numbers the NaN with the sign and
 /// the highest bit of the mantissa, which orders before everything.
+// KEPT: this NaN has no successor, so that a counter of floating-point numbers has to start elsewhere.
 template <class Element>
 constexpr BitsOf<Element> LeastValueBits() {
     if constexpr (std::is_same_v<Element, double>) {
@@ -28,7 +29,8 @@ constexpr BitsOf<Element> LeastValueBits() {
 }
 
 /// The candidate for the next floating-point number: a successor only when it compares greater.
-/// Subnormal numbers are skipped: 0 lies between the least normal number and its negative.
+// KEPT: subnormal numbers are skipped: 0 lies between the least normal number and its negative; numbered objects hold
+// what comes out of it.
 template <class Element>
 Element NextFloating(Element x) {
     using Limits = std::numeric_limits<Element>;

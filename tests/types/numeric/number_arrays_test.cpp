@@ -1,9 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <sys/resource.h>
-
 #include "kybase.h"
-#include "kytypmgr.h"
 #include "number_roster.h"
 #include "support/guarded_buffer.h"
 #include "support/hex.h"
@@ -166,44 +163,5 @@ TEST_P(NumberArrays, Kept_TranslateBetweenPersistentFormsCopiesBytes) {
 
 INSTANTIATE_TEST_SUITE_P(All, NumberArrays, testing::ValuesIn(NumberTypes()),
                          [](const auto& instance) { return instance.param.name(); });
-
-TEST(NumberCreate, OnlyOneByteNumbersAreZeroed) {
-    for (const NumberType& type : NumberTypes()) {
-        if (type.width != 1) continue;
-        for (int round = 0; round < 3; ++round) {
-            void* values = type.row->Create(3);
-            EXPECT_EQ(Hex(values, 3), "00 00 00") << type.name();
-            std::memset(values, 0xFF, 3);
-            type.row->Delete(values, 3);
-        }
-    }
-}
-
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
-#define KY_OWN_ALLOCATOR 1
-#endif
-#elif defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#define KY_OWN_ALLOCATOR 1
-#endif
-
-TEST(NumberCreate, MemoryThatCannotBeHadIsANullPointer) {
-#ifdef KY_OWN_ALLOCATOR
-    GTEST_SKIP() << "the sanitizer's allocator ends the program instead";
-#endif
-    rlimit before{};
-    ASSERT_EQ(getrlimit(RLIMIT_AS, &before), 0);
-    rlimit limited = before;
-    limited.rlim_cur = rlim_t{1} << 32;
-    ASSERT_EQ(setrlimit(RLIMIT_AS, &limited), 0);
-    KyTypeConvertData noTexts;
-    for (const NumberType& type : NumberTypes()) {
-        if (type.width != 8) continue;
-        EXPECT_EQ(type.row->Create(0xFFFFFFFFu), nullptr) << type.name();
-        EXPECT_EQ(type.row->DefaultValue(0xFFFFFFFFu, 0), nullptr) << type.name();
-        EXPECT_EQ(type.row->ConvertFromKyString(&noTexts, 0xFFFFFFFFu), nullptr) << type.name();
-    }
-    setrlimit(RLIMIT_AS, &before);
-}
 
 }  // namespace

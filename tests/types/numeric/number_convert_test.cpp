@@ -104,6 +104,9 @@ TEST(NumberConvert, FromText) {
         To<std::uint8_t>(KyByteTab, 1, "257"),
         To<std::int16_t>(KyShortTab, -32768, "-32768"),
         To<std::int16_t>(KyShortTab, 8, "010"),
+        To<std::int16_t>(KyShortTab, 4464, "70000"),
+        To<std::uint16_t>(KyWordTab, 4464, "70000"),
+        To<std::int32_t>(KyLongTab, 0, "4294967296"),
         To<std::uint16_t>(KyWordTab, 65535, "65535"),
         To<std::uint16_t>(KyWordTab, 65535, "-1"),
         To<std::int32_t>(KyLongTab, -2147483647 - 1, "-2147483648"),
@@ -121,6 +124,8 @@ TEST(NumberConvert, FromText) {
         To<std::uint64_t>(KyU8BTab, 9223372036854775807u, "9223372036854775807"),
         To<double>(KyDoubleTab, 0.1, "0.1"),
         To<double>(KyDoubleTab, 10, "010"),
+        To<std::uint64_t>(KyDoubleTab, 0xFFF8000000000000, "nan"),
+        To<float>(KyFloatTab, std::numeric_limits<float>::infinity(), "1e39"),
         To<float>(KyFloatTab, 0.1f, "0.1"),
     };
     for (const Conversion& line : table) {
@@ -140,6 +145,31 @@ TEST(NumberConvert, MissingNullAndEmptyTextsAreZero) {
         EXPECT_EQ(FromTexts(*type.row, {"", nullptr, ""}, 4), Hex(zeros.data(), zeros.size())) << type.name();
         EXPECT_EQ(FromTexts(*type.row, {}, 1), Hex(zeros.data(), type.width)) << type.name();
         EXPECT_EQ(FromTexts(*type.row, {"1"}, 0), "") << type.name();
+    }
+}
+
+TEST(NumberConvert, WithoutARecordEveryElementIsZero) {
+    for (const NumberType& type : NumberTypes()) {
+        void* values = type.row->ConvertFromKyString(nullptr, 3);
+        const ByteVector zeros(3 * type.width);
+        EXPECT_EQ(Hex(values, zeros.size()), Hex(zeros.data(), zeros.size())) << type.name();
+        type.row->Delete(values, 3);
+    }
+}
+
+TEST(NumberConvert, ValuesNeedNoAlignment) {
+    for (const NumberType& type : NumberTypes()) {
+        ByteVector shifted(1);
+        for (unsigned i = 0; i < 2; ++i) {
+            const ByteVector& value = type.samples[type.samples.size() - 1 - i].memory;
+            shifted.insert(shifted.end(), value.begin(), value.end());
+        }
+        KyTypeConvertData* record = type.row->ConvertToKyString(shifted.data() + 1, 2);
+        EXPECT_EQ(TextsOf(*type.row, ByteVector(shifted.begin() + 1, shifted.end()), 2),
+                  (std::vector<std::string>{record->GetString(0)->StrGet(), record->GetString(1)->StrGet()}))
+            << type.name();
+        KyStringDelete(record->data, 2);
+        delete record;
     }
 }
 

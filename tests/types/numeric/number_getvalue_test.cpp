@@ -66,7 +66,8 @@ constexpr double kInf = std::numeric_limits<double>::infinity();
 constexpr double kMost = 1.7976931348623157e308;
 constexpr double kLeast = 2.2250738585072014e-308;
 
-TEST(NumberGetValue, DoublesStepToTheNextNormalNumber) {
+// KEPT: no subnormal number is ever reached.
+TEST(NumberGetValue, Kept_DoublesStepToTheNextNormalNumber) {
     CheckSteps<double>(KyDoubleTab, {
                                         {1.0, 0, 1.0000000000000002},
                                         {-1.0, 0, -0.9999999999999999},
@@ -91,7 +92,7 @@ constexpr float kFloatInf = std::numeric_limits<float>::infinity();
 constexpr float kFloatMost = 3.4028235e38f;
 constexpr float kFloatLeast = 1.1754944e-38f;
 
-TEST(NumberGetValue, FloatsStepByTheirOwnLimits) {
+TEST(NumberGetValue, Kept_FloatsStepByTheirOwnLimits) {
     CheckSteps<float>(KyFloatTab, {
                                       {1.0f, 0, std::nextafter(1.0f, 2.0f)},
                                       {-1.0f, 0, std::nextafter(-1.0f, 0.0f)},
@@ -142,6 +143,32 @@ TEST(NumberGetValue, Kept_TheLeastFloatingNumberCannotBeStepped) {
         const ByteVector least = value;
         EXPECT_EQ(type.row->GetValue(value.data(), 1, KyFormMemory, KyValueStep), KyErrNoSuccessor);
         EXPECT_EQ(value, least);
+    }
+}
+
+TEST(NumberGetValue, EveryNanStaysWhatItIs) {
+    for (const std::uint64_t bits :
+         {0x7FF8000000000000u, 0xFFF8000000000000u, 0x7FF0000000000001u, ~std::uint64_t{0}}) {
+        std::uint64_t value = bits;
+        EXPECT_EQ(KyDoubleTab.GetValue(&value, 1, KyFormMemory, KyValueStep), KyErrNoSuccessor);
+        EXPECT_EQ(value, bits);
+    }
+    for (const std::uint32_t bits : {0x7FC00000u, 0xFFC00000u, 0x7F800001u, ~0u}) {
+        std::uint32_t value = bits;
+        EXPECT_EQ(KyFloatTab.GetValue(&value, 1, KyFormMemory, KyValueStep), KyErrNoSuccessor);
+        EXPECT_EQ(value, bits);
+    }
+}
+
+TEST(NumberGetValue, ValuesNeedNoAlignment) {
+    for (const NumberType& type : NumberTypes()) {
+        if (type.id == KyENUM_T) continue;
+        ByteVector shifted(type.width + 2);
+        EXPECT_EQ(type.row->GetValue(shifted.data() + 1, 1, KyFormMemory, KyValueStep), 0) << type.name();
+        ByteVector aligned(type.width);
+        type.row->GetValue(aligned.data(), 1, KyFormMemory, KyValueStep);
+        EXPECT_EQ(Hex(shifted.data() + 1, type.width), Hex(aligned.data(), type.width)) << type.name();
+        EXPECT_EQ(shifted.back(), 0);
     }
 }
 

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <clocale>
 #include <cmath>
 #include <cstdint>
+#include <cstdio>
 #include <limits>
 #include <string>
 
@@ -10,6 +10,7 @@
 #include "kystring.h"
 #include "kytypfmt.h"
 #include "number_text.h"
+#include "support/comma_locale.h"
 
 namespace {
 
@@ -84,6 +85,15 @@ TEST(IntegerPrint, TakesTheWidthOfTheElement) {
         EXPECT_EQ(Printed(LongPrintToKyString, static_cast<int>(c.value), c.format), c.as32) << name;
         EXPECT_EQ(Printed(O_8BPrintToKyString, c.value, c.format), c.as64) << name;
     }
+}
+
+// KEPT: both signednesses share one print function, so that only "h" shows an unsigned 16-bit number as one.
+TEST(IntegerPrint, Kept_UnsignedNumbersOf16BitsAreWidenedWithASign) {
+    const std::uint16_t most = 65535;
+    EXPECT_EQ(Printed(KyWordTab.PrintToKyString, most, "%d"), "-1");
+    EXPECT_EQ(Printed(KyWordTab.PrintToKyString, most, "%x"), "ffffffff");
+    EXPECT_EQ(Printed(KyWordTab.PrintToKyString, most, "%u"), "4294967295");
+    EXPECT_EQ(Printed(KyWordTab.PrintToKyString, most, KyWordTab.printFormat), "65535");
 }
 
 TEST(IntegerPrint, ReadsAnUnalignedElementAndNothingBehindIt) {
@@ -163,6 +173,7 @@ const DoubleCase kDoubles[] = {
     {"%g%g", 1.0, ""},
     {"%.17g%n", 1.0, ""},
     {"ldexp(", 1.0, "ldexp("},
+    {"ldexp(%g)", 10.0, "ldexp(10)"},  // the mark itself stands for the mantissa's form, not what begins with it
 };
 
 TEST(DoublePrint, NamesSpecialValuesInItsOwnFormatAlone) {
@@ -224,12 +235,16 @@ TEST(MantissaPrint, AFormatThatBeginsWithAPercentSignIsNeverOne) {
 }
 
 TEST(DoublePrint, IsTheSameUnderALocaleWithADecimalComma) {
-    if (std::setlocale(LC_ALL, "de_DE.UTF-8") == nullptr) GTEST_SKIP() << "no German locale on this machine";
+    const CommaLocale comma;
+    char byTheLibrary[16];
+    std::snprintf(byTheLibrary, sizeof byTheLibrary, "%.1f", 1234.5);
+    ASSERT_STREQ(byTheLibrary, "1234,5");
     EXPECT_EQ(Printed(DoublePrintToKyString, 1234.5, "%.17g"), "1234.5");
     EXPECT_EQ(Printed(DoublePrintToKyString, 1234.5, "%'.2f"), "1234.50");
     EXPECT_EQ(Printed(IntPrintToKyString, 1234567, "%'d"), "1234567");
     EXPECT_EQ(PrintedCharacters("\xE4", "%c"), "0xe4");
-    std::setlocale(LC_ALL, "C");
+    EXPECT_EQ(Printed(DoublePrintToKyString, 1234.5, "%.2f"), "1234.50");
+    EXPECT_EQ(Printed(FloatPrintToKyString, 1.5F, "%a"), "0x1.8p+0");
 }
 
 }  // namespace
