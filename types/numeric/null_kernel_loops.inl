@@ -76,8 +76,7 @@ KY_KERNEL_TARGET inline void Pack(NullLayout layout, NullOrder order, void* dst,
     PackRest(layout, order, plan, step, to, from, count);
 }
 
-KY_KERNEL_TARGET inline void Unpack(NullLayout layout, NullOrder order, void* dst, const void* src,
-                                    std::size_t count) {
+KY_KERNEL_TARGET inline void Unpack(NullLayout layout, NullOrder order, void* dst, const void* src, std::size_t count) {
     const Plan& plan = kPlans.Of(layout, order);
     const UnpackStep step(plan);
     unsigned char* to = Advance(dst, 0);

@@ -2,6 +2,7 @@
 
 #include "kernel_choice.h"
 #include "null_first_other.h"
+#include "null_hash_words.h"
 
 namespace ky {
 namespace {
@@ -59,10 +60,14 @@ std::size_t FirstOtherNullableAny(NullLayout layout, const void* a, const void* 
     return detail::FirstOtherNullableText(layout, a, b, count);
 }
 
+std::uint32_t HashNullablesAny(NullLayout layout, bool bothHalves, const void* data, std::size_t count) {
+    return detail::HashNullablesText(layout, bothHalves, data, count);
+}
+
 constinit const NullKernels kNullKernels[kNullKernelVariants] = {
-    {"any", PackNullablesAny, UnpackNullablesAny, FirstOtherNullableAny},
-    {"avx2", PackNullablesAvx2, UnpackNullablesAvx2, FirstOtherNullableAvx2},
-    {"avx512", PackNullablesAvx512, UnpackNullablesAvx512, FirstOtherNullableAvx512},
+    {"any", PackNullablesAny, UnpackNullablesAny, FirstOtherNullableAny, HashNullablesAny},
+    {"avx2", PackNullablesAvx2, UnpackNullablesAvx2, FirstOtherNullableAvx2, HashNullablesAvx2},
+    {"avx512", PackNullablesAvx512, UnpackNullablesAvx512, FirstOtherNullableAvx512, HashNullablesAvx512},
 };
 
 KY_RESOLVER int RunnableNullKernels() {
@@ -87,10 +92,14 @@ KY_RESOLVER NullMoveKernel* KyResolveUnpackNullables() {
 KY_RESOLVER FirstOtherNullableKernel* KyResolveFirstOtherNullable() {
     return Choose(&FirstOtherNullableAny, &FirstOtherNullableAvx2, &FirstOtherNullableAvx512);
 }
+KY_RESOLVER HashNullablesKernel* KyResolveHashNullables() {
+    return Choose(&HashNullablesAny, &HashNullablesAvx2, &HashNullablesAvx512);
+}
 }
 
 __attribute__((ifunc("KyResolvePackNullables"))) NullMoveKernel PackNullables;
 __attribute__((ifunc("KyResolveUnpackNullables"))) NullMoveKernel UnpackNullables;
 __attribute__((ifunc("KyResolveFirstOtherNullable"))) FirstOtherNullableKernel FirstOtherNullable;
+__attribute__((ifunc("KyResolveHashNullables"))) HashNullablesKernel HashNullables;
 
 }  // namespace ky

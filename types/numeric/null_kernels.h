@@ -5,6 +5,7 @@
 /// permutations; the loader picks one for the machine at hand. See `null_layout.h` for the bytes.
 
 #include <cstddef>
+#include <cstdint>
 
 #include "null_layout.h"
 
@@ -18,14 +19,20 @@ using NullMoveKernel = void(NullLayout layout, NullOrder order, void* dst, const
 /// is none. Padding does not count.
 using FirstOtherNullableKernel = std::size_t(NullLayout layout, const void* a, const void* b, std::size_t count);
 
+/// The hash of `count` elements in memory form: those of the elements combined by exclusive or. `bothHalves`: the two
+/// halves of 8-byte numbers are combined, otherwise the low one stands for both.
+using HashNullablesKernel = std::uint32_t(NullLayout layout, bool bothHalves, const void* data, std::size_t count);
+
 NullMoveKernel PackNullables;
 NullMoveKernel UnpackNullables;
 FirstOtherNullableKernel FirstOtherNullable;
+HashNullablesKernel HashNullables;
 
 NullMoveKernel PackNullablesAny, UnpackNullablesAny;
 NullMoveKernel PackNullablesAvx2, UnpackNullablesAvx2;
 NullMoveKernel PackNullablesAvx512, UnpackNullablesAvx512;
 FirstOtherNullableKernel FirstOtherNullableAny, FirstOtherNullableAvx2, FirstOtherNullableAvx512;
+HashNullablesKernel HashNullablesAny, HashNullablesAvx2, HashNullablesAvx512;
 
 /// One variant of all of them.
 struct NullKernels {
@@ -33,6 +40,7 @@ struct NullKernels {
     NullMoveKernel* pack;
     NullMoveKernel* unpack;
     FirstOtherNullableKernel* firstOther;
+    HashNullablesKernel* hash;
 };
 
 /// The variants, from the one for any machine to the widest; how many of them this machine can run.

@@ -1,6 +1,7 @@
 #include <immintrin.h>
 
 #include "null_first_other.h"
+#include "null_hash_words.h"
 #include "null_kernels.h"
 #include "null_plans.h"
 
@@ -54,6 +55,11 @@ KY_KERNEL_TARGET void UnpackNullablesAvx2(NullLayout layout, NullOrder order, vo
 KY_KERNEL_TARGET std::size_t FirstOtherNullableAvx2(NullLayout layout, const void* a, const void* b,
                                                     std::size_t count) {
     return detail::FirstOtherNullableText(layout, a, b, count);
+}
+
+KY_KERNEL_TARGET std::uint32_t HashNullablesAvx2(NullLayout layout, bool bothHalves, const void* data,
+                                                 std::size_t count) {
+    return detail::HashNullablesText(layout, bothHalves, data, count);
 }
 
 }  // namespace ky

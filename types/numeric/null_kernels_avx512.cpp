@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "null_first_other.h"
+#include "null_hash_words.h"
 #include "null_kernels.h"
 #include "null_plans.h"
 
@@ -82,6 +83,11 @@ KY_KERNEL_TARGET void UnpackNullablesAvx512(NullLayout layout, NullOrder order, 
 KY_KERNEL_TARGET std::size_t FirstOtherNullableAvx512(NullLayout layout, const void* a, const void* b,
                                                       std::size_t count) {
     return detail::FirstOtherNullableText(layout, a, b, count);
+}
+
+KY_KERNEL_TARGET std::uint32_t HashNullablesAvx512(NullLayout layout, bool bothHalves, const void* data,
+                                                   std::size_t count) {
+    return detail::HashNullablesText(layout, bothHalves, data, count);
 }
 
 }  // namespace ky

@@ -69,8 +69,10 @@ struct NullElement {
     }
 
     struct Decoded {
-        Bits bits;  ///< of the number in memory order; 0 for null
+        Bits bits;  ///< of the number in memory order
         bool null;
+
+        int IsNullValue() const { return null; }
     };
 
     // KEPT: only a null byte of exactly 1 is null, whereas in memory form every flag but 0 is; stored data depend on

@@ -108,6 +108,33 @@ TEST_P(NullKernels, FirstOtherIsFoundWhereverItStandsAndPaddingIsPassed) {
     }
 }
 
+template <class Signed>
+void CheckHash(ky::HashNullablesKernel* kernel, ky::NullLayout layout, const ByteVector& memory) {
+    const SlowNullShape shape{ky::SizesOf(layout).memory, ky::SizesOf(layout).number, ky::SizesOf(layout).reversedUnit};
+    const auto count = static_cast<unsigned>(memory.size() / shape.memory);
+    GuardedBuffer data{std::span(memory)};
+    int err = -1;
+    ASSERT_EQ(kernel(layout, std::is_same_v<Signed, double>, data.data(), count),
+              SlowNullHash<Signed>(shape, KyFormMemory, 0, memory.data(), count, err))
+        << shape.memory << " " << count;
+}
+
+TEST_P(NullKernels, HashIsThatOfTheSlowTwin) {
+    for (unsigned count = 0; count <= 300; count += count < 150 ? 1 : 13) {
+        for (const ky::NullLayout layout : kLayouts) {
+            ByteVector memory(count * ky::SizesOf(layout).memory);
+            Fill(memory.data(), memory.size());
+            if (layout == ky::NullLayout::bytes2) CheckHash<std::int8_t>(kernels.hash, layout, memory);
+            if (layout == ky::NullLayout::bytes4) CheckHash<std::int16_t>(kernels.hash, layout, memory);
+            if (layout == ky::NullLayout::bytes8) CheckHash<std::int32_t>(kernels.hash, layout, memory);
+            if (layout == ky::NullLayout::bytes8) CheckHash<float>(kernels.hash, layout, memory);
+            if (layout == ky::NullLayout::bytes12) CheckHash<std::int64_t>(kernels.hash, layout, memory);
+            if (layout == ky::NullLayout::bytes16) CheckHash<std::int64_t>(kernels.hash, layout, memory);
+            if (layout == ky::NullLayout::bytes16) CheckHash<double>(kernels.hash, layout, memory);
+        }
+    }
+}
+
 TEST_P(NullKernels, TakeAreasAtAnyAddress) {
     for (const ky::NullLayout layout : kLayouts) {
         const SlowNullShape shape = ShapeOf(layout);
@@ -147,6 +174,7 @@ TEST(NullKernelsChoice, TheLoaderPicksAVariantThatWorks) {
     ky::UnpackNullables(ky::NullLayout::bytes8, ky::NullOrder::nullFirst, loaded, stored, 2);
     EXPECT_EQ(Hex(loaded, 16), "01 02 03 04 00 00 00 00 00 00 00 00 01 00 00 00");
     EXPECT_EQ(ky::FirstOtherNullable(ky::NullLayout::bytes8, memory, loaded, 2), 1u) << "flag 7 is not flag 1";
+    EXPECT_EQ(ky::HashNullables(ky::NullLayout::bytes8, false, loaded, 2), 0x04030201u * 1103515245u ^ 0xFEFE7575u);
     EXPECT_GE(ky::RunnableNullKernels(), 1);
 }
 

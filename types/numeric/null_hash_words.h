@@ -1,0 +1,79 @@
+#ifndef NULL_HASH_WORDS_H
+#define NULL_HASH_WORDS_H
+
+/// The hash of nullable numbers in memory form: one text, compiled by the including files for their instructions.
+
+#include <cstddef>
+#include <cstdint>
+#include <type_traits>
+
+#include "null_layout.h"
+#include "number_order.h"
+#include "raw_bytes.h"
+
+namespace ky {
+
+/// What a null adds to a hash.
+inline constexpr std::uint32_t kNullHash = 0xFEFE7575u;
+
+namespace detail {
+
+/// What the number of an element adds to a hash, before it is multiplied: small ones are widened with their sign.
+template <NullLayout layout, bool bothHalves>
+constexpr std::uint32_t NumberWord(typename NullElement<layout>::Bits bits) {
+    using Bits = typename NullElement<layout>::Bits;
+    if constexpr (bothHalves) {
+        return static_cast<std::uint32_t>(bits ^ (bits >> (4 * sizeof(Bits))));
+    } else {
+        return static_cast<std::uint32_t>(static_cast<std::make_signed_t<Bits>>(bits));
+    }
+}
+
+/// Number and flag of an element that lies in memory form, each in one read, or both in one where they fit.
+template <NullLayout layout>
+[[gnu::always_inline]] inline typename NullElement<layout>::Decoded ReadElement(const unsigned char* at) {
+    using Element = NullElement<layout>;
+    using Bits = typename Element::Bits;
+    constexpr NullSizes sizes = Element::kSizes;
+    if constexpr (sizes.memory <= 8) {
+        const auto all = LoadAs<typename UnsignedOfSize<sizes.memory>::Type>(at);
+        return {static_cast<Bits>(all), (all >> (8 * sizes.number) & 0xFF) != 0};
+    } else {
+        return {LoadAs<Bits>(at), at[sizes.number] != 0};
+    }
+}
+
+template <NullLayout layout, bool bothHalves>
+[[gnu::always_inline]] inline std::uint32_t HashElements(const unsigned char* data, std::size_t count) {
+    std::uint32_t hash = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        const auto element = ReadElement<layout>(data + i * SizesOf(layout).memory);
+        const std::uint32_t word = kHashFactor * NumberWord<layout, bothHalves>(element.bits);
+        hash ^= element.null ? kNullHash : word;
+    }
+    return hash;
+}
+
+[[gnu::always_inline]] inline std::uint32_t HashNullablesText(NullLayout layout, bool bothHalves, const void* area,
+                                                              std::size_t count) {
+    const unsigned char* data = Advance(area, 0);
+    switch (layout) {
+        case NullLayout::bytes2:
+            return HashElements<NullLayout::bytes2, false>(data, count);
+        case NullLayout::bytes4:
+            return HashElements<NullLayout::bytes4, false>(data, count);
+        case NullLayout::bytes8:
+            return HashElements<NullLayout::bytes8, false>(data, count);
+        case NullLayout::bytes12:
+            return HashElements<NullLayout::bytes12, false>(data, count);
+        case NullLayout::bytes16:
+            break;
+    }
+    return bothHalves ? HashElements<NullLayout::bytes16, true>(data, count)
+                      : HashElements<NullLayout::bytes16, false>(data, count);
+}
+
+}  // namespace detail
+}  // namespace ky
+
+#endif
