@@ -29,27 +29,26 @@ constexpr std::uint32_t NumberWord(typename NullElement<layout>::Bits bits) {
     }
 }
 
-/// Number and flag of an element that lies in memory form, each in one read, or both in one where they fit.
-template <NullLayout layout>
-[[gnu::always_inline]] inline typename NullElement<layout>::Decoded ReadElement(const unsigned char* at) {
-    using Element = NullElement<layout>;
-    using Bits = typename Element::Bits;
-    constexpr NullSizes sizes = Element::kSizes;
-    if constexpr (sizes.memory <= 8) {
-        const auto all = LoadAs<typename UnsignedOfSize<sizes.memory>::Type>(at);
-        return {static_cast<Bits>(all), (all >> (8 * sizes.number) & 0xFF) != 0};
-    } else {
-        return {LoadAs<Bits>(at), at[sizes.number] != 0};
-    }
-}
-
 template <NullLayout layout, bool bothHalves>
 [[gnu::always_inline]] inline std::uint32_t HashElements(const unsigned char* data, std::size_t count) {
+    using Element = NullElement<layout>;
+    constexpr NullSizes sizes = Element::kSizes;
     std::uint32_t hash = 0;
     for (std::size_t i = 0; i < count; ++i) {
-        const auto element = ReadElement<layout>(data + i * SizesOf(layout).memory);
-        const std::uint32_t word = kHashFactor * NumberWord<layout, bothHalves>(element.bits);
-        hash ^= element.null ? kNullHash : word;
+        const unsigned char* const at = data + i * sizes.memory;
+        typename Element::Bits bits;
+        std::uint32_t flag;
+        if constexpr (sizes.memory <= 8) {
+            // One read, which lets the loop be made of vectors.
+            const auto all = LoadAs<typename UnsignedOfSize<sizes.memory>::Type>(at);
+            bits = static_cast<typename Element::Bits>(all);
+            flag = static_cast<unsigned char>(all >> (8 * sizes.number));
+        } else {
+            bits = LoadAs<typename Element::Bits>(at);
+            flag = at[sizes.number];
+        }
+        const std::uint32_t ifNull = flag != 0 ? ~0u : 0u;
+        hash ^= (kNullHash & ifNull) | (kHashFactor * NumberWord<layout, bothHalves>(bits) & ~ifNull);
     }
     return hash;
 }

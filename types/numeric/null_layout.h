@@ -60,20 +60,14 @@ struct NullElement {
     static constexpr NullSizes kSizes = SizesOf(layout);
     using Bits = typename detail::UnsignedOfSize<kSizes.number>::Type;
 
-    static void Pack(unsigned char* to, const unsigned char* from, NullOrder order) {
-        const bool numberFirst = order == NullOrder::numberFirst;
-        const auto bits = LoadAs<Bits>(from);
-        const auto null = static_cast<unsigned char>(from[kSizes.number] != 0);
-        StoreAs(to + (numberFirst ? 0 : 1), Ordered(bits, order));
-        to[numberFirst ? kSizes.number : 0] = null;
-    }
-
     struct Decoded {
         Bits bits;  ///< of the number in memory order
         bool null;
 
         int IsNullValue() const { return null; }
     };
+
+    static Decoded Read(const unsigned char* memory) { return {LoadAs<Bits>(memory), memory[kSizes.number] != 0}; }
 
     // KEPT: only a null byte of exactly 1 is null, whereas in memory form every flag but 0 is; stored data depend on
     // it.
@@ -82,6 +76,13 @@ struct NullElement {
         const auto bits = LoadAs<Bits>(from + (numberFirst ? 0 : 1));
         const bool null = from[numberFirst ? kSizes.number : 0] == 1;
         return {null ? Bits{0} : Ordered(bits, order), null};
+    }
+
+    static void Pack(unsigned char* to, const unsigned char* from, NullOrder order) {
+        const Decoded element = Read(from);
+        const bool numberFirst = order == NullOrder::numberFirst;
+        StoreAs(to + (numberFirst ? 0 : 1), Ordered(element.bits, order));
+        to[numberFirst ? kSizes.number : 0] = static_cast<unsigned char>(element.null);
     }
 
     static void Unpack(unsigned char* to, const unsigned char* from, NullOrder order) {

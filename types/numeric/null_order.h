@@ -23,7 +23,7 @@ using PlainNumber = std::conditional_t<std::is_same_v<Value, KyInt64>, long long
 template <class Type, class Value, class Helper>
 auto ReadNullable(const void* from, unsigned char form) {
     using Element = NullElement<LayoutOf<Type, Value, Helper>()>;
-    if (form == KyFormMemory) return detail::ReadElement<LayoutOf<Type, Value, Helper>()>(Advance(from, 0));
+    if (form == KyFormMemory) return Element::Read(Advance(from, 0));
     if (IsPlainForm(form)) return Element::Decode(Advance(from, 0), NullOrderOf(form));
     Type element;
     LoadNullableInForm<Type, Value, Helper>(reinterpret_cast<unsigned char*>(&element), Advance(from, 0), form);
