@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cctype>
 #include <cstdio>
 #include <fstream>
 
@@ -63,7 +65,14 @@ std::vector<GoldenLine> ReadGolden(const std::string& name) {
     return lines;
 }
 
-void CheckGolden(KyTypeTab& row, const std::string& name) {
+std::string GoldenName(const KyTypeTab& row) {
+    std::string name = row.typeName;
+    std::transform(name.begin(), name.end(), name.begin(), [](unsigned char c) { return std::tolower(c); });
+    return name;
+}
+
+void CheckGolden(KyTypeTab& row) {
+    const std::string name = GoldenName(row);
     const std::vector<GoldenLine> lines = ReadGolden(name);
     EXPECT_FALSE(lines.empty()) << name;
     for (const GoldenLine& line : lines) {

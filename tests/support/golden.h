@@ -18,11 +18,14 @@ struct GoldenLine {
     std::string packed;
 };
 
+/// The name of a type's golden file: its own in lower case.
+std::string GoldenName(const KyTypeTab& row);
+
 /// The lines of tests/golden/`name`.txt: columns parted by two blanks or more, lines that begin with "# " left out.
 std::vector<GoldenLine> ReadGolden(const std::string& name);
 
-/// Expects of each line that its text scans to a value with these bytes and this hash in every form, and that the
-/// bytes load back to an equal value; packed bytes are those of the forms 8, 9 and 10.
-void CheckGolden(KyTypeTab& row, const std::string& name);
+/// Expects of each line of the type's golden file that its text scans to a value with these bytes and this hash in
+/// every form, and that the bytes load back to an equal value; packed bytes are those of the forms 8, 9 and 10.
+void CheckGolden(KyTypeTab& row);
 
 #endif

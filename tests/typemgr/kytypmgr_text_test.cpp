@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -10,6 +11,7 @@
 #include "kytypmgr.h"
 #include "number_text.h"
 #include "row_patch.h"
+#include "type_table.h"
 
 namespace {
 
@@ -240,16 +242,32 @@ TEST(Text, ConvertFromTakesMissingStringsAsEmpty) {
     manager.Delete(KyINT_T, values, 3);
 }
 
-TEST(Text, ConvertFromWithoutARecordGivesDefaultValues) {
+/// Of a record that is missing, and of one that holds fewer texts than asked for.
+TEST(Text, ElementsWithoutATextAreNullOrZero) {
     KyTypeMgr manager(5);
-    for (const char id : {char{Ky1B_T}, char{Ky2B_T}, char{KyDOUBLE_T}, char{KyU4B_T}, char{KySTRING_T}}) {
-        SCOPED_TRACE(int{id});
-        void* values = manager.ConvertFrom(id, nullptr, 2);
-        void* expected = manager.DefaultValue(id, 2, 0);
-        ASSERT_NE(values, nullptr);
-        EXPECT_EQ(manager.Cmp(id, values, expected, KyCmpExact, 2, KyFormMemory), 0);
-        manager.Delete(id, values, 2);
-        manager.Delete(id, expected, 2);
+    KyTypeConvertData noTexts;
+    for (const ExpectedType& type : expectedTypes) {
+        SCOPED_TRACE(type.name);
+        const char id = static_cast<char>(type.id);
+        void* probe = manager.Create(id, 1);
+        if (probe == nullptr || !type.fixed) {
+            manager.Delete(id, probe, 1);
+            continue;
+        }
+        manager.Delete(id, probe, 1);
+        for (KyTypeConvertData* record : {static_cast<KyTypeConvertData*>(nullptr), &noTexts}) {
+            for (const unsigned count : {1U, 3U}) {
+                void* values = manager.ConvertFrom(id, record, count);
+                ASSERT_NE(values, nullptr);
+                for (unsigned i = 0; i < count; ++i) {
+                    auto* value = static_cast<unsigned char*>(values) + i * type.size;
+                    const bool zero =
+                        std::all_of(value, value + type.size, [](unsigned char byte) { return byte == 0; });
+                    EXPECT_TRUE(type.hasNull ? manager.IsNullValue(id, value) != 0 : zero) << i;
+                }
+                manager.Delete(id, values, count);
+            }
+        }
     }
 }
 

@@ -32,7 +32,7 @@ TEST(BooleanRow, IsNamedAndMeasured) {
     }
 }
 
-TEST(BooleanRow, AgreesWithItsGoldenFile) { CheckGolden(KyBooleanTab, "kyboolean"); }
+TEST(BooleanRow, AgreesWithItsGoldenFile) { CheckGolden(KyBooleanTab); }
 
 TEST(BooleanRow, KeepsEveryByte) {
     unsigned char all[256];

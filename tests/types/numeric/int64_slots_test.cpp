@@ -47,7 +47,7 @@ TEST(Int64Row, IsNamedAndMeasured) {
     }
 }
 
-TEST(Int64Row, AgreesWithItsGoldenFile) { CheckGolden(KyInt64Tab, "kyint64"); }
+TEST(Int64Row, AgreesWithItsGoldenFile) { CheckGolden(KyInt64Tab); }
 
 TEST(Int64Row, Kept_ReversedFormKeepsTheLowHalfFirst) {
     KyInt64 value(0x0102030405060708);
