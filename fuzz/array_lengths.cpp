@@ -1,4 +1,5 @@
-// Arrays of numbers that are told any byte length: nothing behind the elements that start inside it is read.
+// Arrays of numbers, nullable ones too, that are told any byte length: nothing behind the elements that start inside it
+// is read.
 
 #include <memory>
 
@@ -23,12 +24,13 @@ std::unique_ptr<unsigned char[]> Readable(const std::uint8_t* data, std::size_t 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Input input(data, size);
     KyTypeMgr types(5);
-    const char id = NumberId(input);
+    const char id = AnyNumberId(input);
     const unsigned char flag = input.Byte();
     const unsigned count = input.Byte();
     const unsigned len1 = input.Byte();
     const unsigned len2 = input.Byte();
-    const unsigned width = types.MemLenGet(id, 1);
+    const bool inMemory = (flag & KyFormMask) == KyFormMemory;
+    const unsigned width = inMemory ? types.MemLenGet(id, 1) : types.DiskLenGet(id, nullptr, flag, 1, KyFormMemory);
     const auto a = Readable(input.Rest(), input.RestSize() / 2, len1, width, count);
     const auto b = Readable(input.Rest(), input.RestSize(), len2, width, count);
 

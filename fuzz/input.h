@@ -43,4 +43,10 @@ inline constexpr char kNumberIds[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 14, 42, 
 
 inline char NumberId(Input& input) { return kNumberIds[input.Byte() % sizeof kNumberIds]; }
 
+/// The same, the 64-bit integer class, the boolean and the nullable numbers.
+inline constexpr char kAnyNumberIds[] = {0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 14, 26, 27, 28,
+                                         29, 30, 31, 32, 33, 34, 35, 36, 37, 38, 42, 43, 44, 45};
+
+inline char AnyNumberId(Input& input) { return kAnyNumberIds[input.Byte() % sizeof kAnyNumberIds]; }
+
 #endif

@@ -1,4 +1,4 @@
-// Any text, scanned with any format or the row's own, into one number of any plain type.
+// Any text, scanned with any format or the row's own, into one number of any type.
 
 #include "input.h"
 #include "kystring.h"
@@ -7,7 +7,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Input input(data, size);
     KyTypeMgr types(5);
-    const char id = NumberId(input);
+    const char id = AnyNumberId(input);
     const bool ownFormat = (input.Byte() & 1) != 0;
     const std::string format = input.Text();
     KyString text(input.Text().c_str());

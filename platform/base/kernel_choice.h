@@ -9,7 +9,7 @@
 
 #define KY_UNINSTRUMENTED no_sanitize("address", "thread", "undefined")
 #ifdef __clang__
-#define KY_RESOLVER __attribute__((KY_UNINSTRUMENTED, disable_sanitizer_instrumentation))
+#define KY_RESOLVER __attribute__((KY_UNINSTRUMENTED, no_sanitize("coverage"), disable_sanitizer_instrumentation))
 #else
 #define KY_RESOLVER __attribute__((KY_UNINSTRUMENTED))
 #endif

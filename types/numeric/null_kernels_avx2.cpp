@@ -22,7 +22,12 @@ KY_KERNEL_TARGET inline void StoreVector(unsigned char* to, Vector vector) {
 }
 KY_KERNEL_TARGET inline Vector Permute(Vector vector, Vector index) { return _mm_shuffle_epi8(vector, index); }
 KY_KERNEL_TARGET inline Vector PermuteOrZero(Vector vector, Vector index) { return _mm_shuffle_epi8(vector, index); }
-KY_KERNEL_TARGET inline Vector Least(Vector a, Vector b) { return _mm_min_epu8(a, b); }
+KY_KERNEL_TARGET inline Vector Least(Vector a, Vector b) {
+    typedef unsigned char Bytes __attribute__((vector_size(sizeof(Vector))));
+    const auto bytesA = reinterpret_cast<Bytes>(a);
+    const auto bytesB = reinterpret_cast<Bytes>(b);
+    return reinterpret_cast<Vector>(bytesA < bytesB ? bytesA : bytesB);
+}
 KY_KERNEL_TARGET inline Vector SelectWhereOne(Vector selector, Vector a, Vector b) {
     return _mm_blendv_epi8(b, a, _mm_cmpeq_epi8(selector, _mm_set1_epi8(1)));
 }

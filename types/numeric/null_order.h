@@ -16,7 +16,9 @@ namespace ky {
 
 /// The number as the plain types know it.
 template <class Value>
-using PlainNumber = std::conditional_t<std::is_same_v<Value, KyInt64>, long long, Value>;
+using PlainNumber =
+    std::conditional_t<std::is_same_v<Value, KyInt64> || std::is_same_v<Value, long long>, std::int64_t,
+                       std::conditional_t<std::is_same_v<Value, unsigned long long>, std::uint64_t, Value>>;
 
 /// An element of any form: the number's bits in memory order, and whether it is null.
 // KEPT: in memory form every flag but 0 is null; the other forms are loaded, where only a byte of 1 is.

@@ -43,11 +43,11 @@ struct PlainTextFacts<unsigned int> {
     using Facts = DwordLSHelper;
 };
 template <>
-struct PlainTextFacts<long long> {
+struct PlainTextFacts<std::int64_t> {
     using Facts = O_8BLSHelper;
 };
 template <>
-struct PlainTextFacts<unsigned long long> {
+struct PlainTextFacts<std::uint64_t> {
     using Facts = O_U8BLSHelper;
 };
 template <>

@@ -140,6 +140,22 @@ TEST(NullSlots, Kept_AnInt64IsReversedInHalves) {
     EXPECT_EQ(Hex(bytes, 9), "00 01 02 03 04 05 06 07 08");
 }
 
+TEST(NullSlots, Kept_UnsignedNumbersHashAsSignedOnes) {
+    KyNull_uchar nullable(255);
+    unsigned char plain = 255;
+    int err = -1;
+    EXPECT_EQ(KyNull_ucharTab.Hash(KyFormMemory, 0, &nullable, 1, err), 0xFFFFFFFFu * 1103515245u);
+    EXPECT_EQ(KyByteTab.Hash(KyFormMemory, 0, &plain, 1, err), 0xFFu * 1103515245u);
+}
+
+TEST(NullSlots, Kept_EqualFloatingNumbersCanHashApart) {
+    KyNull_double zeros[] = {0.0, -0.0};
+    int err = -1;
+    EXPECT_EQ(KyNull_doubleTab.Compare(KyFormMemory, 0, &zeros[0], 0, &zeros[1], 0, 1, err), 0);
+    EXPECT_NE(KyNull_doubleTab.Hash(KyFormMemory, 0, &zeros[0], 1, err),
+              KyNull_doubleTab.Hash(KyFormMemory, 0, &zeros[1], 1, err));
+}
+
 TEST(NullSlots, TranslatesBetweenForms) {
     for (const NullType& type : NullTypes()) {
         SCOPED_TRACE(type.name());
