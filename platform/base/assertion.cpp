@@ -6,7 +6,7 @@
 namespace {
 
 void WriteToStandardError(const char* message, const char* source, int line) {
-    std::fprintf(stderr, "%s:%d: %s\n", source, line, message);
+    (void)std::fprintf(stderr, "%s:%d: %s\n", source, line, message);
 }
 
 constinit std::atomic<KyAssertHandler> installedHandler{&WriteToStandardError};

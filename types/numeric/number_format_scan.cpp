@@ -83,7 +83,7 @@ bool ScanFloatingAs(const char*& text, const Conversion& conversion, const char*
     char format[24];
     // No string is as long as this limit, and the C library takes no larger width than an int.
     const int width = std::min(LimitOf(conversion), 1'000'000);
-    std::snprintf(format, sizeof format, "%%%d%sg%%n", width, modifier);
+    (void)std::snprintf(format, sizeof format, "%%%d%sg%%n", width, modifier);
     int length = 0;
     Floating read = 0;
     const PlainLocale plain;

@@ -59,7 +59,8 @@ int StepNumber(Element& value) {
         value = next;
     } else {
         if (std::is_unsigned_v<Element> && value == std::numeric_limits<Element>::max()) return KyErrNoSuccessor;
-        value = static_cast<Element>(static_cast<BitsOf<Element>>(value) + 1u);
+        const auto bits = static_cast<BitsOf<Element>>(value);
+        value = static_cast<Element>(static_cast<BitsOf<Element>>(bits + 1u));
     }
     return 0;
 }

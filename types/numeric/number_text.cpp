@@ -6,7 +6,8 @@
 #include "number_text_special.h"
 #include "raw_bytes.h"
 
-using namespace ky;
+// The slots stand outside the namespace of everything that they are made of.
+using namespace ky;  // NOLINT(google-build-using-namespace)
 
 namespace {
 

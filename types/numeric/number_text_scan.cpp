@@ -6,7 +6,9 @@
 #include "number_text_special.h"
 #include "raw_bytes.h"
 
-using namespace ky;
+using ky::LoadAs;
+using ky::ReadAsEightBit;
+using ky::StoreAs;
 
 namespace ky {
 
@@ -82,7 +84,7 @@ void* ScanElement(void* address, const KyString& text, const char* format) {
     if (address == nullptr) return nullptr;
     return ReadAsEightBit(text, [address, format](const KyString& narrow) {
         auto value = LoadAs<Value>(address);
-        ScanText({narrow.StrGet(), narrow.BufferSizeGet()}, format, value);
+        ky::ScanText({narrow.StrGet(), narrow.BufferSizeGet()}, format, value);
         StoreAs(address, value);
         return address;
     });

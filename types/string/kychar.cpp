@@ -46,6 +46,8 @@ KyChar::KyChar(unsigned short c, unsigned char charCodeSet, unsigned char charLa
 
 KyChar::KyChar(const KyChar& other) = default;
 
+// Assignment to itself writes the character where it stands.
+// NOLINTNEXTLINE(bugprone-unhandled-self-assignment,cert-oop54-cpp)
 KyChar& KyChar::operator=(const KyChar& other) {
     if (ref != nullptr) {
         const unsigned short code = other.MapTo(codeSet).CodeGet();

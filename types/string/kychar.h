@@ -16,9 +16,10 @@ class KY_EXPORT KyChar {
 public:
     KyChar(const char* p, unsigned char codeSet, unsigned char language, unsigned char format);
     KyChar(KyString& s, int byteOffset);
-    KyChar(char c, unsigned char codeSet = 255, unsigned char language = 255);  // NOLINT(google-explicit-constructor)
-    KyChar(unsigned short c, unsigned char codeSet = 255,
-           unsigned char language = 255);  // NOLINT(google-explicit-constructor)
+    // NOLINTBEGIN(google-explicit-constructor): characters of text are meant to be given where a KyChar is wanted
+    KyChar(char c, unsigned char codeSet = 255, unsigned char language = 255);
+    KyChar(unsigned short c, unsigned char codeSet = 255, unsigned char language = 255);
+    // NOLINTEND(google-explicit-constructor)
     KyChar(const KyChar& other);
 
     KyChar& operator=(const KyChar& other);

@@ -42,14 +42,14 @@ unsigned KyString::LeadingSpaces(unsigned length) const {
     const unsigned char charCodeSet = ky::TextCodeSet(codeSet);
     const unsigned width = ky::CharWidth(charCodeSet);
     unsigned n = 0;
-    while (n < length && KyChar(buffer + n * width, charCodeSet, language, 1).IsSpace()) ++n;
+    while (n < length && KyChar(buffer + std::size_t{n} * width, charCodeSet, language, 1).IsSpace()) ++n;
     return n;
 }
 
 unsigned KyString::LengthWithoutTrailingSpaces(unsigned length) const {
     const unsigned char charCodeSet = ky::TextCodeSet(codeSet);
     const unsigned width = ky::CharWidth(charCodeSet);
-    while (length > 0 && KyChar(buffer + (length - 1) * width, charCodeSet, language, 1).IsSpace()) --length;
+    while (length > 0 && KyChar(buffer + std::size_t{length - 1} * width, charCodeSet, language, 1).IsSpace()) --length;
     return length;
 }
 
@@ -72,7 +72,7 @@ KyString& KyString::Trim() {
     const unsigned width = ky::CharWidth(codeSet);
     const std::size_t bytes = kept > begin ? std::size_t{kept - begin} * width : 0;
     ky::BlockWriter block(bytes + width, width);
-    block.Put(buffer + begin * width, bytes, bytes);
+    block.Put(buffer + std::size_t{begin} * width, bytes, bytes);
     TakeOver(block);
     return *this;
 }

@@ -23,7 +23,7 @@ KyString KyString::CopyRange(unsigned pos, unsigned n) const {
     const unsigned count = std::min(n, length - pos);
     if (count == 0) return KyString(codeSet, language);
     const unsigned width = ky::CharWidth(codeSet);
-    return KyString(codeSet, language, buffer + pos * width, std::size_t{count} * width);
+    return KyString(codeSet, language, buffer + std::size_t{pos} * width, std::size_t{count} * width);
 }
 
 KyString KyString::Copy(unsigned short pos, short n) const { return CopyRange(pos, static_cast<unsigned short>(n)); }

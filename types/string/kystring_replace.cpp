@@ -52,7 +52,8 @@ KyString& KyString::ReplaceAll(const KyString& from, const KyString& to, unsigne
     const ky::MappedSource source(to.StrGet(), to.codeSet, codeSet, 0, to.Len(), 1);
     ky::BlockWriter block((found.newLength + (found.oldEnd - found.lastEnd) + std::size_t{1}) * width, width);
     const auto putOld = [&](unsigned begin, unsigned end) {
-        block.Put(buffer + std::size_t{begin} * width, (end - begin) * width, (end - begin) * width);
+        block.Put(buffer + std::size_t{begin} * width, std::size_t{end - begin} * width,
+                  std::size_t{end - begin} * width);
     };
     unsigned done = 0;
     for (const unsigned short at : found.positions) {

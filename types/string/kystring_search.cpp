@@ -33,7 +33,7 @@ PrefixMatch Searcher::MatchAt(const KyString& text, const char* position) const 
 unsigned short Searcher::Find(const KyString& text, unsigned start, unsigned limit) const {
     if (length == 0 || start + length > limit) return KyString::NotFound;
     const unsigned width = CharWidth(text.CodeSetGet());
-    const char* position = text.StrGet() + start * width;
+    const char* position = text.StrGet() + std::size_t{start} * width;
     for (unsigned at = start; at + length <= limit; ++at, position += width) {
         const PrefixMatch match = MatchAt(text, position);
         if (match == PrefixMatch::yes) return static_cast<unsigned short>(at);

@@ -41,7 +41,7 @@ KyStringIterator::KyStringIterator(KyString& s)
 KyStringIterator::KyStringIterator(const KyChar& c)
     : KyStringIterator(static_cast<const char*>(nullptr), c.CodeSetGet(), c.LanguageGet(), 1) {
     const unsigned width = ky::CharWidth(codeSetCode);
-    ownedBuffer = new char[2 * width]();
+    ownedBuffer = new char[std::size_t{2} * width]();
     ky::WriteCode(ownedBuffer, width, c.CodeGet(), 1);
     position = ownedBuffer;
 }
@@ -138,7 +138,7 @@ const KyCharProps* KyStringIterator::TakeContractions(const KyCharProps* record)
             }
         }
         if (taken == nullptr) return record;
-        position += taken->rest.count * width;
+        position += std::size_t{taken->rest.count} * width;
         record = taken->record;
         tookContractions = true;
     }

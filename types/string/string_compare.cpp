@@ -63,7 +63,8 @@ int CompareByTable(Places at, const KeyTable& tableA, const KeyTable& tableB) {
         at.atB -= back;
     }
     for (; at.limit != 0; --at.limit, ++at.atA, ++at.atB) {
-        const unsigned keyA = tableA[*at.atA];
+        // The analyzer does not know that the key of a terminator is 0, which ends the loop.
+        const unsigned keyA = tableA[*at.atA];  // NOLINT(clang-analyzer-core.CallAndMessage)
         const unsigned keyB = tableB[*at.atB];
         if (((keyA | keyB) & KeyTable::kNeedsIterator) != 0) return CompareByIterator(at);
         if (((keyA ^ keyB) & at.mask) != 0) return Difference(keyA & at.mask, keyB & at.mask);
