@@ -70,6 +70,18 @@ show cmp o_u2b 65535 2
 show cmp KyString abc ABC --op exact,ignore-case
 
 echo
+echo "== 64-bit integers, truth values and numbers that can be null =="
+show show KyInt64 72623859790382856
+show show KyInt64 0xffffffffffffffff --format %x
+show show KyBoolean t "{NULL}"
+show show KyNull_short -5 "{NULL}" ""
+show show KyNull_KyInt64 72623859790382856 "{NULL}"
+show show KyNull_double 0.5 "{NULL}"
+show cmp KyBoolean "{NULL}" FALSE
+show cmp KyNull_int "{NULL}" -2147483648
+show cmp KyNull_double "{NULL}" NaN
+
+echo
 echo "== Numbers: the code points of $characters, in the order of the characters' names =="
 LC_ALL=C sort -s -t ';' -k 2,2 "$characters" | awk -F ';' '
     { value = 0
@@ -91,6 +103,55 @@ LC_ALL=C sort -s -g "$work/values" >"$work/values.up"
 LC_ALL=C sort -s -g -u "$work/values" >"$work/values.once"
 compare "against sort -g" o_double "$work/values" "$work/values.up"
 compare "against sort -g -u" o_double "$work/values" "$work/values.once" --unique
+
+echo
+echo "== Numbers with gaps: columns of $characters that are empty for most characters, in the order of their names =="
+# split_nulls COLUMN [options of sort]: the empty lines of a column, and the others in the order of an independent sort.
+split_nulls() {
+    column=$1
+    shift
+    grep -x "" "$column" >"$work/empty" || true
+    grep -v -x "" "$column" | LC_ALL=C sort -s "$@" >"$work/filled"
+    echo "  $(wc -l <"$work/empty") of $(wc -l <"$column") lines are empty: null"
+}
+
+LC_ALL=C sort -s -t ';' -k 2,2 "$characters" | cut -d ';' -f 7 >"$work/digits"
+split_nulls "$work/digits" -n
+cat "$work/empty" "$work/filled" >"$work/nulls.first"
+cat "$work/filled" "$work/empty" >"$work/nulls.last"
+compare "decimal digits against sort -n" KyNull_int "$work/digits" "$work/nulls.first"
+compare "decimal digits against sort -n" KyNull_int "$work/digits" "$work/nulls.last" --null-last
+compare "decimal digits against sort -n" KyNull_u8b "$work/digits" "$work/nulls.last" --null-last
+
+LC_ALL=C sort -s -t ';' -k 2,2 "$characters" | LC_ALL=C awk -F ';' '
+    { parts = split($9, part, "/")
+      if ($9 == "") print ""
+      else printf "%.17g\n", parts == 2 ? part[1] / part[2] : part[1] }' >"$work/sparse"
+split_nulls "$work/sparse" -g
+cat "$work/empty" "$work/filled" >"$work/nulls.first"
+cat "$work/filled" "$work/empty" >"$work/nulls.last"
+compare "numeric values against sort -g" KyNull_double "$work/sparse" "$work/nulls.first"
+compare "numeric values against sort -g" KyNull_double "$work/sparse" "$work/nulls.last" --null-last
+split_nulls "$work/sparse" -g -r
+cat "$work/filled" "$work/empty" >"$work/nulls.last"
+compare "numeric values against sort -g -r" KyNull_double "$work/sparse" "$work/nulls.last" --null-last --reverse
+split_nulls "$work/sparse" -g -u
+{ echo; cat "$work/filled"; } >"$work/nulls.first"
+compare "numeric values against sort -g -u" KyNull_double "$work/sparse" "$work/nulls.first" --unique
+
+# Of hexadecimal numbers, sorting bytes is right when all are written with six digits.
+LC_ALL=C sort -s -t ';' -k 2,2 "$characters" | LC_ALL=C awk -F ';' '
+    { print $13 == "" ? "" : substr("000000" $13, length($13) + 1) }' >"$work/capitals"
+split_nulls "$work/capitals"
+cat "$work/filled" "$work/empty" >"$work/nulls.last"
+compare "code points of the capitals against sort" KyNull_KyInt64 "$work/capitals" "$work/nulls.last" \
+    --null-last --format %x
+
+echo
+echo "== Truth values: which of its characters are mirrored, in the order of their names =="
+LC_ALL=C sort -s -t ';' -k 2,2 "$characters" | cut -d ';' -f 10 | tr YN TF >"$work/mirrored"
+LC_ALL=C sort -s "$work/mirrored" >"$work/mirrored.up"
+compare "against sort" KyBoolean "$work/mirrored" "$work/mirrored.up"
 
 echo
 echo "== Words: $words =="
