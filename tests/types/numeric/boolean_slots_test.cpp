@@ -91,6 +91,15 @@ TEST(BooleanRow, OrdersAllPairsOfBytes) {
     }
 }
 
+TEST(BooleanRow, TheOperatorWordIsIgnored) {
+    KyBoolean null = OfByte(0xFF);
+    KyBoolean no(0);
+    for (unsigned op = 0; op < 0x10000; op += 0x0111) {
+        int err = -1;
+        EXPECT_EQ(KyBooleanTab.Compare(KyFormMemory, 0, &null, 0, &no, static_cast<unsigned short>(op), 1, err), -1);
+    }
+}
+
 TEST(BooleanRow, SaysThatABufferEndsAndReadsNothingBehindIt) {
     const unsigned char bytes[] = {1, 0, 1};
     GuardedBuffer a(bytes);
@@ -127,6 +136,11 @@ TEST(BooleanRow, AssignsConstructsAndTranslates) {
     EXPECT_EQ(Hex(dst, 3), "01 01 01");
     EXPECT_EQ(KyBooleanTab.Translate(dst, KyFormMemory, 0, src, KyFormReversed, 0, 3), 3u);
     EXPECT_EQ(Hex(dst, 3), "FF 01 00");
+    unsigned char stored[5] = {0xA5, 0xA5, 0xA5, 0xA5, 0xA5};
+    EXPECT_EQ(KyBooleanTab.Translate(stored, KyFormReversed, 4, src, KyFormNative, 0, 3), 3u);
+    EXPECT_EQ(Hex(stored, 5), "FF 01 00 00 A5");
+    EXPECT_EQ(KyBooleanTab.Translate(stored, KyFormNative, 1, src + 1, KyFormNative, 2, 2), 1u);
+    EXPECT_EQ(Hex(stored, 5), "01 01 00 00 A5");
     KyBooleanTab.Constructor(src, 2, 0);
     EXPECT_EQ(Hex(src, 3), "00 00 00");
     KyBooleanTab.Destructor(dst, 3, 0);
@@ -180,6 +194,14 @@ TEST(BooleanRow, ScansSixteenBitText) {
     EXPECT_EQ(value.Get(), -1);
 }
 
+TEST(BooleanRow, ScansANullStringAsFalse) {
+    KyString text("T");
+    text.SetNullValue();
+    KyBoolean value(1);
+    KyBooleanTab.ScanFromKyString(&value, text, nullptr, 1);
+    EXPECT_EQ(value.Get(), 0);
+}
+
 TEST(BooleanRow, FollowsTheNullPrintString) {
     const KyString before = KyTypeMgr::GetNullPrintString();
     KyBoolean null = OfByte(0xFF);
@@ -223,6 +245,35 @@ TEST(BooleanRow, ConvertsToTextsAndBack) {
     delete record;
 }
 
+TEST(BooleanRow, ConvertsSixteenBitTexts) {
+    const unsigned short one[] = {'1', 'x', 0};
+    const unsigned short startsLikeOne[] = {0x3100 + '1', 0};
+    KyTypeMgr manager(5);
+    KyTypeConvertData record(KySTRING_T, 2, KyStringCreate(2), &manager);
+    *record.GetString(0) = KyString(one);
+    *record.GetString(1) = KyString(startsLikeOne);
+    auto* back = static_cast<KyBoolean*>(manager.ConvertFrom(KyBOOLEAN_T, &record, 2));
+    EXPECT_EQ(Hex(back, 2), "01 00");
+    manager.Delete(KyBOOLEAN_T, back, 2);
+}
+
+TEST(BooleanRow, WithoutTextsAllAreNull) {
+    KyTypeMgr manager(5);
+    KyTypeConvertData noTexts(Ky1B_T, 2, manager.Create(Ky1B_T, 2), &manager);
+    for (KyTypeConvertData* record : {static_cast<KyTypeConvertData*>(nullptr), &noTexts}) {
+        auto* values = static_cast<KyBoolean*>(manager.ConvertFrom(KyBOOLEAN_T, record, 2));
+        EXPECT_EQ(Hex(values, 2), "FF FF");
+        manager.Delete(KyBOOLEAN_T, values, 2);
+    }
+    KyBoolean value;
+    KyTypeConvertData* record = manager.ConvertTo(KyBOOLEAN_T, &value, 0);
+    ASSERT_NE(record, nullptr);
+    void* none = manager.ConvertFrom(KyBOOLEAN_T, record, 0);
+    EXPECT_NE(none, nullptr);
+    manager.Delete(KyBOOLEAN_T, none, 0);
+    delete record;
+}
+
 TEST(BooleanRow, StepsFromNullToTrue) {
     for (const unsigned char what : {KyValueStep, KyValueStepNext}) {
         KyBoolean value = OfByte(0xFF);
@@ -234,9 +285,16 @@ TEST(BooleanRow, StepsFromNullToTrue) {
         EXPECT_EQ(value.Get(), 1);
         EXPECT_EQ(KyBooleanTab.GetValue(&value, 1, KyFormNative, what), KyErrNotSupported);
     }
-    KyBoolean value;
-    EXPECT_EQ(KyBooleanTab.GetValue(&value, 1, KyFormMemory, KyValueLeast), KyErrNotSupported);
-    EXPECT_EQ(KyBooleanTab.GetValue(&value, 1, KyFormMemory, KyValueKeep), KyErrNotSupported);
+    for (const int odd : {2, 0x80}) {
+        KyBoolean value = OfByte(odd);
+        EXPECT_EQ(KyBooleanTab.GetValue(&value, 1, KyFormMemory, KyValueStep), KyErrNoSuccessor) << "it counts as true";
+        EXPECT_EQ(value.Get(), static_cast<signed char>(odd));
+    }
+    KyBoolean value = OfByte(0xFF);
+    for (const unsigned char what : {KyValueLeast, KyValueKeep, static_cast<unsigned char>(80)}) {
+        EXPECT_EQ(KyBooleanTab.GetValue(&value, 1, KyFormMemory, what), KyErrNotSupported);
+        EXPECT_EQ(value.Get(), -1);
+    }
 }
 
 }  // namespace

@@ -122,6 +122,57 @@ struct Ended {
     int err;
 };
 
+TEST(Int64Row, TheOperatorWordIsIgnored) {
+    KyInt64 a(5);
+    KyInt64 b(6);
+    for (unsigned op = 0; op < 0x10000; op += 0x0111) {
+        int err = -1;
+        EXPECT_EQ(KyInt64Tab.Compare(KyFormMemory, 0, &a, 0, &b, static_cast<unsigned short>(op), 1, err), -1);
+    }
+}
+
+TEST(Int64Row, TheOnlyElementIsReadWhateverTheLength) {
+    KyInt64 a(5);
+    KyInt64 b(6);
+    for (unsigned length = 1; length <= 8; ++length) {
+        int err = -1;
+        EXPECT_EQ(KyInt64Tab.Compare(KyFormMemory, length, &a, length, &b, 0, 1, err), -1);
+        EXPECT_EQ(err, 0);
+        EXPECT_EQ(KyInt64Tab.Hash(KyFormMemory, length, &a, 1, err), 5 * 1103515245u);
+        EXPECT_EQ(err, 0);
+    }
+}
+
+TEST(Int64Row, TakesValuesAtAnyAddress) {
+    const long long numbers[] = {0x0102030405060708, -2};
+    for (std::size_t offset = 0; offset < 8; ++offset) {
+        unsigned char area[8 + sizeof numbers];
+        unsigned char* const at = area + offset;
+        std::memcpy(at, numbers, sizeof numbers);
+        KyInt64 values[] = {numbers[0], numbers[1]};
+        for (const unsigned char form : {KyFormMemory, KyFormNative, KyFormReversed}) {
+            int err = -1;
+            EXPECT_EQ(KyInt64Tab.Compare(form, 0, at, 0, values, 0, 2, err), 0);
+            EXPECT_EQ(KyInt64Tab.Hash(form, 0, at, 2, err), KyInt64Tab.Hash(form, 0, values, 2, err));
+        }
+        KyString out;
+        EXPECT_STREQ(KyInt64Tab.PrintToKyString(out, at, "%S", 1).StrGet(), "72623859790382856");
+        KyTypeConvertData* record = KyTypeMgr(5).ConvertTo(KyINT64_T, at, 2);
+        EXPECT_STREQ(record->GetString(1)->StrGet(), "-2");
+        KyStringDelete(static_cast<KyString*>(record->data), 2);
+        record->data = nullptr;
+        delete record;
+        EXPECT_EQ(KyInt64Tab.GetValue(at + 8, 1, KyFormMemory, KyValueStep), 0);
+        KyString text("77");
+        EXPECT_EQ(KyInt64Tab.ScanFromKyString(at, text, "%S", 1), at);
+        EXPECT_EQ(Hex(at, 16), "4D 00 00 00 00 00 00 00 FF FF FF FF FF FF FF FF");
+        KyInt64Tab.Copy(at, values, 2, 1);
+        EXPECT_EQ(std::memcmp(at + 8, values, 8), 0);
+        KyInt64Tab.Constructor(at, 1, 0);
+        EXPECT_EQ(Hex(at, 8), "00 00 00 00 00 00 00 00");
+    }
+}
+
 TEST(Int64Row, SaysThatABufferEnds) {
     // The third elements differ; so do the fourth, the other way round.
     KyInt64 a[] = {1, 2, 3, 9};
@@ -227,6 +278,9 @@ TEST(Int64Row, TranslatesBetweenForms) {
     unsigned char other[20];
     EXPECT_EQ(KyInt64Tab.Translate(other, KyFormNative, 20, stored, KyFormReversed, 0, 2), 16u);
     EXPECT_EQ(Hex(other, 20), Hex(stored, 16) + " 00 00 00 00");
+    std::fill(other, other + 20, 0xA5);
+    EXPECT_EQ(KyInt64Tab.Translate(other, KyFormNative, 8, stored, KyFormReversed, 16, 2), 8u);
+    EXPECT_EQ(Hex(other, 9), Hex(stored, 8) + " A5");
 }
 
 TEST(Int64Row, ConvertsToTextsAndBack) {
@@ -255,6 +309,40 @@ TEST(Int64Row, ConvertsToTextsAndBack) {
     EXPECT_EQ(back[0], 0);
     EXPECT_EQ(back[1], 0);
     manager.Delete(KyINT64_T, back, 2);
+}
+
+struct FromText {
+    const char* text;
+    long long value;
+};
+
+TEST(Int64Row, TextsConvertInTheirOwnBaseAndWithinTheRange) {
+    const FromText table[] = {
+        {"010", 8},  {"0x10", 16},
+        {" -5", -5}, {"12ab", 12},
+        {"x", 0},    {"99999999999999999999", kLargest},
+        {"1.9", 1},  {"-99999999999999999999", kLeast},
+    };
+    KyTypeMgr manager(5);
+    KyTypeConvertData record(KySTRING_T, 1, KyStringCreate(1), &manager);
+    for (const FromText& each : table) {
+        *record.GetString(0) = each.text;
+        auto* value = static_cast<KyInt64*>(manager.ConvertFrom(KyINT64_T, &record, 1));
+        EXPECT_EQ(value->Get8b(), each.value) << each.text;
+        manager.Delete(KyINT64_T, value, 1);
+    }
+}
+
+TEST(Int64Row, ConvertsNoElementsAtAll) {
+    KyTypeMgr manager(5);
+    KyInt64 value;
+    KyTypeConvertData* record = manager.ConvertTo(KyINT64_T, &value, 0);
+    ASSERT_NE(record, nullptr);
+    EXPECT_EQ(record->count, 0u);
+    void* back = manager.ConvertFrom(KyINT64_T, record, 0);
+    EXPECT_NE(back, nullptr);
+    manager.Delete(KyINT64_T, back, 0);
+    delete record;
 }
 
 TEST(Int64Row, PrintsAndScans) {
