@@ -161,6 +161,16 @@ TEST(BooleanRow, Prints) {
     EXPECT_STREQ(manager.PrintToKyString(KyBOOLEAN_T, out, values, nullptr, 3).StrGet(), "{NULL},FALSE,TRUE");
 }
 
+TEST(BooleanRow, PrintsIntoANullString) {
+    KyBoolean values[] = {1, OfByte(0xFF)};
+    for (int i = 0; i < 2; ++i) {
+        KyString out;
+        out.SetNullValue();
+        EXPECT_STREQ(KyBooleanTab.PrintToKyString(out, values + i, "noop", 1).StrGet(), i == 0 ? "TRUE" : "{NULL}");
+        EXPECT_FALSE(out.IsNullValue());
+    }
+}
+
 struct Scanned {
     const char* text;
     int byte;
@@ -184,11 +194,15 @@ TEST(BooleanRow, Scans) {
 
 TEST(BooleanRow, ScansSixteenBitText) {
     const unsigned short trueText[] = {'t', 'r', 'u', 'e', 0};
+    const unsigned short otherText[] = {'t', 'r', 0};  // whose first byte alone would be true
     const unsigned short nullText[] = {'{', 'N', 'U', 'L', 'L', '}', 0};
     KyBoolean value;
     KyString text(trueText);
     KyBooleanTab.ScanFromKyString(&value, text, nullptr, 1);
     EXPECT_EQ(value.Get(), 1);
+    text = KyString(otherText);
+    KyBooleanTab.ScanFromKyString(&value, text, nullptr, 1);
+    EXPECT_EQ(value.Get(), 0);
     text = KyString(nullText);
     KyBooleanTab.ScanFromKyString(&value, text, nullptr, 1);
     EXPECT_EQ(value.Get(), -1);
@@ -295,6 +309,17 @@ TEST(BooleanRow, StepsFromNullToTrue) {
         EXPECT_EQ(KyBooleanTab.GetValue(&value, 1, KyFormMemory, what), KyErrNotSupported);
         EXPECT_EQ(value.Get(), -1);
     }
+}
+
+TEST(BooleanRow, StoredValuesAreSteppedByTheManager) {
+    KyTypeMgr manager(5);
+    unsigned char stored[] = {0xFF, 0xFF};
+    for (const int byte : {0, 1}) {
+        EXPECT_EQ(manager.GetValue(KyBOOLEAN_T, stored, 2, KyFormReversed, KyValueStep), 0);
+        EXPECT_EQ(stored[0], byte);
+    }
+    EXPECT_EQ(manager.GetValue(KyBOOLEAN_T, stored, 2, KyFormNative, KyValueStep), KyErrNoSuccessor);
+    EXPECT_EQ(Hex(stored, 2), "01 FF") << "one value is stepped, whatever the count";
 }
 
 }  // namespace

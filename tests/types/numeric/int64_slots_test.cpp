@@ -383,4 +383,22 @@ TEST(Int64Row, StepsAndWraps) {
     EXPECT_EQ(value, kLeast);
 }
 
+TEST(Int64Row, Kept_StoredNumbersAreSteppedInMachineOrderWhateverTheirForm) {
+    KyTypeMgr manager(5);
+    unsigned char stored[] = {5, 0, 0, 0, 0, 0, 0, 0};
+    EXPECT_EQ(manager.GetValue(KyINT64_T, stored, 1, KyFormNative, KyValueStep), 0);
+    EXPECT_EQ(Hex(stored, 8), "06 00 00 00 00 00 00 00");
+    unsigned char reversed[] = {0, 0, 0, 5, 0, 0, 0, 0};
+    EXPECT_EQ(manager.GetValue(KyINT64_T, reversed, 1, KyFormReversed, KyValueStep), 0);
+    EXPECT_EQ(Hex(reversed, 8), "01 00 00 05 00 00 00 00");
+}
+
+TEST(Int64Row, HasNoNullAndBecomesZeroInstead) {
+    KyTypeMgr manager(5);
+    KyInt64 value(-5);
+    EXPECT_EQ(manager.SupportsNullValue(KyINT64_T), 0);
+    EXPECT_EQ(manager.SetNullValue(KyINT64_T, &value), 0);
+    EXPECT_EQ(value, 0);
+}
+
 }  // namespace

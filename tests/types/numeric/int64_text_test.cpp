@@ -76,6 +76,16 @@ TEST(Int64Text, PrintsIntoANullString) {
     EXPECT_FALSE(out.IsNullValue());
 }
 
+TEST(Int64Text, CutsATextThatNoStringHolds) {
+    const std::string plain(70000, 'a');
+    KyString out;
+    KyInt64(5).PrintToKyString(out, (plain + "%d").c_str());
+    EXPECT_EQ(out.StrGet(), plain.substr(0, KyString::MaxBytes - 1));
+    KyInt64 value(7);
+    value.ScanFromKyString(out, (plain + "%d").c_str());
+    EXPECT_EQ(value.Get8b(), 7);
+}
+
 struct Scanned {
     const char* format;
     const char* text;

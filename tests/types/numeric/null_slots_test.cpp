@@ -295,4 +295,14 @@ TEST(NullGetValue, StoredNumbersAreSteppedByTheManager) {
     EXPECT_EQ(manager.GetValue(KyNULL_2B_T, stored, 1, KyFormNative, KyValueKeep), KyErrNotSupported);
 }
 
+TEST(NullGetValue, Kept_StoredNumbersAreSteppedInMachineOrderWhateverTheirForm) {
+    KyTypeMgr manager(5);
+    unsigned char stored[] = {0, 0x00, 0x05};
+    EXPECT_EQ(manager.GetValue(KyNULL_2B_T, stored, 1, KyFormReversed, KyValueStep), 0);
+    EXPECT_EQ(Hex(stored, 3), "00 01 05");
+    unsigned char odd[] = {2, 0x00, 0x05};
+    EXPECT_EQ(manager.GetValue(KyNULL_U2B_T, odd, 1, KyFormNative, KyValueStep), 0);
+    EXPECT_EQ(Hex(odd, 3), "00 01 05") << "a null byte of 2 is none";
+}
+
 }  // namespace

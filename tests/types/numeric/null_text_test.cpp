@@ -77,6 +77,18 @@ TEST(NullPrint, ArraysPrintElementByElement) {
     EXPECT_STREQ(KyNull_intTab.PrintToKyString(out, values, "%d", 3).StrGet(), "1") << "the slot prints the first";
 }
 
+TEST(NullPrint, WhatIsPrintedIsNoNullString) {
+    for (const NullType& type : NullTypes()) {
+        for (const unsigned char flag : ByteVector{0, 1}) {
+            ByteVector element = NullElementOf(type, ByteVector(type.shape.number), flag);
+            KyString out;
+            out.SetNullValue();
+            EXPECT_FALSE(type.row->PrintToKyString(out, element.data(), type.printFormat, 1).IsNullValue())
+                << type.name();
+        }
+    }
+}
+
 TEST(NullPrint, FormatsThatDoNotFitPrintNothing) {
     for (const NullType& type : NullTypes()) {
         ByteVector zero = NullElementOf(type, ByteVector(type.shape.number), 0);
