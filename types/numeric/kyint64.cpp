@@ -122,7 +122,7 @@ KyString& KyInt64::PrintToKyString(KyString& out, const char* format) const {
     if (IsDecimalFormat(format)) {
         char text[ky::kIntegerTextSize];
         const unsigned length = ky::SignedText(Get8b(), text);
-        return out = KyString(text, static_cast<unsigned short>(length));
+        return ky::AssignText(out, text, length);
     }
     return out = FormattedText(*this, format).c_str();
 }

@@ -1,6 +1,7 @@
 #include "raw_kernels.h"
 
 #include <bit>
+#include <type_traits>
 
 #include "kernel_choice.h"
 #include "number_bits.h"
@@ -49,13 +50,14 @@ KY_KERNEL std::size_t FirstDifferenceText(const void* areaA, const void* areaB, 
         while (at < size && a[at] == b[at]) ++at;
         return at;
     }
-    if (size >= 2048) {
+    if (size >= 512) {
         if (BlockDiffers<64>(a, b)) return KnownDifference(a, b, 0);
         // One of the two is read along the lines of the cache from here on.
         at = 64 - (reinterpret_cast<std::uintptr_t>(a) & 63);
+        // The last block reaches back into what is known to be equal.
+        if (!StopsAtBlock<512>(a, b, at, size) && !BlockDiffers<512>(a + size - 512, b + size - 512)) return size;
     }
-    // A block that differs is searched in smaller and smaller ones.
-    StopsAtBlock<512>(a, b, at, size);
+    // A block that differs is searched in smaller ones.
     StopsAtBlock<128>(a, b, at, size);
     if (StopsAtBlock<64>(a, b, at, size)) return KnownDifference(a, b, at);
     // The last block may begin in what is known to be equal.
@@ -67,29 +69,65 @@ typedef std::uint64_t Vector16 __attribute__((vector_size(16)));
 typedef std::uint64_t Vector32 __attribute__((vector_size(32)));
 typedef std::uint64_t Vector64 __attribute__((vector_size(64)));
 
+/// By reference: a vector that a function returned would have to fit the instructions of any machine.
+template <class Vector>
+KY_KERNEL void XorInto(Vector& sum, const void* from) {
+    Vector vector;
+    std::memcpy(&vector, from, sizeof vector);
+    sum ^= vector;
+}
+
+constexpr std::uint64_t kOnes = ~std::uint64_t{0};
+/// Read so that it ends `n` bytes behind its middle, it keeps the last `n` bytes of a vector.
+alignas(64) constexpr std::uint64_t kKeepLast[16] = {0,     0,     0,     0,     0,     0,     0,     0,
+                                                     kOnes, kOnes, kOnes, kOnes, kOnes, kOnes, kOnes, kOnes};
+
+/// The bytes behind the last whole word, as a word filled up with zeros.
+KY_KERNEL std::uint64_t LastPartialWord(const unsigned char* data, std::size_t size) {
+    const std::size_t rest = size % 8;
+    if (rest == 0) return 0;
+    if (size >= 8) return LoadAs<std::uint64_t>(data + size - 8) >> (64 - 8 * rest);
+    std::uint64_t word = 0;
+    for (std::size_t i = 0; i < rest; ++i) word |= std::uint64_t{data[i]} << (8 * i);
+    return word;
+}
+
+/// XOR of a vector's words, halved until it is one. The halves of a vector are two of the next smaller ones.
+KY_KERNEL std::uint64_t XorOfWords(const Vector16& vector) { return vector[0] ^ vector[1]; }
+template <class Vector>
+KY_KERNEL std::uint64_t XorOfWords(const Vector& vector) {
+    using Half = std::conditional_t<sizeof(Vector) == sizeof(Vector64), Vector32, Vector16>;
+    Half halves[2];
+    std::memcpy(halves, &vector, sizeof halves);
+    halves[0] ^= halves[1];
+    return XorOfWords(halves[0]);
+}
+
 template <class Vector>
 KY_KERNEL std::uint64_t XorWordsText(const void* area, std::size_t size) {
     constexpr std::size_t width = sizeof(Vector);
     const unsigned char* data = Advance(area, 0);
-    std::uint64_t result = 0;
+    const std::size_t words = size - size % 8;
+    std::uint64_t result = LastPartialWord(data, size);
     std::size_t at = 0;
-    if (size >= 4 * width) {
-        // Four sums, so that no addition waits for the one before it.
-        Vector sums[4] = {};
-        for (; size - at >= 4 * width; at += 4 * width) {
-            for (std::size_t i = 0; i < 4; ++i) {
-                Vector next;
-                std::memcpy(&next, data + at + i * width, width);
-                sums[i] ^= next;
-            }
-        }
-        const Vector sum = (sums[0] ^ sums[1]) ^ (sums[2] ^ sums[3]);
-        for (std::size_t i = 0; i < width / 8; ++i) result ^= sum[i];
+    if (words < width) {
+        for (; at < words; at += 8) result ^= LoadAs<std::uint64_t>(data + at);
+        return result;
     }
-    for (; size - at >= 8; at += 8) result ^= LoadAs<std::uint64_t>(data + at);
-    std::uint64_t rest = 0;
-    while (size > at) rest = rest << 8 | data[--size];
-    return result ^ rest;
+    // Four sums, so that no addition waits for the one before it.
+    Vector sums[4] = {};
+    for (; words - at >= 4 * width; at += 4 * width) {
+        for (std::size_t i = 0; i < 4; ++i) XorInto(sums[i], data + at + i * width);
+    }
+    for (; words - at >= width; at += width) XorInto(sums[0], data + at);
+    // The last vector reaches back over words that are in the sums: these are masked out.
+    Vector last = {};
+    Vector kept = {};
+    XorInto(last, data + words - width);
+    XorInto(kept, reinterpret_cast<const unsigned char*>(kKeepLast) + 64 - width + (words - at));
+    sums[1] ^= last & kept;
+    const Vector sum = (sums[0] ^ sums[1]) ^ (sums[2] ^ sums[3]);
+    return result ^ XorOfWords(sum);
 }
 
 template <class Bits, bool reversed>
