@@ -305,10 +305,16 @@ TEST(BooleanRow, StepsFromNullToTrue) {
         EXPECT_EQ(value.Get(), static_cast<signed char>(odd));
     }
     KyBoolean value = OfByte(0xFF);
-    for (const unsigned char what : {KyValueLeast, KyValueKeep, static_cast<unsigned char>(80)}) {
-        EXPECT_EQ(KyBooleanTab.GetValue(&value, 1, KyFormMemory, what), KyErrNotSupported);
-        EXPECT_EQ(value.Get(), -1);
+    for (int byte = 0; byte < 256; ++byte) {
+        const auto other = static_cast<unsigned char>(byte);
+        if (other != KyFormMemory) {
+            EXPECT_EQ(KyBooleanTab.GetValue(&value, 1, other, KyValueStep), KyErrNotSupported) << byte;
+        }
+        if (other != KyValueStep && other != KyValueStepNext) {
+            EXPECT_EQ(KyBooleanTab.GetValue(&value, 1, KyFormMemory, other), KyErrNotSupported) << byte;
+        }
     }
+    EXPECT_EQ(value.Get(), -1);
 }
 
 TEST(BooleanRow, StoredValuesAreSteppedByTheManager) {

@@ -275,11 +275,14 @@ TEST(NullGetValue, RefusesOtherFormsAndSelectors) {
         SCOPED_TRACE(type.name());
         ByteVector element = NullOf(type);
         const ByteVector before = element;
-        for (const unsigned char form : ByteVector{1, 2, 0, 9, 0x18, 0x81}) {
-            EXPECT_EQ(type.row->GetValue(element.data(), 1, form, KyValueStep), KyErrNotSupported);
-        }
-        for (const unsigned char what : {KyValueLeast, KyValueKeep, static_cast<unsigned char>(0)}) {
-            EXPECT_EQ(type.row->GetValue(element.data(), 1, KyFormMemory, what), KyErrNotSupported);
+        for (int byte = 0; byte < 256; ++byte) {
+            const auto other = static_cast<unsigned char>(byte);
+            if (other != KyFormMemory) {
+                EXPECT_EQ(type.row->GetValue(element.data(), 1, other, KyValueStep), KyErrNotSupported) << byte;
+            }
+            if (other != KyValueStep && other != KyValueStepNext) {
+                EXPECT_EQ(type.row->GetValue(element.data(), 1, KyFormMemory, other), KyErrNotSupported) << byte;
+            }
         }
         EXPECT_EQ(element, before);
     }
