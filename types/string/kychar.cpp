@@ -1,5 +1,7 @@
 #include "kychar.h"
 
+#include <cstddef>
+
 #include "code_sets.h"
 #include "kystrcmp.h"
 
@@ -65,6 +67,9 @@ KyChar& KyChar::operator=(char c) { return *this = KyChar(c); }
 KyChar& KyChar::operator=(unsigned short c) { return *this = KyChar(c); }
 
 unsigned short KyChar::CodeGet() const {
+    static_assert(sizeof(KyChar) == 16 && offsetof(KyChar, ref) == 0 && offsetof(KyChar, value) == 8 &&
+                  offsetof(KyChar, codeSet) == 10 && offsetof(KyChar, language) == 11 &&
+                  offsetof(KyChar, format) == 12);
     return ref != nullptr ? ky::ReadCode(ref, ky::CharWidth(codeSet), format) : value;
 }
 

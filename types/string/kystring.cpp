@@ -1,5 +1,6 @@
 #include "kystring.h"
 
+#include <cstddef>
 #include <cstring>
 #include <new>
 
@@ -77,6 +78,8 @@ KyString& KyString::operator=(KyString&& other) noexcept {
 KyString& KyString::operator=(const char* text) { return *this = KyString(text); }
 
 void KyString::Destroy() {
+    static_assert(offsetof(KyString, buffer) == 0 && offsetof(KyString, bufferSize) == 8 &&
+                  offsetof(KyString, codeSet) == 10 && offsetof(KyString, language) == 11);
     delete[] buffer;
     buffer = nullptr;
     bufferSize = 0;
