@@ -22,7 +22,7 @@ class NumberText {
 public:
     explicit NumberText(const unsigned short* s) {
         while (IsWideSpace(*s)) ++s;
-        if (*s == '+' || *s == '-') Add(*s++);
+        // Zeros behind a sign are not the leading ones.
         if (*s == '0') {
             while (s[1] == '0') ++s;
         }
