@@ -4,7 +4,7 @@
 set -eu
 cd "$(dirname "$0")/.."
 
-include_dirs="platform/base platform/i18n typemgr types/numeric types/string types/datetime types/identity types/blob"
+include_dirs="platform/base platform/i18n typemgr types/numeric types/string types/identity"
 include_flags=""
 for dir in $include_dirs; do include_flags="$include_flags -I$dir"; done
 

@@ -11,12 +11,9 @@ for target in "$build"/fuzz/fuzz_*; do
     name=$(basename "$target")
     corpus=$build/corpus/$name
     mkdir -p "$corpus"
-    seeds=fuzz/seeds/${name#fuzz_}
-    [ -d "$seeds" ] || seeds=
     echo "fuzz: $name for $seconds s"
-    # shellcheck disable=SC2086
     if "$target" -max_total_time="$seconds" -max_len=1024 -artifact_prefix="$build/crashes/$name-" \
-        "$corpus" $seeds >"$build/$name.log" 2>&1; then
+        "$corpus" >"$build/$name.log" 2>&1; then
         tail -n 1 "$build/$name.log"
     else
         tail -n 30 "$build/$name.log"
