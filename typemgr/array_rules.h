@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 
 #include "kytypes.h"
 #include "raw_bytes.h"
@@ -33,6 +34,11 @@ constexpr std::size_t ElementsInside(unsigned length, std::size_t elementSize, u
 constexpr int BufferEndError(std::size_t last, std::size_t visited, unsigned count) {
     return visited < count && last + 1 >= visited ? KyErrBufferEnd : 0;
 }
+
+/// Hashes of numbers and texts are multiplied by this. Frozen, persistent: indexes on disk depend on it.
+inline constexpr std::uint32_t kHashFactor = 1103515245u;
+/// What a null adds to the hash of its array. Frozen, persistent.
+inline constexpr std::uint32_t kNullHash = 0xFEFE7575u;
 
 /// Assignment and Copy of elements without ownership: mode 0 copies `count` elements, any other mode sets
 /// each of them to the first element of `src`.

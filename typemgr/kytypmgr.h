@@ -111,8 +111,8 @@ public:
     KyTypeConvertData* ConvertTo(char id, void* value, unsigned count);
     /// A new array of `count` values, freed with `Delete(id, ..., count)`. The record stays the caller's.
     void* ConvertFrom(char id, KyTypeConvertData* data, unsigned count);
-    /// Text of the values: a count below 2 is the row's own print; more are appended to `out`, separated by ",".
-    /// `format` null: the row's print format.
+    /// Text of the values: a count below 2 is the row's own print; more are appended to `out`, separated by ",". 8-bit
+    /// numbers, printed as characters, are one text in any case. `format` null: the row's print format.
     KyString& PrintToKyString(char id, KyString& out, void* value, const char* format, unsigned count);
     void* ScanFromKyString(char id, void* value, KyString& text, const char* format, unsigned count);
     /// The process-wide text of null values, "{NULL}" unless replaced.

@@ -7,14 +7,11 @@
 #include <cstdint>
 #include <type_traits>
 
+#include "array_rules.h"
 #include "null_layout.h"
-#include "number_order.h"
 #include "raw_bytes.h"
 
 namespace ky {
-
-/// What a null adds to a hash.
-inline constexpr std::uint32_t kNullHash = 0xFEFE7575u;
 
 namespace detail {
 

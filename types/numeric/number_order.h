@@ -17,9 +17,6 @@
 
 namespace ky {
 
-/// Every numeric hash is multiplied by this at its end.
-inline constexpr std::uint32_t kHashFactor = 1103515245u;
-
 template <class Facts>
 int CompareElement(const void* a, const void* b, unsigned char form) {
     using Element = typename Facts::Element;

@@ -39,20 +39,22 @@ public:
 
     // --- construction; the code set is the default one (8-bit or 16-bit by the argument), the language the default ---
     KyString();
-    KyString(unsigned char codeSet, unsigned char language);
-    KyString(const char* text);                              // NOLINT(google-explicit-constructor): all are implicit
-    KyString(const char* text, unsigned short n);            ///< first n bytes; 0xFFFF: to the terminator
-    KyString(const unsigned short* text);                    // NOLINT(google-explicit-constructor)
-    KyString(const unsigned short* text, unsigned short n);  ///< first n units; 0xFFFF: to the terminator
-    KyString(char c);               // NOLINT(google-explicit-constructor): one character, 0: empty
-    KyString(unsigned char c);      // NOLINT(google-explicit-constructor)
-    KyString(unsigned short c);     // NOLINT(google-explicit-constructor): one 16-bit character
-    KyString(short number);         // NOLINT(google-explicit-constructor): decimal text
-    KyString(int number);           // NOLINT(google-explicit-constructor)
-    KyString(unsigned int number);  // NOLINT(google-explicit-constructor): KEPT: as a signed number, 4294967295 is "-1"
-    KyString(long long number);     // NOLINT(google-explicit-constructor)
-    KyString(unsigned long long number);  // NOLINT(google-explicit-constructor)
-    KyString(double number);              // NOLINT(google-explicit-constructor): as "%.17g" prints doubles
+    KyString(unsigned char codeSet, unsigned char language);  ///< empty, with this label
+    KyString(const char* text, unsigned short n);             ///< first n bytes; 0xFFFF: to the terminator
+    KyString(const unsigned short* text, unsigned short n);   ///< first n units; 0xFFFF: to the terminator
+    // NOLINTBEGIN(google-explicit-constructor): texts, characters and numbers are meant to be given for strings
+    KyString(const char* text);            ///< null: empty
+    KyString(const unsigned short* text);  ///< null: empty
+    KyString(char c);                      ///< one character, 0: empty
+    KyString(unsigned char c);
+    KyString(unsigned short c);  ///< one 16-bit character, 0: empty
+    KyString(short number);      ///< decimal text, and so the following
+    KyString(int number);
+    KyString(unsigned int number);  ///< KEPT: as a signed number, 4294967295 is "-1"
+    KyString(long long number);
+    KyString(unsigned long long number);
+    KyString(double number);  ///< as "%.17g" prints doubles
+    // NOLINTEND(google-explicit-constructor)
     KyString(const KyString& other);
     /// Takes `other`'s buffer; `other` keeps its code set and language.
     KyString(KyString&& other) noexcept
@@ -76,13 +78,13 @@ public:
     // --- content and state ---
     /// Never null; a static empty text where there is no buffer. Valid until the next change.
     char* StrGet() const { return buffer != nullptr ? buffer : emptyText; }
-    static KyString& EmptyString();
+    static KyString& EmptyString();  ///< one shared empty string that is never destroyed; not to be changed
     unsigned short Len() const;      ///< characters up to the terminator
     unsigned short NullLen() const;  ///< bytes of a terminator: 1 or 2
-    int IsEmpty() const;
-    int operator!() const;
-    int IsNullValue() const;
-    int SetNullValue();  ///< returns 0
+    int IsEmpty() const;             ///< 1 or 0; a null string without text is empty, too
+    int operator!() const;           ///< the same
+    int IsNullValue() const;         ///< 1 or 0: language 254, or language 0 with code set 254
+    int SetNullValue();              ///< frees the content; returns 0
 
     unsigned char CodeSetGet() const { return codeSet; }
     unsigned char LanguageGet() const { return language; }
@@ -114,19 +116,21 @@ public:
                      unsigned short srcCount, unsigned short repeat, unsigned short mode, unsigned char flag);
     void Destroy();                 ///< frees; code set and language become 0
     void Destruct(KyString& from);  ///< moves `from`'s content here
-    void d_deactivate();
+    void d_deactivate();            ///< the same as `Destroy`
 
     /// The character at `i`, read with the string's code set and language; at `Len()` the terminator, beyond
     /// it (and for negative numbers) the empty character.
     KyChar operator[](int i);
 
     // --- editing; all return the string itself ---
-    KyString& Fill(unsigned short n, unsigned short c);
+    // What is put in is mapped into the string's own code set. A `char` or `const char*` is in the default 8-bit code
+    // set, an `unsigned short` or a text of such in the default 16-bit one.
+    KyString& Fill(unsigned short n, unsigned short c);  ///< n times `c` instead of the content; c 0: empty
     KyString& Fill(unsigned short n, char c);
-    KyString& Expand(unsigned short n, unsigned short c);
+    KyString& Expand(unsigned short n, unsigned short c);  ///< appends `c` up to a length of n; c 0: nothing
     KyString& Expand(unsigned short n, char c);
-    KyString& Cut(unsigned short pos, short n);
-    KyString& Insert(const KyString& s, unsigned short pos);
+    KyString& Cut(unsigned short pos, short n);               ///< removes n characters from `pos` on; -1: up to the end
+    KyString& Insert(const KyString& s, unsigned short pos);  ///< before `pos`; nothing where that is beyond `Len()`
     KyString& Replace(const KyString& s, unsigned short pos);  ///< overwrites, never lengthens
     KyString& operator+=(const KyString& s);
     KyString& operator<<(const KyString& s);
@@ -141,26 +145,30 @@ public:
     KyString& operator<<(unsigned long long number);
     KyString& operator<<(float number);
     KyString& operator<<(double number);
-    KyString& LeftTrim();
+    KyString& LeftTrim();  ///< without the white space in front
     KyString& RightTrim();
     KyString& Trim();
     KyString& ToLower();
     KyString& ToUpper();
-    KyString& Transform(KyCharOperation& op);
+    KyString& Transform(KyCharOperation& op);  ///< each character becomes what `op` makes of it
+    /// Replaces each `from` found, with the default operator and never as a pattern, from `start` on.
     KyString& ReplaceAll(const KyString& from, const KyString& to, unsigned short start);
     KyString& ReplaceAll(unsigned short from, unsigned short to, unsigned short start);
     KyString& ReplaceAll(char from, char to, unsigned short start);
 
     // --- extraction ---
-    KyString Copy(unsigned short pos, short n) const;  ///< -1 or too long: up to the end
+    /// n -1 or too long: up to the end. From beyond the end: empty, labelled with the defaults as they were at load.
+    KyString Copy(unsigned short pos, short n) const;
     KyString Left(unsigned short n) const;
     KyString Right(unsigned short n) const;
 
     // --- searching: first position at or after `start`, or 0xFFFF ---
+    // op 0xFFFF: the default compare operator, and wildcards mean themselves. Any other that allows wildcards (neither
+    // 0x10 nor 0x100) makes `pattern` one, which may match a longer piece.
     unsigned short Find(const KyString& pattern, unsigned short start, unsigned short op) const;
     unsigned short Find(unsigned short c, unsigned short start, unsigned short op) const;
     unsigned short Find(char c, unsigned short start, unsigned short op) const;
-    unsigned short SubStringPos(const KyString& pattern, unsigned short op) const;
+    unsigned short SubStringPos(const KyString& pattern, unsigned short op) const;  ///< from 0 on
 
     // --- comparison, by the collation order ---
     /// op 0xFFFF: the default compare operator. maxLen -1: whole texts.
@@ -171,6 +179,7 @@ public:
     bool operator<=(const KyString& other) const;
     bool operator>(const KyString& other) const;
     bool operator>=(const KyString& other) const;
+    /// 1 or 0, exact. Strings of different languages, of which one may be null, are compared as neutral ones.
     int EqualsIgnoreLanguage(const KyString& other) const;
 
     // --- numbers ---

@@ -2,13 +2,13 @@
 
 #include <cstring>
 
+#include "array_rules.h"
 #include "code_mapping.h"
 #include "key_reader.h"
 #include "kybase.h"
 #include "kyi18n.h"
 #include "kystrcmp.h"
 #include "kystring_slots.h"
-#include "number_order.h"
 #include "string_records.h"
 
 namespace {
@@ -17,7 +17,6 @@ namespace {
 constexpr std::size_t kLongestPartHashed = 254;
 /// Contents up to this size are terminated on the stack.
 constexpr std::size_t kLongestOnStack = 254;
-constexpr unsigned kNullHash = 0xFEFE7575;
 
 /// Byte order of 16-bit units, as the comparer takes it.
 unsigned char UnitOrder(unsigned char flag) { return (flag & KyFormMask) == KyFormReversed ? 2 : 1; }
@@ -114,7 +113,7 @@ unsigned StringHashCommon(unsigned char flag, unsigned len, void* data, unsigned
 
 unsigned HashString(unsigned char codeSet, unsigned char language, const char* text, int length, unsigned char format) {
     const bool isNull = language == KyLanguageNull || (language == KyLanguageNeutral && codeSet == KyCodeSetOrders);
-    if (isNull) return kNullHash;
+    if (isNull) return ky::kNullHash;
     const unsigned limit = length < 0 ? ~0u : static_cast<unsigned>(length);
     unsigned hash = 0;
     if (codeSet == KyCodeSetNative) {

@@ -24,13 +24,6 @@ enum class PrefixMatch {
 PrefixMatch MatchPrefix(unsigned char codeSet, unsigned char language, const char* text, unsigned char patternCodeSet,
                         unsigned char patternLanguage, const char* pattern, unsigned short op);
 
-/// The same for one place.
-inline bool MatchesPrefixPattern(unsigned char codeSet, unsigned char language, const char* text,
-                                 unsigned char patternCodeSet, unsigned char patternLanguage, const char* pattern,
-                                 unsigned short op) {
-    return MatchPrefix(codeSet, language, text, patternCodeSet, patternLanguage, pattern, op) == PrefixMatch::yes;
-}
-
 class ByteReader;
 class KeyReader;
 
