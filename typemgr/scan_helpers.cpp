@@ -1,14 +1,14 @@
+#include "ascii.h"
 #include "kystring.h"
 #include "kytypmgr.h"
 #include "number_text.h"
 #include "scan_helpers_word.h"
 
 void SkipDigits(char*& text) {
-    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-    if (*text != '+' && *text != '-' && !isDigit(*text)) return;
+    if (*text != '+' && *text != '-' && !ky::IsDigit(*text)) return;
     do {
         ++text;
-    } while (isDigit(*text));
+    } while (ky::IsDigit(*text));
 }
 
 namespace {

@@ -4,6 +4,7 @@
 #include <bitset>
 #include <cstdint>
 
+#include "ascii.h"
 #include "number_format_scan.h"
 
 namespace ky {

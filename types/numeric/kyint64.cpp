@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "ascii.h"
 #include "eight_bit_text.h"
 #include "kybase.h"
 #include "kystring.h"
@@ -61,14 +62,6 @@ private:
     bool secondOfPair = false;
 };
 
-/// The digit's value; 255 for any other character.
-constexpr unsigned DigitValue(char c) {
-    if (c >= '0' && c <= '9') return static_cast<unsigned>(c - '0');
-    if (c >= 'a' && c <= 'f') return static_cast<unsigned>(c - 'a') + 10;
-    if (c >= 'A' && c <= 'F') return static_cast<unsigned>(c - 'A') + 10;
-    return 255;
-}
-
 void AppendNumber(std::string& out, const KyInt64& value, const Conversion& conversion) {
     if (conversion.base == 10) {
         char text[ky::kIntegerTextSize];
@@ -104,7 +97,8 @@ KyInt64 ReadNumber(const char*& text, const Conversion& conversion) {
     if (negative) ++text;
     if (conversion.base == 16 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X')) text += 2;
     KyInt64 value;
-    for (unsigned digit; (digit = DigitValue(*text)) < conversion.base; ++text) value = value * conversion.base + digit;
+    for (unsigned digit; (digit = ky::DigitValue(*text)) < conversion.base; ++text)
+        value = value * conversion.base + digit;
     return negative ? -value : value;
 }
 

@@ -19,6 +19,8 @@
 #include <cstddef>
 #include <string_view>
 
+#include "ascii.h"
+
 namespace ky {
 
 /// What a conversion letter shows.
@@ -62,10 +64,6 @@ bool ParseNumberFormat(const char* format, NumberFormat& parts);
 
 /// The same for the format of one value: at most one conversion, and that of this class.
 bool ParseNumberFormat(const char* format, NumberClass numberClass, NumberFormat& parts);
-
-/// White space of the "C" locale.
-constexpr bool IsSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
-constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 }  // namespace ky
 

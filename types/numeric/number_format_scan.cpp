@@ -39,14 +39,6 @@ private:
     bool overflow = false;
 };
 
-/// The value of a digit; a number that no base reaches for any other character.
-unsigned DigitOf(char c) {
-    if (IsDigit(c)) return static_cast<unsigned>(c - '0');
-    if (c >= 'a' && c <= 'f') return static_cast<unsigned>(c - 'a') + 10;
-    if (c >= 'A' && c <= 'F') return static_cast<unsigned>(c - 'A') + 10;
-    return 16;
-}
-
 /// The base that a letter names; 0: the text names it.
 unsigned BaseOf(char letter) {
     switch (letter) {
@@ -142,7 +134,7 @@ bool ScanInteger(const char*& text, const Conversion& conversion, unsigned long 
     if (base == 0) base = 10;
 
     Magnitude magnitude;
-    for (unsigned digit; (digit = DigitOf(source.Peek())) < base; source.Step()) {
+    for (unsigned digit; (digit = DigitValue(source.Peek())) < base; source.Step()) {
         any = true;
         magnitude.Add(digit, base);
     }

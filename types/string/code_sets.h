@@ -12,6 +12,11 @@ namespace ky {
 /// Bytes of one character of a code set: 1 below 225, else 2.
 constexpr unsigned CharWidth(unsigned char codeSet) { return codeSet < KyCodeSetFirst16Bit ? 1 : 2; }
 
+/// A text with this label is null.
+constexpr bool IsNullLabel(unsigned char codeSet, unsigned char language) {
+    return language == KyLanguageNull || (language == KyLanguageNeutral && codeSet == KyCodeSetOrders);
+}
+
 /// The code set number of a text's characters. A text labelled 255 has 16-bit characters: those of the default 16-bit
 /// code set.
 inline unsigned char TextCodeSet(unsigned char codeSet) {

@@ -4,6 +4,8 @@
 
 #include "code_sets.h"
 #include "kystrcmp.h"
+#include "kytypes.h"
+#include "order_key.h"
 
 namespace {
 
@@ -82,24 +84,21 @@ unsigned short KyChar::GetOrder() const {
     return record != nullptr ? record->order : code;
 }
 
-bool KyChar::IsSpace() const { return GetOrder() < 80; }
+bool KyChar::IsSpace() const { return GetOrder() < ky::kFirstSymbol; }
 
 bool KyChar::IsSymbol() const {
     const unsigned short order = GetOrder();
-    return order >= 80 && order < 16128;
+    return order >= ky::kFirstSymbol && order < ky::kFirstDigit;
 }
 
 bool KyChar::IsDigit() const {
     const unsigned short order = GetOrder();
-    return order >= 16128 && order < 16384;
+    return order >= ky::kFirstDigit && order < ky::kFirstLetter;
 }
 
-bool KyChar::IsAlpha() const {
-    const unsigned short order = GetOrder();
-    return order >= 16384 && order < 32768;
-}
+bool KyChar::IsAlpha() const { return ky::IsLetterOrder(GetOrder()); }
 
-bool KyChar::IsHan() const { return GetOrder() >= 32768; }
+bool KyChar::IsHan() const { return GetOrder() >= ky::kFirstHan; }
 
 KyChar KyChar::MapTo(unsigned char toCodeSet) const {
     if (toCodeSet == KyCodeSetNative || toCodeSet == codeSet) return *this;
@@ -139,7 +138,7 @@ KyChar KyChar::ToUpper(KyStringIterator* it) const {
 }
 
 int KyChar::Compare(const KyChar& other, unsigned short op) const {
-    if (op == 0xFFFF) op = KyLanguageContext::GetDefaultCmpOp();
+    if (op == KyCmpDefault) op = KyLanguageContext::GetDefaultCmpOp();
     char a[4] = {};
     char b[4] = {};
     ky::WriteCode(a, ky::CharWidth(codeSet), CodeGet(), 1);
@@ -147,12 +146,12 @@ int KyChar::Compare(const KyChar& other, unsigned short op) const {
     return KyStrCmp(codeSet, language, a, other.codeSet, other.language, b, op, 1, 1, nullptr);
 }
 
-bool KyChar::operator==(const KyChar& other) const { return Compare(other, 0xFFFF) == 0; }
-bool KyChar::operator!=(const KyChar& other) const { return Compare(other, 0xFFFF) != 0; }
-bool KyChar::operator<(const KyChar& other) const { return Compare(other, 0xFFFF) < 0; }
-bool KyChar::operator<=(const KyChar& other) const { return Compare(other, 0xFFFF) <= 0; }
-bool KyChar::operator>(const KyChar& other) const { return Compare(other, 0xFFFF) > 0; }
-bool KyChar::operator>=(const KyChar& other) const { return Compare(other, 0xFFFF) >= 0; }
+bool KyChar::operator==(const KyChar& other) const { return Compare(other, KyCmpDefault) == 0; }
+bool KyChar::operator!=(const KyChar& other) const { return Compare(other, KyCmpDefault) != 0; }
+bool KyChar::operator<(const KyChar& other) const { return Compare(other, KyCmpDefault) < 0; }
+bool KyChar::operator<=(const KyChar& other) const { return Compare(other, KyCmpDefault) <= 0; }
+bool KyChar::operator>(const KyChar& other) const { return Compare(other, KyCmpDefault) > 0; }
+bool KyChar::operator>=(const KyChar& other) const { return Compare(other, KyCmpDefault) >= 0; }
 
 KyChar KyCharToLower::operator()(const KyChar& c, KyStringIterator* it) { return c.ToLower(it); }
 KyChar KyCharToUpper::operator()(const KyChar& c, KyStringIterator* it) { return c.ToUpper(it); }

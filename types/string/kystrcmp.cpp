@@ -1,22 +1,15 @@
 #include "kystrcmp.h"
 
+#include "code_sets.h"
 #include "kytypes.h"
 #include "string_compare.h"
 #include "wildcard_compare.h"
 
-namespace {
-
-constexpr bool IsNullText(unsigned char codeSet, unsigned char language) {
-    return language == KyLanguageNull || (language == KyLanguageNeutral && codeSet == KyCodeSetOrders);
-}
-
-}  // namespace
-
 int KyStrCmp(unsigned char codeSetA, unsigned char languageA, const char* a, unsigned char codeSetB,
              unsigned char languageB, const char* b, unsigned short op, short maxLen, unsigned char format, int*) {
     const bool wildcards = (op & (KyCmpExact | KyCmpStringExact)) == 0;
-    const bool aIsNull = IsNullText(codeSetA, languageA);
-    const bool bIsNull = IsNullText(codeSetB, languageB);
+    const bool aIsNull = ky::IsNullLabel(codeSetA, languageA);
+    const bool bIsNull = ky::IsNullLabel(codeSetB, languageB);
     if (bIsNull) return aIsNull ? 0 : 1;
     // A null can match a pattern, as an empty text.
     if (aIsNull && !wildcards) return -1;

@@ -11,6 +11,8 @@
 
 using ky::CharWidth;
 
+static_assert(KyString::MaxBytes == ky::kMaxStringBytes);
+
 alignas(2) char KyString::emptyText[2] = {};
 
 // --- construction ---
@@ -129,9 +131,7 @@ unsigned short KyString::NullLen() const { return static_cast<unsigned short>(Ch
 int KyString::IsEmpty() const { return buffer == nullptr || ky::AtEnd(buffer, CharWidth(codeSet)); }
 int KyString::operator!() const { return IsEmpty(); }
 
-int KyString::IsNullValue() const {
-    return language == KyLanguageNull || (codeSet == KyCodeSetOrders && language == KyLanguageNeutral);
-}
+int KyString::IsNullValue() const { return ky::IsNullLabel(codeSet, language); }
 
 int KyString::SetNullValue() {
     Destroy();

@@ -2,6 +2,7 @@
 
 #include <limits>
 
+#include "ascii.h"
 #include "code_mapping.h"
 #include "kystring.h"
 #include "number_text.h"
@@ -9,22 +10,15 @@
 
 namespace {
 
-/// Value of a digit in bases up to 16; 99 for anything else.
-unsigned DigitValue(char c) {
-    if (c >= '0' && c <= '9') return static_cast<unsigned>(c - '0');
-    const char lower = static_cast<char>(c | 0x20);
-    return lower >= 'a' && lower <= 'f' ? static_cast<unsigned>(lower - 'a') + 10 : 99;
-}
-
 /// The integer at the front of the text, as `strtoll` reads it in the "C" locale: white space and a sign are
 /// skipped, base 0 takes the base from the text ("0x", "0"), a value out of range becomes the nearest.
 long long ReadInteger(const char* text, unsigned base) {
-    while (*text == ' ' || (*text >= '\t' && *text <= '\r')) ++text;
+    while (ky::IsSpace(*text)) ++text;
     const bool negative = *text == '-';
     if (*text == '-' || *text == '+') ++text;
     if (base == 0) {
         base = *text == '0' ? 8 : 10;
-        if (*text == '0' && (text[1] | 0x20) == 'x' && DigitValue(text[2]) < 16) {
+        if (*text == '0' && (text[1] | 0x20) == 'x' && ky::DigitValue(text[2]) < 16) {
             base = 16;
             text += 2;
         }
@@ -32,7 +26,7 @@ long long ReadInteger(const char* text, unsigned base) {
     const unsigned long long limit =
         static_cast<unsigned long long>(std::numeric_limits<long long>::max()) + (negative ? 1 : 0);
     unsigned long long value = 0;
-    for (unsigned digit; (digit = DigitValue(*text)) < base; ++text) {
+    for (unsigned digit; (digit = ky::DigitValue(*text)) < base; ++text) {
         if (value > (limit - digit) / base) {
             value = limit;
             break;

@@ -112,8 +112,7 @@ unsigned StringHashCommon(unsigned char flag, unsigned len, void* data, unsigned
 }  // namespace
 
 unsigned HashString(unsigned char codeSet, unsigned char language, const char* text, int length, unsigned char format) {
-    const bool isNull = language == KyLanguageNull || (language == KyLanguageNeutral && codeSet == KyCodeSetOrders);
-    if (isNull) return ky::kNullHash;
+    if (ky::IsNullLabel(codeSet, language)) return ky::kNullHash;
     const unsigned limit = length < 0 ? ~0u : static_cast<unsigned>(length);
     unsigned hash = 0;
     if (codeSet == KyCodeSetNative) {

@@ -3,17 +3,16 @@
 #include <algorithm>
 #include <cstring>
 
+#include "ascii.h"
 #include "kystring.h"
 
 namespace {
 
 constexpr unsigned kLargest = 65535;
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
 unsigned ReadNumber(const char*& p) {
     unsigned number = 0;
-    for (; IsDigit(*p); ++p) number = std::min(number * 10 + static_cast<unsigned>(*p - '0'), kLargest);
+    for (; ky::IsDigit(*p); ++p) number = std::min(number * 10 + static_cast<unsigned>(*p - '0'), kLargest);
     return number;
 }
 
