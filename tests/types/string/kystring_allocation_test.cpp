@@ -45,12 +45,13 @@ void PrintTo(const Taken& taken, std::ostream* out) { *out << taken.blocks << " 
 
 }  // namespace
 
-void* operator new(std::size_t size) { return Take(size); }
-void* operator new[](std::size_t size) { return Take(size); }
-void operator delete(void* block) noexcept { std::free(block); }
-void operator delete[](void* block) noexcept { std::free(block); }
-void operator delete(void* block, std::size_t) noexcept { std::free(block); }
-void operator delete[](void* block, std::size_t) noexcept { std::free(block); }
+// Not inlined, so that the compiler does not see a block of one kind freed as another.
+[[gnu::noinline]] void* operator new(std::size_t size) { return Take(size); }
+[[gnu::noinline]] void* operator new[](std::size_t size) { return Take(size); }
+[[gnu::noinline]] void operator delete(void* block) noexcept { std::free(block); }
+[[gnu::noinline]] void operator delete[](void* block) noexcept { std::free(block); }
+[[gnu::noinline]] void operator delete(void* block, std::size_t) noexcept { std::free(block); }
+[[gnu::noinline]] void operator delete[](void* block, std::size_t) noexcept { std::free(block); }
 
 namespace {
 
