@@ -125,6 +125,11 @@ inline constexpr unsigned char KyValueStep = 77;      ///< 'M': step to the succ
 inline constexpr unsigned char KyValueStepNext = 78;  ///< 'N': the same
 inline constexpr unsigned char KyValueKeep = 79;      ///< 'O': leave the value as it is
 
+// Capabilities that `KyTypeMgr::SupportsCapability` is asked for; a number, not bits.
+inline constexpr unsigned short KyCapabilityNull = 1;       ///< has a null value
+inline constexpr unsigned short KyCapabilityCounter = 2;    ///< counter type
+inline constexpr unsigned short KyCapabilityTimeStamp = 3;  ///< time-stamp type
+
 // ---------------------------------------------------------------------------------------------
 // Slot functions. Common to all of them:
 //

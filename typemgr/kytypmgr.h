@@ -131,7 +131,7 @@ public:
     int Name2KyTypeId(const char* name, char& id);
 
     // --- null values and capabilities ---
-    /// 1 has a null value, 2 counter type, 3 time-stamp type: 1 or 0. Any other number: 0.
+    /// `capability`: one of the `KyCapability...` numbers, answered with 1 or 0. Any other number: 0.
     int SupportsCapability(char id, unsigned short capability);
     int SupportsNullValue(char id);
     /// Makes a value null where the type has a null, else gives it the value of an empty text. Returns 0.

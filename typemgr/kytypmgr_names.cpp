@@ -36,10 +36,6 @@ constexpr IdSet counterTypes(Ky1B_T, Ky2B_T, Ky4B_T, KyU2B_T, KyU4B_T, KyINT_T, 
                              KyOBJID_T, KyINT64_T, Ky8B_T, KyU8B_T);
 constexpr IdSet timeStampTypes(KyDATE_T, KyTIME_T, KyDATIME_T, D_DATE_T, D_TIME_T, D_TIMESTAMP_T, KyDATIME_N_T);
 
-constexpr unsigned short hasNullValue = 1;
-constexpr unsigned short isCounter = 2;
-constexpr unsigned short isTimeStamp = 3;
-
 constexpr unsigned sizeMask = 0xFFFF;
 
 }  // namespace
@@ -60,18 +56,18 @@ int KyTypeMgr::Name2KyTypeId(const char* name, char& id) {
 
 int KyTypeMgr::SupportsCapability(char id, unsigned short capability) {
     switch (capability) {
-        case hasNullValue:
+        case KyCapabilityNull:
             return Row(id).SetNull != nullptr ? 1 : 0;
-        case isCounter:
+        case KyCapabilityCounter:
             return counterTypes.Has(id) ? 1 : 0;
-        case isTimeStamp:
+        case KyCapabilityTimeStamp:
             return timeStampTypes.Has(id) ? 1 : 0;
         default:
             return 0;
     }
 }
 
-int KyTypeMgr::SupportsNullValue(char id) { return SupportsCapability(id, hasNullValue); }
+int KyTypeMgr::SupportsNullValue(char id) { return SupportsCapability(id, KyCapabilityNull); }
 
 unsigned KyTypeMgr::MemLenGet(char id, unsigned count) { return (Row(id).sizeWord & sizeMask) * count; }
 

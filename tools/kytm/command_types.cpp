@@ -10,10 +10,6 @@ namespace kytm {
 
 namespace {
 
-constexpr unsigned short kHasNull = 1;
-constexpr unsigned short kIsCounter = 2;
-constexpr unsigned short kIsTimeStamp = 3;
-
 struct TypeFacts {
     int id;
     std::string name;
@@ -32,9 +28,9 @@ std::vector<TypeFacts> AllTypes() {
     for (int number = 0; number < KyTypeIdLimit; ++number) {
         const char id = static_cast<char>(number);
         all.push_back({number, TypeName(id), TypeCodeName(id), PrintFormat(id), manager.IsFixed(id) != 0,
-                       manager.MemLenGet(id, 1), manager.SupportsCapability(id, kHasNull) != 0,
-                       manager.SupportsCapability(id, kIsCounter) != 0,
-                       manager.SupportsCapability(id, kIsTimeStamp) != 0});
+                       manager.MemLenGet(id, 1), manager.SupportsCapability(id, KyCapabilityNull) != 0,
+                       manager.SupportsCapability(id, KyCapabilityCounter) != 0,
+                       manager.SupportsCapability(id, KyCapabilityTimeStamp) != 0});
     }
     return all;
 }

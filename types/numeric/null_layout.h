@@ -7,7 +7,7 @@
 ///   stored          a null byte (0 or 1), the number in the byte order of the form
 ///   packed          the number in memory order, the null byte
 ///
-/// Neither of the two has padding. Which numbers they are does not matter here, only how wide they are.
+/// Stored and packed elements have no padding. Which numbers they are does not matter here, only how wide they are.
 
 #include <bit>
 #include <cstddef>

@@ -14,6 +14,7 @@
 
 class KyString;
 
+// The library's own, not exported.
 namespace ky {
 class BlockWriter;
 
