@@ -11,7 +11,7 @@
 
 namespace ky {
 
-/// A text of a record; null when the record, the text or its content is missing.
+/// A text of a record; null when the record or the text is missing, or the text is a null string.
 inline const KyString* TextAt(KyTypeConvertData* data, unsigned i) {
     const KyString* text = data == nullptr ? nullptr : data->GetString(static_cast<int>(i));
     return text == nullptr || text->IsNullValue() != 0 ? nullptr : text;
