@@ -2,13 +2,16 @@
 #define KYSTRING_H
 
 /// `KyString`, the one string class of the system, and with it all that works on strings: characters and
-/// iterators (`kychar.h`), collation (`kystrcmp.h`), 16-bit text (`kywstring.h`).
+/// iterators (`kychar.h`), collation (`kystrcmp.h`), 16-bit text (`kywstring.h`), multibyte text (`kymultibyte.h`), the
+/// disk form of 8-bit text (`kydiskform.h`).
 
 #include <cstddef>
 #include <type_traits>
 
 #include "kychar.h"
+#include "kydiskform.h"
 #include "kyexport.h"
+#include "kymultibyte.h"
 #include "kystrcmp.h"
 #include "kywstring.h"
 

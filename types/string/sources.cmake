@@ -3,6 +3,8 @@ set(folder_sources
   key_table.cpp
   kychar.cpp
   kychar_in_string.cpp
+  kydiskform.cpp
+  kymultibyte.cpp
   kystrcmp.cpp
   kystring.cpp
   kystring_append.cpp
@@ -33,6 +35,8 @@ set(folder_sources
   wildcard_compare.cpp)
 set(folder_headers
   kychar.h
+  kydiskform.h
+  kymultibyte.h
   kystrcmp.h
   kystring.h
   kywstring.h)
