@@ -6,6 +6,8 @@
 #include <cstring>
 #include <string>
 
+#include "kytypes.h"
+
 /// Takes a fuzzer's input apart from the front. What is asked for beyond the end is zero or empty.
 class Input {
 public:
@@ -39,13 +41,18 @@ private:
 };
 
 /// The plain number types.
-inline constexpr char kNumberIds[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 14, 42, 43};
+inline constexpr char kNumberIds[] = {Ky1B_T,  Ky2B_T,       Ky4B_T,   KyDOUBLE_T, KyFLOAT_T,   KyU2B_T, KyU4B_T,
+                                      KyINT_T, KyUNSIGNED_T, KyENUM_T, KyU1B_T,    KyBLOCKID_T, Ky8B_T,  KyU8B_T};
 
 inline char NumberId(Input& input) { return kNumberIds[input.Byte() % sizeof kNumberIds]; }
 
 /// The same, the 64-bit integer class, the boolean and the nullable numbers.
-inline constexpr char kAnyNumberIds[] = {0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 14, 26, 27, 28,
-                                         29, 30, 31, 32, 33, 34, 35, 36, 37, 38, 42, 43, 44, 45};
+inline constexpr char kAnyNumberIds[] = {Ky1B_T,       Ky2B_T,       Ky4B_T,         KyDOUBLE_T,      KyFLOAT_T,
+                                         KyU2B_T,      KyU4B_T,      KyINT_T,        KyUNSIGNED_T,    KyENUM_T,
+                                         KyU1B_T,      KyBLOCKID_T,  KyINT64_T,      KyBOOLEAN_T,     KyNULL_1B_T,
+                                         KyNULL_U1B_T, KyNULL_2B_T,  KyNULL_U2B_T,   KyNULL_INT_T,    KyNULL_UNSIGNED_T,
+                                         KyNULL_4B_T,  KyNULL_U4B_T, KyNULL_FLOAT_T, KyNULL_DOUBLE_T, KyNULL_KYINT64_T,
+                                         Ky8B_T,       KyU8B_T,      KyNULL_8B_T,    KyNULL_U8B_T};
 
 inline char AnyNumberId(Input& input) { return kAnyNumberIds[input.Byte() % sizeof kAnyNumberIds]; }
 

@@ -7,7 +7,7 @@ namespace kytm {
 
 namespace {
 
-constexpr std::string_view kFlags = "-+ #0";
+constexpr std::string_view kFlags = "-+ #0'";
 constexpr std::string_view kDigits = "0123456789";
 constexpr std::string_view kLengths = "hlqjztL";
 constexpr std::string_view kWholeConversions = "diuSxXo";

@@ -1,7 +1,7 @@
 #ifndef KYTYPFMT_H
 #define KYTYPFMT_H
 
-/// Text formats that are not a row's own.
+/// Text formats that are not a row's own and that an application may exchange.
 
 #include "kyexport.h"
 
