@@ -23,6 +23,70 @@ inline constexpr unsigned char KyLanguageNeutral = 0;
 inline constexpr unsigned char KyLanguageNull = 254;  ///< marks a null string
 inline constexpr unsigned char KyLanguageDefault = 255;
 
+/// Version of the tables: changes whenever an order value, a class, a case mapping or a code set mapping does. A
+/// database stores it with its indexes and compares it when it is opened.
+inline constexpr unsigned KyTableVersion = 1;
+
+// Order classes. A class ranks before the order value, so it carries what that cannot: the script. All classes are
+// below 128; those that are not named belong to further scripts, in the order of the default Unicode collation.
+inline constexpr unsigned char KyClassCommon = 16;      ///< spaces, symbols and digits
+inline constexpr unsigned char KyClassLastDigits = 19;  ///< 17 to 19: decimal digits of further scripts
+inline constexpr unsigned char KyClassNone = 20;        ///< codes without a record
+inline constexpr unsigned char KyClassLatin = 32;
+inline constexpr unsigned char KyClassGreek = 33;
+inline constexpr unsigned char KyClassCyrillic = 34;
+inline constexpr unsigned char KyClassGeorgian = 35;
+inline constexpr unsigned char KyClassArmenian = 36;
+inline constexpr unsigned char KyClassHebrew = 37;
+inline constexpr unsigned char KyClassArabic = 38;
+inline constexpr unsigned char KyClassDevanagari = 39;
+inline constexpr unsigned char KyClassThai = 40;
+inline constexpr unsigned char KyClassHangul = 41;
+inline constexpr unsigned char KyClassKana = 42;
+inline constexpr unsigned char KyClassFurtherCyrillic = 43;  ///< beyond the basic block
+inline constexpr unsigned char KyClassFurtherArabic = 44;    ///< beyond the basic block
+inline constexpr unsigned char KyClassHan = 120;
+
+/// Case field of a letter order.
+enum KyLetterCase : unsigned char { KyCaseUpper, KyCaseTitle, KyCaseLower, KyCaseSmall };
+
+/// Accent field of a Latin letter order, in the order in which letters that differ only there are sorted. Part of the
+/// frozen tables. Rarer marks give a letter another variant.
+enum KyAccent : unsigned char {
+    KyAccentNone,
+    KyAccentAcute,
+    KyAccentGrave,
+    KyAccentBreve,
+    KyAccentCircumflex,
+    KyAccentCaron,
+    KyAccentRing,
+    KyAccentDiaeresis,
+    KyAccentDoubleAcute,
+    KyAccentTilde,
+    KyAccentDotAbove,
+    KyAccentStroke,  ///< through the letter, slanted or level
+    KyAccentCedilla,
+    KyAccentOgonek,
+    KyAccentMacron,
+    KyAccentCommaBelow,
+    KyAccentHookAbove,
+    KyAccentHorn,
+    KyAccentDotBelow,
+    KyAccentDoubleGrave,
+    KyAccentInvertedBreve,
+    KyAccentLineBelow,
+    KyAccentCircumflexAcute,
+    KyAccentCircumflexGrave,
+    KyAccentLigature,  ///< first letter of a ligature; the others follow as an expansion
+    KyAccentModifier,  ///< superscript
+    KyAccentSubscript,
+    KyAccentFullWidth,
+    KyAccentOtherForm,  ///< another form of the same letter
+    KyAccentCircumflexHook,
+    KyAccentCircumflexTilde,
+    KyAccentCircumflexDotBelow
+};
+
 // ---------------------------------------------------------------------------------------------
 // Character records. All of them, and the code sets and languages below, are constant data: they exist from
 // the first instruction after loading, are shared by all threads and are never freed.
@@ -81,10 +145,9 @@ struct KyCharRules {
 
 /// One character's properties.
 ///
-/// The order value ranks it: 1 to 79 space, 80 to 16127 symbol, 16128 + 10 * value digit (+ 1: a variant form),
-/// 0x4000 | case << 12 | accent << 7 | letter << 2 | variant a letter (case 0 upper, 1 lower; letter 3 is A, 28
-/// is Z), 0x8000 and above Han. The class ranks before the order: 0 holds spaces, symbols, digits and the Latin
-/// letters, other alphabets have classes of their own. 20 is no class, classes stay below 128.
+/// The order value ranks it: 1 to 79 space, 80 to 16127 symbol, 16128 + 10 * value + form digit (ASCII: form 0),
+/// 0x4000 | case << 12 | accent << 7 | letter << 2 | variant a letter (in the Latin class letter 3 is A, 28 is Z),
+/// 0x8000 and above Han. The class ranks before the order.
 struct KyCharProps {
     unsigned short order = 0;  ///< 0: there is no such character
     unsigned short upper = 0;  ///< Unicode code of the upper-case form; 0: the character itself
@@ -104,10 +167,13 @@ public:
     /// `variantNumber` 0: the language asks for no variants. `classRanks`: the rank of each of the 128 order classes in
     /// this language; null: the class itself.
     constexpr explicit KyLanguage(unsigned char number, unsigned char variantNumber = 0,
-                                  const unsigned char* classRanks = nullptr)
-        : code(number), variant(variantNumber), classes(classRanks) {}
+                                  const unsigned char* classRanks = nullptr, const char* languageTag = "",
+                                  const char* languageName = "")
+        : code(number), variant(variantNumber), classes(classRanks), tag(languageTag), name(languageName) {}
 
     constexpr unsigned char Code() const { return code; }
+    constexpr const char* Tag() const { return tag; }    ///< short name, such as "de"; in lower case
+    constexpr const char* Name() const { return name; }  ///< English name
     constexpr unsigned char Variant() const { return variant; }
 
     /// The record that stands for `record` in this language: a variant of it or itself.
@@ -120,6 +186,8 @@ private:
     unsigned char code;
     unsigned char variant;
     const unsigned char* classes;
+    const char* tag;
+    const char* name;
 };
 
 /// From Unicode into an 8-bit code set.
@@ -145,15 +213,18 @@ public:
     /// `pages`: one page for an 8-bit set, 256 for a 16-bit one (null pages hold nothing); null: no property
     /// table.
     constexpr KyCodeSet(unsigned char number, Mapping toAndFrom, const KyPropertyPage* const* pages,
-                        const unsigned short* unicodeCodes = nullptr, const KyUnicodeMap* unicodeMap = nullptr)
+                        const unsigned short* unicodeCodes = nullptr, const KyUnicodeMap* unicodeMap = nullptr,
+                        const char* setName = "")
         : code(number),
           mapping(toAndFrom),
           limit(number < KyCodeSetFirst16Bit ? 0x100 : 0x10000),
           properties(pages),
           toUnicode(unicodeCodes),
-          fromUnicode(unicodeMap) {}
+          fromUnicode(unicodeMap),
+          name(setName) {}
 
     constexpr unsigned char Code() const { return code; }
+    constexpr const char* Name() const { return name; }  ///< its registered name, such as "ISO-8859-1"
     constexpr bool HasPropertyTable() const { return properties != nullptr; }
     /// Codes below 0x80 are ASCII.
     constexpr bool IsAsciiBelow80() const { return mapping != orders; }
@@ -186,6 +257,7 @@ private:
     const KyPropertyPage* const* properties;
     const unsigned short* toUnicode;
     const KyUnicodeMap* fromUnicode;
+    const char* name;
 };
 
 // ---------------------------------------------------------------------------------------------
