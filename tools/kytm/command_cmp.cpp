@@ -11,7 +11,8 @@ namespace kytm {
 ExitStatus CompareValues(const CompareOptions& options, Output& out) {
     const char id = FindUsableType(options.type);
     const unsigned short op = options.op ? ParseCompareWord(*options.op) : kDefaultCompareWord;
-    Scanner scanner(id, options.format ? options.format->c_str() : nullptr);
+    TextForm form = FormOfTexts(id, options.texts);
+    Scanner scanner(id, options.format ? options.format->c_str() : nullptr, form);
     const Values pair(id, 2);
     ExitStatus status = kDone;
     const std::string* texts[] = {&options.first, &options.second};

@@ -43,15 +43,15 @@ StoredForm Store(char id, void* value, unsigned char flag) {
     return form;
 }
 
-PrintedText Print(char id, void* value, const char* format) {
-    PrintedText printed{format != nullptr ? format : PrintFormat(id), PrintValue(id, value, format), false};
+PrintedText Print(char id, void* value, const char* format, TextForm& form) {
+    PrintedText printed{format != nullptr ? format : PrintFormat(id), PrintValue(id, value, format, form), false};
     const Values back(id, 1);
-    Scanner scanner(id, format);
+    Scanner scanner(id, format, form);
     printed.comesBack = scanner.Scan(printed.text, back[0]) == nullptr && CompareExactly(id, value, back[0]) == 0;
     return printed;
 }
 
-Portrait Describe(char id, void* value, const char* format) {
+Portrait Describe(char id, void* value, const char* format, TextForm& form) {
     KyTypeMgr& manager = Manager();
     Portrait portrait{};
     portrait.isNull = manager.IsNullValue(id, value) != 0;
@@ -64,8 +64,8 @@ Portrait Describe(char id, void* value, const char* format) {
         portrait.stored.push_back(Store(id, value, flag));
         portrait.sameHash = portrait.sameHash && portrait.stored.back().hash == portrait.hash;
     }
-    if (format != nullptr) portrait.texts.push_back(Print(id, value, format));
-    portrait.texts.push_back(Print(id, value, nullptr));
+    if (format != nullptr) portrait.texts.push_back(Print(id, value, format, form));
+    portrait.texts.push_back(Print(id, value, nullptr, form));
     return portrait;
 }
 
@@ -125,7 +125,8 @@ void WriteBlock(char id, const std::string& given, const Portrait& portrait, con
 ExitStatus ShowValues(const ShowOptions& options, Output& out) {
     const char id = FindUsableType(options.type);
     const char* format = options.format ? options.format->c_str() : nullptr;
-    Scanner scanner(id, format);
+    TextForm form = FormOfTexts(id, options.texts, true);
+    Scanner scanner(id, format, form);
     const Paint paint;
     nlohmann::ordered_json blocks = nlohmann::ordered_json::array();
     ExitStatus status = kDone;
@@ -141,7 +142,7 @@ ExitStatus ShowValues(const ShowOptions& options, Output& out) {
             out.Flush();
             Complain(Quoted(text) + " does not scan as " + TypeName(id) + ": " + fault);
         } else {
-            const Portrait portrait = Describe(id, value[0], format);
+            const Portrait portrait = Describe(id, value[0], format, form);
             block.update(ToJson(portrait));
             if (!options.json) {
                 if (!isFirst) out.Write("\n");

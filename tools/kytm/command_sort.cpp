@@ -38,9 +38,8 @@ private:
 
 /// Reads each line into its value. Returns the numbers of the lines that could be read; the others are reported.
 Indices ScanLines(char id, const std::vector<Line>& lines, const Values& values, const SortOptions& options,
-                  Progress& progress) {
-    Scanner scanner(id, options.format ? options.format->c_str() : nullptr);
-    const std::string source = options.file.empty() || options.file == "-" ? "standard input" : options.file;
+                  TextForm& form, Progress& progress) {
+    Scanner scanner(id, options.format ? options.format->c_str() : nullptr, form);
     Indices good;
     good.reserve(lines.size());
     for (std::uint32_t i = 0; i < lines.size(); ++i) {
@@ -51,8 +50,8 @@ Indices ScanLines(char id, const std::vector<Line>& lines, const Values& values,
             continue;
         }
         progress.Wipe();
-        Complain(source + ", line " + std::to_string(i + 1) + ": " + Quoted(lines[i].text) + " does not scan as " +
-                 TypeName(id) + ": " + fault);
+        Complain(PlaceOf(options.file, i) + ": " + Quoted(lines[i].text) + " does not scan as " + TypeName(id) + ": " +
+                 fault);
     }
     return good;
 }
@@ -71,13 +70,13 @@ void Sort(Indices::iterator begin, Indices::iterator end, const Column& column, 
 }
 
 void WriteLines(const Indices& order, char id, const std::vector<Line>& lines, const Values& values,
-                const SortOptions& options, Output& out, Progress& progress) {
+                const SortOptions& options, const TextForm& form, Output& out, Progress& progress) {
     const char* format = options.format ? options.format->c_str() : nullptr;
     std::size_t done = 0;
     for (const std::uint32_t i : order) {
         if (++done % kStride == 0) progress.Say("writing", done, order.size());
         if (options.print) {
-            out.Write(PrintValue(id, values[i], format));
+            out.Write(PrintValue(id, values[i], format, form));
         } else {
             out.Write(lines[i].text);
         }
@@ -93,12 +92,14 @@ ExitStatus SortLines(const SortOptions& options, Output& out) {
     unsigned short op = options.op ? ParseCompareWord(*options.op) : kDefaultCompareWord;
     if ((op & kDefaultCompareWord) == 0) op |= KyCmpExact;
 
+    TextForm form = FormOfTexts(id, options.texts);
+
     Progress progress;
     const std::string text = ReadAll(options.file, progress);
     const std::vector<Line> lines = SplitLines(text);
     if (lines.size() > std::numeric_limits<std::uint32_t>::max()) throw Failure("too many lines");
     const Values values(id, static_cast<unsigned>(lines.size()));
-    Indices order = ScanLines(id, lines, values, options, progress);
+    Indices order = ScanLines(id, lines, values, options, form, progress);
     const ExitStatus status = order.size() == lines.size() ? kDone : kBadInput;
 
     auto nulls = order.end();
@@ -112,7 +113,7 @@ ExitStatus SortLines(const SortOptions& options, Output& out) {
         const auto equal = [&](std::uint32_t a, std::uint32_t b) { return column.Compare(a, b) == 0; };
         order.erase(std::unique(order.begin(), order.end(), equal), order.end());
     }
-    WriteLines(order, id, lines, values, options, out, progress);
+    WriteLines(order, id, lines, values, options, form, out, progress);
     out.Flush();
     return status;
 }

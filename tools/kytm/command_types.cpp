@@ -1,9 +1,7 @@
-#include <algorithm>
-#include <array>
 #include <nlohmann/json.hpp>
 
 #include "commands.h"
-#include "texts.h"
+#include "table.h"
 #include "type_lookup.h"
 
 namespace kytm {
@@ -51,41 +49,16 @@ void WriteJson(const std::vector<TypeFacts>& types, Output& out) {
     out.Write(list.dump(2) + "\n");
 }
 
-constexpr std::size_t kColumns = 9;
-using Cells = std::array<std::string, kColumns>;
-
-/// Columns that hold numbers stand at the right of their width.
-constexpr std::array<bool, kColumns> kToTheRight = {true, false, false, false, false, true, false, false, false};
-
 std::string YesOrNo(bool yes) { return yes ? "yes" : "-"; }
 
-std::string JoinCells(const Cells& cells, const std::array<std::size_t, kColumns>& widths) {
-    std::string line;
-    for (std::size_t i = 0; i < kColumns; ++i) {
-        if (i != 0) line += "  ";
-        if (kToTheRight[i]) line.append(widths[i] - cells[i].size(), ' ');
-        line += kToTheRight[i] ? cells[i] : Padded(cells[i], widths[i]);
-    }
-    line.erase(line.find_last_not_of(' ') + 1);
-    return line;
-}
-
-void WriteTable(const std::vector<TypeFacts>& types, Output& out) {
-    std::vector<Cells> rows = {{"id", "type", "code", "format", "stored", "size", "null", "counter", "stamp"}};
+Table ToTable(const std::vector<TypeFacts>& types) {
+    Table table({"id", "type", "code", "format", "stored", "size", "null", "counter", "stamp"}, {0, 5});
     for (const TypeFacts& type : types) {
-        rows.push_back({std::to_string(type.id), type.name, type.codeName, type.format,
-                        type.isFixed ? "fixed" : "variable", std::to_string(type.size), YesOrNo(type.hasNull),
-                        YesOrNo(type.isCounter), YesOrNo(type.isTimeStamp)});
+        table.Add({std::to_string(type.id), type.name, type.codeName, type.format, type.isFixed ? "fixed" : "variable",
+                   std::to_string(type.size), YesOrNo(type.hasNull), YesOrNo(type.isCounter),
+                   YesOrNo(type.isTimeStamp)});
     }
-    std::array<std::size_t, kColumns> widths{};
-    for (const Cells& row : rows) {
-        for (std::size_t i = 0; i < kColumns; ++i) widths[i] = std::max(widths[i], row[i].size());
-    }
-    const Paint paint;
-    for (const Cells& row : rows) {
-        const std::string line = JoinCells(row, widths);
-        out.Write((&row == rows.data() ? paint.Heading(line) : line) + "\n");
-    }
+    return table;
 }
 
 }  // namespace
@@ -95,7 +68,7 @@ ExitStatus ListTypes(const TypesOptions& options, Output& out) {
     if (options.json) {
         WriteJson(types, out);
     } else {
-        WriteTable(types, out);
+        ToTable(types).Write(out);
     }
     return kDone;
 }

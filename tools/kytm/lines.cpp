@@ -16,11 +16,13 @@ namespace {
 
 constexpr std::size_t kLeastRoom = std::size_t{1} << 16;
 
+bool IsStandardInput(const std::string& path) { return path.empty() || path == "-"; }
+
 /// An open file, closed at the end unless it is standard input.
 class InputFile {
 public:
     explicit InputFile(const std::string& path)
-        : isStandardInput(path.empty() || path == "-"),
+        : isStandardInput(IsStandardInput(path)),
           name(isStandardInput ? "standard input" : Quoted(path, path.size())),
           descriptor(isStandardInput ? STDIN_FILENO : open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
         if (descriptor < 0) Fail();
@@ -70,6 +72,10 @@ std::string ReadAll(const std::string& path, Progress& progress) {
     }
     content.resize(used);
     return content;
+}
+
+std::string PlaceOf(const std::string& path, std::size_t index) {
+    return (IsStandardInput(path) ? "standard input" : path) + ", line " + std::to_string(index + 1);
 }
 
 std::vector<Line> SplitLines(std::string_view text) {

@@ -22,6 +22,9 @@ struct Line {
 /// The whole of a file; "" or "-" is standard input. Throws `Failure` when it cannot be read.
 std::string ReadAll(const std::string& path, Progress& progress);
 
+/// "words.txt, line 12" of the line with this index, for reports.
+std::string PlaceOf(const std::string& path, std::size_t index);
+
 /// The lines of a text, which they refer to.
 std::vector<Line> SplitLines(std::string_view text);
 

@@ -52,11 +52,28 @@ void Unshield(std::optional<std::string>& text) {
     if (text) Unshield(*text);
 }
 
-constexpr char kAbout[] = "Shows, compares and sorts values of the types of the database, as an engine does it.";
+void Unshield(TextOptions& texts) {
+    Unshield(texts.language);
+    Unshield(texts.codeSet);
+}
+
+constexpr char kAbout[] =
+    "Shows, compares, sorts and searches values of the types of the database, as an engine does it.";
 constexpr char kFooter[] =
     "TYPE is a type name (o_4b), a type-code name (Ky4B_T) or a type id (2); `kytm types` lists them.\n"
     "Words that begin with \"-\" and are no numbers go behind \"--\".\n"
-    "Exit status: 0 done; 1 some of the texts given are no values of the type; 2 the work could not be done.";
+    "Exit status: 0 done; 1 some of the texts given are no values of the type; 2 the work could not be done.\n"
+    "Of match: 0 some line matches; 1 none does; 2 the work, or a line's part of it, could not be done.";
+
+constexpr char kUtf8[] =
+    "Strings are given and written in UTF-8, sorted and compared in their code set: unless one is given, ISO-8859-1, "
+    "or\n"
+    "Unicode (253) for a text with other characters. Code set 0 takes bytes as they stand, and compares them as such.";
+
+template <class... Texts>
+void UnshieldAll(Texts&... texts) {
+    (Unshield(texts), ...);
+}
 
 /// The parser with all commands. What it reads stands in the options afterwards.
 class Program {
@@ -66,10 +83,11 @@ public:
         app.footer(kFooter);
         app.set_version_flag("--version", "kytm " KYTM_VERSION);
         app.require_subcommand(1);
-        AddTypes();
+        AddLists();
         AddShow();
         AddCompare();
         AddSort();
+        AddMatch();
     }
 
     ExitStatus Run(std::vector<std::string> words, Output& out) {
@@ -79,46 +97,61 @@ public:
             return Report(problem, out);
         }
         if (typesCommand->parsed()) return ListTypes(types, out);
+        if (languagesCommand->parsed()) return ListLanguages(languages, out);
+        if (codeSetsCommand->parsed()) return ListCodeSets(codeSets, out);
         if (showCommand->parsed()) {
-            Unshield(show.type);
-            Unshield(show.format);
+            UnshieldAll(show.type, show.texts, show.format);
             for (std::string& value : show.values) Unshield(value);
             return ShowValues(show, out);
         }
         if (compareCommand->parsed()) {
-            for (std::string* text : {&compare.type, &compare.first, &compare.second}) Unshield(*text);
-            Unshield(compare.op);
-            Unshield(compare.format);
+            UnshieldAll(compare.type, compare.first, compare.second, compare.texts, compare.op, compare.format);
             return CompareValues(compare, out);
         }
-        for (std::string* text : {&sort.type, &sort.file}) Unshield(*text);
-        Unshield(sort.op);
-        Unshield(sort.format);
+        if (matchCommand->parsed()) {
+            UnshieldAll(match.pattern, match.file, match.texts, match.op);
+            return MatchLines(match, out);
+        }
+        UnshieldAll(sort.type, sort.file, sort.texts, sort.op, sort.format);
         return SortLines(sort, out);
     }
 
 private:
     CLI::App app{kAbout};
     CLI::App* typesCommand = nullptr;
+    CLI::App* languagesCommand = nullptr;
+    CLI::App* codeSetsCommand = nullptr;
     CLI::App* showCommand = nullptr;
     CLI::App* compareCommand = nullptr;
     CLI::App* sortCommand = nullptr;
+    CLI::App* matchCommand = nullptr;
     TypesOptions types;
+    LanguagesOptions languages;
+    CodeSetsOptions codeSets;
     ShowOptions show;
     CompareOptions compare;
     SortOptions sort;
+    MatchOptions match;
 
-    void AddTypes() {
+    void AddLists() {
         typesCommand = app.add_subcommand("types", "List all types");
         typesCommand->add_flag("--json", types.json, "As a JSON array");
+        languagesCommand = app.add_subcommand("languages", "List all languages that strings can be in");
+        languagesCommand->add_flag("--json", languages.json, "As a JSON array");
+        codeSetsCommand = app.add_subcommand("codesets", "List all code sets that strings can be in");
+        codeSetsCommand->add_flag("--json", codeSets.json, "As a JSON array");
     }
 
     void AddShow() {
         showCommand = app.add_subcommand("show", "Show values: bytes in memory and stored, sizes, hash, text and back");
         showCommand->add_option("TYPE", show.type, "Type of the values")->required();
         showCommand->add_option("VALUE", show.values, "Texts of the values")->required();
+        AddTextOptions(*showCommand, show.texts);
         showCommand->add_option("--format", show.format, "Scan and print by this format, too")->type_name("F");
         showCommand->add_flag("--json", show.json, "As a JSON array");
+        showCommand->footer(
+            "With --language or --codeset, strings are given in UTF-8; without, each byte is a character of "
+            "ISO-8859-1.");
     }
 
     void AddCompare() {
@@ -127,9 +160,11 @@ private:
         compareCommand->add_option("A", compare.first, "Text of the first value")->required();
         compareCommand->add_option("B", compare.second, "Text of the second value; the pattern, where there are any")
             ->required();
-        AddCompareWord(*compareCommand, compare.op);
+        AddTextOptions(*compareCommand, compare.texts);
+        AddCompareWord(*compareCommand, compare.op, "0x0110");
         compareCommand->add_option("--format", compare.format, "Scan by this format")->type_name("F");
         compareCommand->add_flag("--json", compare.json, "As a JSON object");
+        compareCommand->footer(kUtf8);
     }
 
     void AddSort() {
@@ -140,18 +175,54 @@ private:
         sortCommand->add_flag("--unique", sort.unique, "Only the first line of equal values");
         sortCommand->add_flag("--null-last", sort.nullLast, "Null values behind all others");
         sortCommand->add_flag("--print", sort.print, "Print the values instead of the lines as they were");
-        AddCompareWord(*sortCommand, sort.op);
+        AddTextOptions(*sortCommand, sort.texts);
+        AddCompareWord(*sortCommand, sort.op, "0x0110");
         sortCommand->add_option("--format", sort.format, "Scan, and --print, by this format")->type_name("F");
         sortCommand->footer(
             "A line that does not scan is reported on standard error with its number; all others are sorted.\n"
-            "Nothing is read as a pattern: an --op that allows wildcards gets the exact bit (0x10).");
+            "Nothing is read as a pattern: an --op that allows wildcards gets the exact bit (0x10).\n" +
+            std::string(kUtf8));
     }
 
-    static void AddCompareWord(CLI::App& command, std::optional<std::string>& op) {
+    void AddMatch() {
+        matchCommand = app.add_subcommand("match", "Search the lines of a file by the wildcards of strings");
+        matchCommand
+            ->add_option(
+                "PATTERN", match.pattern,
+                "\"*\" is any run of characters, \"?\" any one, a backslash takes the meaning from what follows")
+            ->required();
+        matchCommand->add_option("FILE", match.file, "File to search; standard input when missing or \"-\"");
+        matchCommand->add_flag("--find", match.find,
+                               "Anywhere in a line; else the pattern has to match a line as a whole");
+        matchCommand->add_flag("-c,--count", match.count, "Only how many lines");
+        matchCommand->add_flag("-v,--invert", match.invert, "The lines that do not match");
+        matchCommand->add_flag("-n,--line-number", match.lineNumbers, "The number of each line in front of it");
+        AddTextOptions(*matchCommand, match.texts);
+        AddCompareWord(*matchCommand, match.op, "0");
+        matchCommand->footer(
+            "Case and accents count unless --op ignores them: --op ignore-case,ignore-accent. With exact or "
+            "string-exact\n"
+            "the pattern means itself. Quote it, or the shell takes its wildcards.\n"
+            "A line that cannot be read is reported on standard error with its number, and neither matches nor fails "
+            "to.\n"
+            "Exit status: 0 some line was found; 1 none; 2 wrong call, or something could not be read.\n" +
+            std::string(kUtf8));
+    }
+
+    static void AddTextOptions(CLI::App& command, TextOptions& texts) {
+        command
+            .add_option("--language", texts.language,
+                        "Language of strings: number, tag or name (see kytm languages); neutral unless given")
+            ->type_name("LANG");
+        command.add_option("--codeset", texts.codeSet, "Code set of strings: number or name (see kytm codesets)")
+            ->type_name("SET");
+    }
+
+    static void AddCompareWord(CLI::App& command, std::optional<std::string>& op, const std::string& unlessGiven) {
         command
             .add_option("--op", op,
                         "Compare operator: a number, or names joined by \",\": " + std::string(kCompareWordNames) +
-                            "; 0x0110 unless given")
+                            "; " + unlessGiven + " unless given")
             ->type_name("WORD");
     }
 

@@ -14,6 +14,7 @@ namespace kytm {
 enum ExitStatus : int {
     kDone = 0,
     kBadInput = 1,      ///< the work was done, but some of the texts given are no values of the type
+    kNoMatch = 1,       ///< no line matches
     kFailed = 2,        ///< wrong call, unknown or unusable type, a file that cannot be read or written
     kPipeClosed = 141,  ///< the reader of standard output went away: as a shell reports that signal
 };

@@ -1,5 +1,7 @@
 #include "texts.h"
 
+#include <algorithm>
+
 namespace kytm {
 
 namespace {
@@ -11,8 +13,34 @@ void AppendHex(std::string& text, unsigned char byte) {
     text += kDigits[byte & 15];
 }
 
-/// Bytes of the well-formed UTF-8 sequence at the start of a text that is not empty; 0 when there is none.
-std::size_t SequenceLength(std::string_view text) {
+bool IsUtf8(std::string_view text) {
+    while (!text.empty()) {
+        const std::size_t length = Utf8Length(text);
+        if (length == 0) return false;
+        text.remove_prefix(length);
+    }
+    return true;
+}
+
+/// In lower case, without blanks and punctuation between words.
+std::string Core(std::string_view name) {
+    std::string core;
+    for (const char c : name) {
+        if (std::string_view("-_ .:").find(c) == std::string_view::npos) core += AsciiLower(c);
+    }
+    return core;
+}
+
+}  // namespace
+
+char AsciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+bool SameName(std::string_view a, std::string_view b) {
+    const std::string core = Core(a);
+    return !core.empty() && core == Core(b);
+}
+
+std::size_t Utf8Length(std::string_view text) {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
     const unsigned char first = byte(0);
     if (first < 0x80) return 1;
@@ -28,16 +56,13 @@ std::size_t SequenceLength(std::string_view text) {
     return length;
 }
 
-bool IsUtf8(std::string_view text) {
-    while (!text.empty()) {
-        const std::size_t length = SequenceLength(text);
-        if (length == 0) return false;
-        text.remove_prefix(length);
-    }
-    return true;
+char32_t Utf8Code(std::string_view sequence) {
+    const auto first = static_cast<unsigned char>(sequence[0]);
+    if (sequence.size() == 1) return first;
+    char32_t code = first & (0x7FU >> sequence.size());
+    for (const char c : sequence.substr(1)) code = code << 6 | (static_cast<unsigned char>(c) & 0x3F);
+    return code;
 }
-
-}  // namespace
 
 std::string HexBytes(std::span<const unsigned char> bytes) {
     std::string text;
@@ -57,19 +82,25 @@ std::string HexWord(unsigned word) {
 
 std::string Quoted(std::string_view text, std::size_t limit) {
     std::string quoted = "\"";
-    for (const char c : text.substr(0, limit)) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (c == '"' || c == '\\') {
+    std::size_t used = 0;
+    while (used < text.size()) {
+        const std::string_view rest = text.substr(used);
+        const std::size_t length = Utf8Length(rest);
+        const std::size_t step = std::max<std::size_t>(length, 1);
+        if (used + step > limit) break;
+        const auto byte = static_cast<unsigned char>(rest[0]);
+        if (rest[0] == '"' || rest[0] == '\\') {
             quoted += '\\';
-            quoted += c;
-        } else if (byte < 0x20 || byte == 0x7F) {
+            quoted += rest[0];
+        } else if (length == 0 || byte < 0x20 || byte == 0x7F) {
             quoted += "\\x";
             AppendHex(quoted, byte);
         } else {
-            quoted += c;
+            quoted += rest.substr(0, length);
         }
+        used += step;
     }
-    quoted += text.size() > limit ? "...\"" : "\"";
+    quoted += used < text.size() ? "...\"" : "\"";
     return quoted;
 }
 

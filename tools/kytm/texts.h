@@ -15,8 +15,20 @@ std::string HexBytes(std::span<const unsigned char> bytes);
 /// Eight upper-case hexadecimal digits.
 std::string HexWord(unsigned word);
 
-/// In double quotes, with control characters, quotes and backslashes escaped; bytes from 0x80 on as they are.
-/// A text of more than `limit` bytes is cut there and ends with "...".
+/// The letter in lower case when it is one of ASCII, else the byte itself.
+char AsciiLower(char c);
+
+/// The same name, the case of ASCII letters and what parts its words ("-", "_", ".", ":", blanks) aside.
+bool SameName(std::string_view a, std::string_view b);
+
+/// Bytes of the well-formed UTF-8 sequence at the start of a text that is not empty; 0 when there is none.
+std::size_t Utf8Length(std::string_view text);
+
+/// The code of one well-formed UTF-8 sequence.
+char32_t Utf8Code(std::string_view sequence);
+
+/// In double quotes, with quotes, backslashes, control characters and bytes that are no UTF-8 escaped. A text of
+/// more than `limit` bytes is cut there, but within no character, and ends with "...".
 std::string Quoted(std::string_view text, std::size_t limit = 60);
 
 /// UTF-8 for JSON: the text itself when it is UTF-8, else each byte as the Latin-1 character that it stands for.

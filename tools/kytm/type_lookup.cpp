@@ -1,10 +1,9 @@
 #include "type_lookup.h"
 
-#include <algorithm>
 #include <charconv>
-#include <numeric>
 #include <vector>
 
+#include "nearest_names.h"
 #include "terminal.h"
 #include "texts.h"
 
@@ -12,41 +11,13 @@ namespace kytm {
 
 namespace {
 
-constexpr std::size_t kSuggestions = 3;
-
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-/// Insertions, deletions and replacements that lead from one text to the other, case aside.
-std::size_t EditDistance(std::string_view a, std::string_view b) {
-    std::vector<std::size_t> row(b.size() + 1);
-    std::iota(row.begin(), row.end(), std::size_t{0});
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        std::size_t diagonal = row[0]++;
-        for (std::size_t j = 0; j < b.size(); ++j) {
-            const std::size_t replaced = diagonal + (Lower(a[i]) == Lower(b[j]) ? 0 : 1);
-            diagonal = row[j + 1];
-            row[j + 1] = std::min({replaced, row[j] + 1, row[j + 1] + 1});
-        }
-    }
-    return row.back();
-}
-
-std::string NearestNames(std::string_view name) {
-    struct Candidate {
-        std::size_t distance;
-        std::string name;
-    };
-    std::vector<Candidate> candidates;
+std::vector<std::string> KnownNames() {
+    std::vector<std::string> names;
     for (int id = 0; id < KyRES_T; ++id) {
-        for (const std::string& known : {TypeName(static_cast<char>(id)), TypeCodeName(static_cast<char>(id))}) {
-            candidates.push_back({EditDistance(name, known), known});
-        }
+        names.push_back(TypeName(static_cast<char>(id)));
+        names.push_back(TypeCodeName(static_cast<char>(id)));
     }
-    std::stable_sort(candidates.begin(), candidates.end(),
-                     [](const Candidate& a, const Candidate& b) { return a.distance < b.distance; });
-    std::string list;
-    for (std::size_t i = 0; i < kSuggestions; ++i) list.append(i == 0 ? "" : ", ").append(candidates[i].name);
-    return list;
+    return names;
 }
 
 /// What a type does not have is answered by the illegal row's functions.
@@ -86,7 +57,7 @@ char FindType(std::string_view name) {
         const char candidate = static_cast<char>(id);
         if (name == TypeName(candidate) || name == TypeCodeName(candidate)) return candidate;
     }
-    throw Failure("unknown type " + Quoted(name) + "; the nearest names are " + NearestNames(name) +
+    throw Failure("unknown type " + Quoted(name) + "; the nearest names are " + NearestNames(name, KnownNames()) +
                   " (kytm types lists all)");
 }
 

@@ -26,6 +26,8 @@ constexpr char kTooLong[] = "it is longer than 65531 bytes";
 constexpr char kZeroByte[] = "it holds a zero byte";
 constexpr char kBehindNull[] = "it goes on behind the text of null values";
 
+bool IsString(char id) { return id == KySTRING_T; }
+
 /// The date types use the letters of numbers for other things, but never one of these as the whole format.
 bool IsNumber(const NumberFormat& own) {
     return own.IsCharacter() || own.conversion == 'd' || own.conversion == 'u' || own.conversion == 'S' ||
@@ -66,9 +68,10 @@ Values::Values(char typeId, unsigned valueCount)
 
 Values::~Values() { Manager().Delete(id, base, count); }
 
-Scanner::Scanner(char typeId, const char* givenFormat)
+Scanner::Scanner(char typeId, const char* givenFormat, TextForm& textForm)
     : id(typeId),
       format(givenFormat),
+      form(textForm),
       number(NumberFormatOf(typeId, givenFormat)),
       nullText(KyTypeMgr::GetNullPrintString().StrGet()),
       hasNull(Manager().SupportsNullValue(typeId) != 0),
@@ -82,9 +85,16 @@ Scanner::Scanner(char typeId, const char* givenFormat)
 }
 
 const char* Scanner::Scan(std::string_view text, void* value) {
+    const bool isNullText = hasNull && !nullText.empty() && text.starts_with(nullText);
+    if (IsString(id)) {
+        if (const char* fault = form.Read(text); fault != nullptr) return fault;
+        if (isNullText && text.size() != nullText.size()) return kBehindNull;
+        KyString content = form.ToString();
+        Manager().ScanFromKyString(id, value, content, format, 1);
+        return nullptr;
+    }
     if (text.size() > kLongestText) return kTooLong;
     if (text.find('\0') != std::string_view::npos) return kZeroByte;
-    const bool isNullText = hasNull && !nullText.empty() && text.starts_with(nullText);
     if (isNullText && text.size() != nullText.size()) return kBehindNull;
     if (!isFixed) {
         ScanInto(text, value);
@@ -156,9 +166,17 @@ bool Scanner::TypeIsSigned() {
 
 int CompareExactly(char id, void* a, void* b) { return Manager().Cmp(id, a, b, kDefaultCompareWord, 1, KyFormMemory); }
 
-std::string PrintValue(char id, void* value, const char* format) {
+std::string PrintValue(char id, void* value, const char* format, const TextForm& form) {
     KyString out;
-    return Manager().PrintToKyString(id, out, value, format, 1).StrGet();
+    return form.Write(Manager().PrintToKyString(id, out, value, format, 1));
+}
+
+TextForm FormOfTexts(char id, const TextOptions& options, bool bytesUnlessGiven) {
+    if (options.AnyGiven() && !IsString(id)) {
+        throw Failure("values of the type " + TypeName(id) + " have neither a language nor a code set");
+    }
+    const bool asBytes = !IsString(id) || (bytesUnlessGiven && !options.AnyGiven());
+    return asBytes ? TextForm::PlainBytes() : TextForm(options);
 }
 
 }  // namespace kytm

@@ -9,6 +9,7 @@
 
 #include "kytypmgr.h"
 #include "number_format.h"
+#include "text_form.h"
 
 namespace kytm {
 
@@ -38,7 +39,7 @@ private:
 /// large is cut to the element's bits. So each text has to stand these tests:
 ///
 /// 1. All types: at most 65531 bytes (a longer text would be cut) and no zero byte (the text would end there); text
-///    that goes on behind the null print string would be lost.
+///    that goes on behind the null print string would be lost. Strings: what `TextForm` can read.
 /// 2. Types whose row has a number's print format: the text as a whole is what the format in use describes: white
 ///    space, a number (or one character, or "0x" and its code), and the format's own text around it. White space
 ///    behind is allowed.
@@ -49,17 +50,18 @@ private:
 ///    before. What the text does not determine stays different in the two.
 class Scanner {
 public:
-    /// `givenFormat` null: the row's print format; it has to live as long as the scanner. Throws `Failure` for a format
-    /// that does not fit a number type.
-    Scanner(char typeId, const char* givenFormat);
+    /// `givenFormat` null: the row's print format; it has to live as long as the scanner, as does `textForm`, which
+    /// reads the texts of strings. Throws `Failure` for a format that does not fit a number type.
+    Scanner(char typeId, const char* givenFormat, TextForm& textForm);
 
     /// Null when `value`, an element of the type, now holds the text's value; else the reason why not, and the
-    /// element's content means nothing.
+    /// element's content means nothing. The reason is valid until the next call.
     const char* Scan(std::string_view text, void* value);
 
 private:
     char id;
     const char* format;
+    TextForm& form;
     std::optional<NumberFormat> number;  ///< set for types whose row has a number's format
     std::string nullText;
     bool hasNull;
@@ -80,8 +82,12 @@ private:
 /// The order of two values in memory form, exact, as Compare tells it.
 int CompareExactly(char id, void* a, void* b);
 
-/// Text of a value. `format` null: the row's.
-std::string PrintValue(char id, void* value, const char* format);
+/// Text of a value. `format` null: the row's. `form`: the form of strings.
+std::string PrintValue(char id, void* value, const char* format, const TextForm& form);
+
+/// The form in which texts of this type are given. For strings UTF-8, or, when `bytesUnlessGiven` and no option is
+/// given, bytes as they stand. Throws `Failure` when options are given and the type has neither code set nor language.
+TextForm FormOfTexts(char id, const TextOptions& options, bool bytesUnlessGiven = false);
 
 }  // namespace kytm
 

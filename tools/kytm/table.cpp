@@ -1,0 +1,37 @@
+#include "table.h"
+
+#include <algorithm>
+
+#include "texts.h"
+
+namespace kytm {
+
+Table::Table(std::vector<std::string> heading, std::vector<std::size_t> numeric) : toTheRight(heading.size()) {
+    for (const std::size_t column : numeric) toTheRight[column] = true;
+    rows.push_back(std::move(heading));
+}
+
+std::string Table::Joined(const std::vector<std::string>& row, const std::vector<std::size_t>& widths) const {
+    std::string line;
+    for (std::size_t i = 0; i < row.size(); ++i) {
+        if (i != 0) line += "  ";
+        if (toTheRight[i]) line.append(widths[i] - row[i].size(), ' ');
+        line += toTheRight[i] ? row[i] : Padded(row[i], widths[i]);
+    }
+    line.erase(line.find_last_not_of(' ') + 1);
+    return line;
+}
+
+void Table::Write(Output& out) const {
+    std::vector<std::size_t> widths(toTheRight.size());
+    for (const std::vector<std::string>& row : rows) {
+        for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], row[i].size());
+    }
+    const Paint paint;
+    for (const std::vector<std::string>& row : rows) {
+        const std::string line = Joined(row, widths);
+        out.Write((&row == rows.data() ? paint.Heading(line) : line) + "\n");
+    }
+}
+
+}  // namespace kytm
