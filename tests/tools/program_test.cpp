@@ -8,7 +8,8 @@ TEST(Program, HelpNamesCommandsOptionsAndExitStatuses) {
     const Result result = Kytm({"--help"});
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.err, "");
-    for (const char* word : {"types", "show", "cmp", "sort", "--version", "Exit status"}) {
+    for (const char* word :
+         {"types", "languages", "codesets", "show", "cmp", "sort", "match", "--version", "Exit status"}) {
         EXPECT_NE(result.out.find(word), std::string::npos) << word;
     }
 }
@@ -16,9 +17,16 @@ TEST(Program, HelpNamesCommandsOptionsAndExitStatuses) {
 TEST(Program, EachCommandHasHelp) {
     const std::pair<const char*, std::vector<const char*>> commands[] = {
         {"types", {"--json"}},
-        {"show", {"TYPE", "VALUE", "--format", "--json"}},
-        {"cmp", {"TYPE", "A", "B", "--op", "--format", "--json", "ignore-case"}},
-        {"sort", {"TYPE", "FILE", "--reverse", "--unique", "--null-last", "--print", "--op", "--format"}},
+        {"languages", {"--json"}},
+        {"codesets", {"--json"}},
+        {"show", {"TYPE", "VALUE", "--language", "--codeset", "--format", "--json"}},
+        {"cmp", {"TYPE", "A", "B", "--language", "--codeset", "--op", "--format", "--json", "ignore-case"}},
+        {"sort",
+         {"TYPE", "FILE", "--reverse", "--unique", "--null-last", "--print", "--language", "--codeset", "--op",
+          "--format", "UTF-8"}},
+        {"match",
+         {"PATTERN", "FILE", "--find", "--count", "--invert", "--line-number", "--language", "--codeset", "--op",
+          "Exit status", "backslash"}},
     };
     for (const auto& [command, words] : commands) {
         const Result result = Kytm({command, "--help"});
