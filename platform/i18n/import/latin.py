@@ -29,7 +29,7 @@ _STYLE_ACCENTS = {"super": MODIFIER, "sub": SUBSCRIPT, "wide": FULL_WIDTH}
 # Letters that begin a variant of their own, behind each base letter.
 HEADS = {"a": "ⱥɑ", "b": "ƀɓ", "c": "ȼƈ", "d": "ɖɗ", "e": "əɛ", "f": "ƒ", "g": "ǥɣ", "h": "ƕⱨ", "i": "ıɩ", "j": "ɉɟ",
          "k": "ƙⱪ", "l": "ƚɬ", "m": "ɱ", "n": "ɲŋ", "o": "ɔɵ", "p": "ᵽƥ", "q": "ɋĸ", "r": "ʀɍ", "s": "ʂʃ", "t": "ŧƭ",
-         "u": "ʉʊ", "v": "ʋʌ", "w": "ⱳ", "x": "ꭓ", "y": "ƴȝ", "z": "þƿ"}
+         "u": "ʉʊ", "v": "ʋʌ", "w": "ⱳ", "x": "ꭓ", "y": "ƴȝ", "z": "þʔ"}
 
 _ACCENT_COUNT = 32
 
