@@ -9,7 +9,7 @@ import unicode_data
 _CASES = {"upper": 0, "title": 1, "lower": 2, "small": 3}
 _WILDCARDS = "*?\\"
 LAST_ORDER = 65519
-SHARED_SYMBOLS = 15919
+LAST_SYMBOL = 15919
 
 
 class Record:
@@ -25,6 +25,10 @@ class Record:
     @property
     def identity(self):
         return self.order_class, self.order & 0x7F
+
+    @property
+    def accent(self):
+        return self.order >> 7 & 31
 
 
 def _parse(fields):
@@ -48,7 +52,7 @@ def _parse(fields):
 
 
 def read_back(folder):
-    records, aliases, syllables = {}, {}, None
+    records, aliases = {}, {}
     for path in sorted(glob.glob(os.path.join(folder, "*.txt"))):
         with open(path, encoding="utf-8") as file:
             for text in file:
@@ -68,10 +72,6 @@ def read_back(folder):
                     order_here = None if order is None else order + step
                     records[code] = Record(code, fields[1], order_class, order_here, then, *mapped)
     return records, aliases
-
-
-def _same_first_level(keys, code):
-    return tuple(element[0] for element in keys.get(code, []) if element[0])[:1]
 
 
 def verify(folder, characters, keys):
@@ -95,16 +95,20 @@ def verify(folder, characters, keys):
         if record.kind == "space":
             assert record.order < 80
         elif record.kind == "symbol":
-            assert 80 <= record.order <= 80 + SHARED_SYMBOLS
+            assert 80 <= record.order <= 80 + LAST_SYMBOL
     for code, target in aliases.items():
         assert unicode_data.canonical_target(characters, code) == target and target in records
     for codes in orders.values():
         assert len(codes) == 1, [f"{code:04X}" for code in codes]
     single = collections.Counter(record.order for record in records.values() if record.order_class == 16)
     assert all(single[records[ord(wildcard)].order] == 1 for wildcard in _WILDCARDS)
+    for code, record in records.items():
+        lower = records.get(record.lower)
+        if record.kind == "letter" and lower is not None and lower.upper == code:
+            assert (lower.identity, lower.accent) == (record.identity, record.accent), f"{code:04X} and its lower case"
     kinds = collections.Counter(record.kind for record in records.values())
-    summary = ["records: " + ", ".join(f"{kinds[kind]} {kind}" for kind in sorted(kinds)) + f", {len(aliases)} as another"]
-    return summary + _first_level(records, keys)
+    counts = ", ".join(f"{kinds[kind]} {kind}" for kind in sorted(kinds))
+    return [f"records: {counts}, {len(aliases)} as another", *_first_level(records, keys)]
 
 
 def _first_level(records, keys):
@@ -121,12 +125,12 @@ def _first_level(records, keys):
             weight = next((element[0] for element in keys[record.code] if element[0]), 0xFFFF)
             weights[record.order & 0x7F].add(weight)
             homes[weight].add(record.order & 0x7F)
-        identities = sorted(weights, key=lambda identity: identity)
+        identities = sorted(weights)
         shared = sum(len(weights[identity]) - 1 for identity in identities)
         split = sum(len(home) - 1 for home in homes.values())
         reversals = sum(max(weights[first]) > min(weights[second]) for first, second in zip(identities, identities[1:]))
-        accents = len({record.order >> 7 & 31 for record in classes[number]})
-        result.append(f"class {number}: {len(classes[number])} letters, {len(identities)} identities, {accents} accents; "
-                      f"weights that share an identity {shared}, further identities of a weight {split}, "
+        accents = len({record.accent for record in classes[number]})
+        result.append(f"class {number}: {len(classes[number])} letters, {len(identities)} identities, "
+                      f"{accents} accents; weights that share an identity {shared}, further identities of a weight {split}, "
                       f"reversals {reversals}")
     return result

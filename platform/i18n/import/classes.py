@@ -4,7 +4,7 @@ FIXED = {"Latin": 32, "Greek": 33, "Cyrillic": 34, "Georgian": 35, "Armenian": 3
          "Devanagari": 39, "Thai": 40, "Hangul": 41, "Kana": 42}
 FURTHER = {"Cyrillic": 43, "Arabic": 44}
 BASIC_BLOCKS = {"Cyrillic": range(0x0400, 0x0500), "Arabic": range(0x0600, 0x0700)}
-FIRST_FREE, LAST_FREE = 45, 119
+FIRST_FREE, LAST_FREE = 45, 119  # classes of the scripts that have no fixed one
 IDENTITIES = 128
 MODIFIERS = "Modifiers"  # letters of no script
 
@@ -80,12 +80,15 @@ def place(letters):
             result.append(Placement(script, further, FURTHER[script], "further_" + script.lower()))
         result.append(Placement(script, members, number))
     modifiers = groups.pop(MODIFIERS)
-    # A script stands where most of its letters do: its first own letter, repetition marks aside.
-    ranked = sorted(groups, key=lambda script: sorted(letter.primary for letter in groups[script])[len(groups[script]) // 2])
+    # A script stands where the middle one of its letters does, since repetition marks are ranked apart.
+    middle = {script: sorted(each.primary for each in group)[len(group) // 2] for script, group in groups.items()}
+    ranked = sorted(groups, key=middle.get)
     number = FIRST_FREE
     for script in ranked:
         placement = Placement(script, groups[script], number)
         result.append(placement)
         number += placement.class_count
     result.append(Placement(MODIFIERS, modifiers, number))
+    if number > LAST_FREE:
+        raise ValueError("too many classes")
     return sorted(result, key=lambda placement: placement.first_class)

@@ -39,6 +39,13 @@ def expand(letter, plain, symbols, same_class):
     return tuple(result)
 
 
+def legend(accents, mark_names):
+    """What each accent number means: the marks by their names, the style, and which of several such forms it is."""
+    for number, (marks, style, again) in enumerate(accents):
+        words = [mark_names.get(mark, "variant") for mark in marks] + ([style] if style else [])
+        yield f"accent {number}: {', '.join(words) or 'none'}{f' ({again + 1})' if again else ''}"
+
+
 def _case(letter, cased, kana):
     if kana:
         return _KANA_CASES.get(letter.tertiary, UPPER)
@@ -101,7 +108,7 @@ def _forms(group, members, kana):
 
 
 def assign(placement, plain, symbols):
-    """Gives every letter of a placement its slot and expansion."""
+    """Gives every letter of a placement its slot and expansion; returns the forms in the order of accent numbers."""
     letters = placement.letters
     cased = any(letter.character.category in ("Lu", "Ll") for letter in letters)
     kana = placement.script == "Kana"

@@ -1,8 +1,8 @@
 """Orders of Hangul letters.
 
-Leading consonants, vowels and trailing consonants of the modern alphabet are the first identities, in which syllables are
-spelt. The letters of old spellings, which the collation ranks behind the modern ones of their kind, divide the identities
-that are left among them in collation order.
+Leading consonants, vowels and trailing consonants of the modern alphabet are the first identities, in which syllables
+are spelt. The letters of old spellings, which the collation ranks behind the modern ones of their kind, divide the
+identities that are left among them in collation order.
 """
 
 from classes import IDENTITIES

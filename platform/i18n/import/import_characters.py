@@ -16,6 +16,8 @@ import glob
 import os
 import sys
 
+sys.dont_write_bytecode = True  # nothing but the data is to stay behind
+
 import check
 import forms
 import hangul
@@ -53,6 +55,16 @@ def _symbol_of_weight(characters, keys):
     return result
 
 
+def _mark_names(characters, keys):
+    """Names of second-level weights: those of the first marks that have them alone."""
+    result = {}
+    for code, character in sorted(characters.items()):
+        elements = keys.get(code, [])
+        if len(elements) == 1 and not elements[0][0] and elements[0][1]:
+            result.setdefault(elements[0][1], character.name.removeprefix("COMBINING ").lower())
+    return result
+
+
 class _Output:
     def __init__(self, characters):
         self.characters = characters
@@ -76,13 +88,14 @@ def _write_others(output, characters, keys):
     file = output.file("spaces", "White space, in the order of the default collation.")
     for number, code in enumerate(others.spaces(_own(characters), keys), 1):
         output.add(file, code, f"space {number}")
-    file = output.file("symbols", "Symbols: what is neither space, decimal digit, letter nor ideograph, in the order of the "
-                       "default collation; controls, format characters and marks come first.")
+    file = output.file("symbols", "Symbols: what is neither space, decimal digit, letter nor ideograph, in the order of "
+                       "the default collation; controls, format characters and marks come first.")
     number = 0
     for code in others.symbols(_own(characters), keys):
         output.add(file, code, f"symbol {number}")
         number += 1
-    file = output.file("unnamed", "Codes without characters of their own: surrogates and private use, behind all symbols.")
+    file = output.file("unnamed",
+                       "Codes without characters of their own: surrogates and private use, behind all symbols.")
     for codes in others.PRIVATE_AND_SURROGATES:
         output.add_range(file, codes, f"symbol {number}", characters[codes[0]].name)
         number += len(codes)
@@ -107,19 +120,23 @@ def _write_letters(output, characters, keys):
     letters = _letters(characters, keys)
     plain = forms.plain_characters(letters)
     symbols = _symbol_of_weight(characters, keys)
+    mark_names = _mark_names(characters, keys)
     for placement in place(letters):
         if placement.script == "Hangul":
             hangul.assign(placement)
+            legend = ["Accents just number the letters of an identity."]
         elif placement.script == "Latin":
             latin.assign(placement, plain, symbols)
+            legend = ["Accents of variant 0: see KyAccent; in variants 1 to 3 they just number the letters."]
         else:
-            forms.assign(placement, plain, symbols)
+            legend = forms.legend(forms.assign(placement, plain, symbols), mark_names)
         last = placement.first_class + max(letter.slot.identity for letter in placement.letters) // 128
         classes = f"class {placement.first_class}" if last == placement.first_class or placement.script == "Latin" \
             else f"classes {placement.first_class} to {last}"
         what = "Letters of no script: modifiers and repetition marks" if placement.script == MODIFIERS \
-            else f"Letters: {placement.file.replace('_', ' ')}"
+            else f"{placement.file.replace('_', ' ').title()} letters"
         file = output.file(placement.file, f"{what}, {classes}.")
+        file.legend = list(legend)
         for letter in placement.letters:
             output.add(file, letter.code, letter_arguments(placement.first_class, letter.slot), letter.then)
         if placement.script == "Hangul":

@@ -1,8 +1,8 @@
 """Orders of Latin letters.
 
 Variant 0 of a base letter is the letter itself; marks and styles have fixed accent numbers. Variant 1 holds the forms
-with rare marks and the rare letters that follow the base letter in the collation; variants 2 and 3 (or 1, where there is
-nothing rare) begin with a letter of a living alphabet, and the rare letters behind it share them. In variants 1 to 3
+with rare marks and the rare letters that follow the base letter in the collation; variants 2 and 3 (or 1, where there
+is nothing rare) begin with a letter of a living alphabet, and the rare letters behind it share them. In variants 1 to 3
 accents just number the letters in collation order.
 """
 
@@ -13,7 +13,8 @@ BASE = "abcdefghijklmnopqrstuvwxyz"
 
 # Second-level weights of the marks.
 ACUTE, GRAVE, BREVE, CIRCUMFLEX, CARON, RING, DIAERESIS, DOUBLE_ACUTE = 0x24, 0x25, 0x26, 0x27, 0x28, 0x29, 0x2B, 0x2C
-TILDE, DOT_ABOVE, SLASH, CEDILLA, OGONEK, MACRON, SLANTED_STROKE, STROKE = 0x2D, 0x2E, 0x2F, 0x30, 0x31, 0x32, 0x35, 0x39
+TILDE, DOT_ABOVE, SLASH, CEDILLA, OGONEK, MACRON = 0x2D, 0x2E, 0x2F, 0x30, 0x31, 0x32
+SLANTED_STROKE, STROKE = 0x35, 0x39
 HOOK_ABOVE, DOUBLE_GRAVE, INVERTED_BREVE, HORN, DOT_BELOW, COMMA_BELOW = 0x3B, 0x3C, 0x3E, 0x3F, 0x42, 0x45
 LINE_BELOW = 0x49
 
@@ -44,11 +45,14 @@ def _case(letter):
     return UPPER if letter.is_upper else LOWER
 
 
-def _rows(group):
-    """The case fields of a group's letters: the proper ones, then, for a single letter, the further ones."""
-    yield [_case(letter) for letter in group]
-    if len(group) == 1:
-        yield [TITLE if group[0].is_upper else SMALL]
+def _proper_row(group):
+    """The case fields of a group's letters."""
+    return [_case(letter) for letter in group]
+
+
+def _further_row(group):
+    """The case fields that letters take when the proper ones are in use."""
+    return [TITLE if letter.is_upper else SMALL for letter in group]
 
 
 class _BaseLetter:
@@ -62,7 +66,8 @@ class _BaseLetter:
     def _candidates(self, group):
         """Pairs of case fields and accent number, the best first."""
         first = group[0]
-        proper, *further = list(_rows(group))
+        proper = _proper_row(group)
+        further = [_further_row(group)] if len(group) == 1 else []
         marks = tuple(weight for weight in first.marks if weight < FIRST_VARIANT_WEIGHT)
         is_form = marks != first.marks
         accent = ACCENTS.get(marks)
@@ -78,8 +83,8 @@ class _BaseLetter:
                     yield row, _STYLE_ACCENTS[first.style]
         elif further and accent is not None and self._folds_to_a_plain_letter(first):
             yield further[0], accent
-        elif further and first.style == "font" and not marks:
-            for number in (0, FULL_WIDTH, OTHER_FORM, MODIFIER):
+        elif further and first.style == "font" and accent is not None:
+            for number in (accent, FULL_WIDTH, OTHER_FORM, MODIFIER):
                 yield further[0], number
         elif is_form:
             if not marks:
@@ -105,24 +110,14 @@ class _BaseLetter:
 
 def _number(groups, identity):
     """Gives groups of one variant their accent numbers, in the order in which they come."""
-    used = set()
-    slots = [(further, accent) for further in (False, True) for accent in range(_ACCENT_COUNT)]
-    position = 0
-    for group in groups:
-        for index in range(position, len(slots)):
-            further, accent = slots[index]
-            row = list(_rows(group))[-1] if further else next(_rows(group))
-            if further and len(group) > 1:
-                row = [TITLE if letter.is_upper else SMALL for letter in group]
-            keys = {(case, accent) for case in row}
-            if len(keys) == len(group) and not used & keys:
-                used |= keys
-                for case, letter in zip(row, group):
-                    letter.slot = Slot(identity, case, accent)
-                position = index + 1
-                break
-        else:
+    for number, group in enumerate(groups):
+        if number >= 2 * _ACCENT_COUNT:
             raise ValueError(f"no room for {group[0].character.name} in {identity_name(identity)}")
+        row = _proper_row(group) if number < _ACCENT_COUNT else _further_row(group)
+        if len(set(row)) < len(group):
+            raise ValueError(f"two letters of one case with {group[0].character.name}")
+        for case, letter in zip(row, group):
+            letter.slot = Slot(identity, case, number % _ACCENT_COUNT)
 
 
 def assign(placement, plain, symbols):

@@ -55,9 +55,7 @@ class Letter:
     def style(self):
         """In which way the letter differs from the plain one of its kind, marks aside; empty: in none."""
         tag = self.character.tag
-        if tag in ("", "compat"):
-            return "other" if tag else _STYLES.get(self.tertiary, "")
-        return tag
+        return _STYLES.get(self.tertiary, "") if tag in ("", "compat") else tag
 
     @property
     def is_upper(self):
@@ -76,9 +74,6 @@ class Slot:
         self.identity = identity  # 4 * letter number + variant
         self.case = case
         self.accent = accent
-
-    def key(self):
-        return (self.identity, self.case, self.accent)
 
 
 UPPER, TITLE, LOWER, SMALL = range(4)

@@ -18,12 +18,15 @@ class File:
         self.name = name
         self.subject = subject
         self.lines = {}
+        self.legend = []  # further lines of the head comment
 
     def write(self, folder):
         head = (f"{self.subject} Written by platform/i18n/import from the {_SOURCES['unicode']} and the "
                 f"{_SOURCES['collation']} (Debian package unicode-data 15.0.0-1).")
         with open(os.path.join(folder, self.name + ".txt"), "w", encoding="utf-8", newline="\n") as file:
             for line in textwrap.wrap(head, _WIDTH - 2):
+                file.write(f"# {line}\n")
+            for line in self.legend:
                 file.write(f"# {line}\n")
             file.write("\n")
             for code in sorted(self.lines):
