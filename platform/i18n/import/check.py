@@ -131,6 +131,6 @@ def _first_level(records, keys):
         reversals = sum(max(weights[first]) > min(weights[second]) for first, second in zip(identities, identities[1:]))
         accents = len({record.accent for record in classes[number]})
         result.append(f"class {number}: {len(classes[number])} letters, {len(identities)} identities, "
-                      f"{accents} accents; weights that share an identity {shared}, further identities of a weight {split}, "
-                      f"reversals {reversals}")
+                      f"{accents} accents; weights that share an identity {shared}, "
+                      f"further identities of a weight {split}, reversals {reversals}")
     return result
