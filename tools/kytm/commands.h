@@ -31,7 +31,7 @@ ExitStatus ListLanguages(const LanguagesOptions& options, Output& out);
 struct ShowOptions {
     std::string type;
     std::vector<std::string> values;
-    TextOptions texts;  ///< none: bytes as they stand
+    TextOptions texts;
     std::optional<std::string> format;
     bool json = false;
 };

@@ -150,8 +150,7 @@ private:
         showCommand->add_option("--format", show.format, "Scan and print by this format, too")->type_name("F");
         showCommand->add_flag("--json", show.json, "As a JSON array");
         showCommand->footer(
-            "With --language or --codeset, strings are given in UTF-8; without, each byte is a character of "
-            "ISO-8859-1.");
+            kUtf8 + std::string("\nHere a text that is no UTF-8 counts as ISO-8859-1 unless something is given."));
     }
 
     void AddCompare() {

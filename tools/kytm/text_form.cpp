@@ -37,10 +37,11 @@ bool HasAll(const KyCodeSet& codeSet, const std::u16string& text) {
 
 }  // namespace
 
-TextForm::TextForm(const TextOptions& options)
+TextForm::TextForm(const TextOptions& options, bool takeBroken)
     : language(options.language ? FindLanguage(*options.language) : KyLanguageContext::GetDefaultLanguage()),
       codeSet(options.codeSet ? FindCodeSet(*options.codeSet) : KyCodeSetDefault),
-      asTheyStand(codeSet == KyCodeSetNative) {}
+      asTheyStand(codeSet == KyCodeSetNative),
+      takesBroken(takeBroken && !options.AnyGiven()) {}
 
 TextForm TextForm::PlainBytes() {
     TextForm form;
@@ -53,7 +54,7 @@ TextForm TextForm::PlainBytes() {
 const char* TextForm::Read(std::string_view text) {
     if (text.find('\0') != std::string_view::npos) return Fail("it holds a zero byte");
     resultCodeSet = codeSet == KyCodeSetDefault ? KyCodeSetLatin1 : codeSet;
-    if (asTheyStand || (resultCodeSet < KyCodeSetFirst16Bit && IsAscii(text))) {
+    if (asTheyStand || (resultCodeSet < KyCodeSetFirst16Bit && IsAscii(text)) || (takesBroken && !IsUtf8(text))) {
         narrow = text;
         return CheckLength();
     }

@@ -32,8 +32,9 @@ struct CodedText {
 /// bytes as they stand.
 class TextForm {
 public:
-    /// Throws `Failure` for what is no language or no code set.
-    explicit TextForm(const TextOptions& options);
+    /// `takeBroken`: without options, a text that is no UTF-8 is one of bytes in ISO 8859-1. Throws `Failure` for what
+    /// is no language or no code set.
+    explicit TextForm(const TextOptions& options, bool takeBroken = false);
     /// Bytes that are characters of the default 8-bit code set as they stand, in the default language.
     static TextForm PlainBytes();
 
@@ -57,6 +58,7 @@ private:
     unsigned char language = KyLanguageDefault;
     unsigned char codeSet = KyCodeSetDefault;  ///< the default one: the narrower one that fits
     bool asTheyStand = false;
+    bool takesBroken = false;
     std::string fault;
 
     unsigned char resultCodeSet = KyCodeSetLatin1;

@@ -13,15 +13,6 @@ void AppendHex(std::string& text, unsigned char byte) {
     text += kDigits[byte & 15];
 }
 
-bool IsUtf8(std::string_view text) {
-    while (!text.empty()) {
-        const std::size_t length = Utf8Length(text);
-        if (length == 0) return false;
-        text.remove_prefix(length);
-    }
-    return true;
-}
-
 /// In lower case, without blanks and punctuation between words.
 std::string Core(std::string_view name) {
     std::string core;
@@ -54,6 +45,15 @@ std::size_t Utf8Length(std::string_view text) {
     if ((first == 0xE0 && second < 0xA0) || (first == 0xED && second > 0x9F)) return 0;
     if ((first == 0xF0 && second < 0x90) || (first == 0xF4 && second > 0x8F)) return 0;
     return length;
+}
+
+bool IsUtf8(std::string_view text) {
+    while (!text.empty()) {
+        const std::size_t length = Utf8Length(text);
+        if (length == 0) return false;
+        text.remove_prefix(length);
+    }
+    return true;
 }
 
 char32_t Utf8Code(std::string_view sequence) {

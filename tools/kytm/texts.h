@@ -24,6 +24,9 @@ bool SameName(std::string_view a, std::string_view b);
 /// Bytes of the well-formed UTF-8 sequence at the start of a text that is not empty; 0 when there is none.
 std::size_t Utf8Length(std::string_view text);
 
+/// The whole text is well-formed UTF-8.
+bool IsUtf8(std::string_view text);
+
 /// The code of one well-formed UTF-8 sequence.
 char32_t Utf8Code(std::string_view sequence);
 

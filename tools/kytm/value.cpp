@@ -167,16 +167,17 @@ bool Scanner::TypeIsSigned() {
 int CompareExactly(char id, void* a, void* b) { return Manager().Cmp(id, a, b, kDefaultCompareWord, 1, KyFormMemory); }
 
 std::string PrintValue(char id, void* value, const char* format, const TextForm& form) {
-    KyString out;
+    // A Unicode text is printed in the code set of the output.
+    KyString out = IsString(id) ? KyString(KyCodeSetUnicode, KyLanguageNeutral) : KyString();
     return form.Write(Manager().PrintToKyString(id, out, value, format, 1));
 }
 
-TextForm FormOfTexts(char id, const TextOptions& options, bool bytesUnlessGiven) {
-    if (options.AnyGiven() && !IsString(id)) {
+TextForm FormOfTexts(char id, const TextOptions& options, bool takeBroken) {
+    if (IsString(id)) return TextForm(options, takeBroken);
+    if (options.AnyGiven()) {
         throw Failure("values of the type " + TypeName(id) + " have neither a language nor a code set");
     }
-    const bool asBytes = !IsString(id) || (bytesUnlessGiven && !options.AnyGiven());
-    return asBytes ? TextForm::PlainBytes() : TextForm(options);
+    return TextForm::PlainBytes();
 }
 
 }  // namespace kytm

@@ -85,9 +85,9 @@ int CompareExactly(char id, void* a, void* b);
 /// Text of a value. `format` null: the row's. `form`: the form of strings.
 std::string PrintValue(char id, void* value, const char* format, const TextForm& form);
 
-/// The form in which texts of this type are given. For strings UTF-8, or, when `bytesUnlessGiven` and no option is
-/// given, bytes as they stand. Throws `Failure` when options are given and the type has neither code set nor language.
-TextForm FormOfTexts(char id, const TextOptions& options, bool bytesUnlessGiven = false);
+/// The form in which texts of this type are given; `takeBroken` as in `TextForm`. Throws `Failure` when options are
+/// given and the type has neither code set nor language.
+TextForm FormOfTexts(char id, const TextOptions& options, bool takeBroken = false);
 
 }  // namespace kytm
 
