@@ -89,8 +89,8 @@ def _write_others(output, characters, keys):
     for number, code in enumerate(others.spaces(_own(characters), keys), 1):
         output.add(file, code, f"space {number}")
     file = output.file("symbols",
-                       "Symbols: what is neither space, decimal digit, letter nor ideograph, in the order of the default "
-                       "collation; controls, format characters and marks come first.")
+                       "Symbols: what is neither space, decimal digit, letter nor ideograph, in the order of the "
+                       "default collation; controls, format characters and marks come first.")
     number = 0
     for code in others.symbols(_own(characters), keys):
         output.add(file, code, f"symbol {number}")
