@@ -192,12 +192,11 @@ TEST(RowLaws, RowsStillWithoutFunctionsAreKnown) {
 
 TEST(RowLaws, SlotsStillWithoutAFunctionAreKnown) {
     // What the rows of built types still borrow from the illegal row; the list only gets shorter.
-    std::set<std::string> expected = {"KyString Translate"};
+    const std::set<std::string> expected = {"KyString EvalAndBound", "KyString Translate"};
     std::set<std::string> empty;
     for (const KyTypeTab* row : AllRows()) {
         if (MakesNoValues(row)) continue;
         const std::string name = row->typeName;
-        expected.insert(name + " EvalAndBound");
 
         void* slots[28];
         void* nothing[28];

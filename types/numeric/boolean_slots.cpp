@@ -7,6 +7,7 @@
 #include "array_order.h"
 #include "eight_bit_text.h"
 #include "kystring.h"
+#include "kytypevl.h"
 #include "kytypmgr.h"
 #include "raw_bytes.h"
 #include "record_text.h"
@@ -36,6 +37,13 @@ KyBoolean Null() {
 int BooleanCompare(unsigned char, unsigned len1, void* a, unsigned len2, void* b, unsigned short, unsigned count,
                    int& err) {
     return ky::CompareArrays(sizeof(KyBoolean), len1, a, len2, b, count, err, CompareElements);
+}
+
+float BooleanEvalAndBound(KyIdxBounds* bounds, unsigned short& op, void* value, unsigned char, unsigned count,
+                          KyIdxBounds* out) {
+    constexpr float third = 1.0F / 3;
+    SetBoundaries(out, value, op, count);
+    return bounds != nullptr ? third : 0;
 }
 
 int KyBooleanIsNull(void* value) { return static_cast<KyBoolean*>(value)->IsNullValue(); }

@@ -27,7 +27,8 @@ inline constexpr KyTranslateFunc* BooleanTranslate = CharTranslate;
 
 /// Null, false, true; bytes of one truth value are equal, others ordered as signed numbers.
 KyCompareFunc BooleanCompare;
-inline constexpr KyEvalAndBoundFunc* BooleanEvalAndBound = PendingEvalAndBound;
+/// A third of any range, whatever is asked. Limits are recorded as for numbers.
+KyEvalAndBoundFunc BooleanEvalAndBound;
 
 KyIsNullFunc KyBooleanIsNull;
 KySetNullFunc KyBooleanSetNull;

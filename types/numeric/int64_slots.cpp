@@ -10,17 +10,6 @@
 #include "raw_kernels.h"
 #include "record_text.h"
 
-namespace {
-
-KyInt64 LoadElement(const void* from, unsigned char form) {
-    if (form == KyFormMemory || form == KyFormNative) return ky::LoadAs<KyInt64>(from);
-    KyInt64 value;
-    Int64StoreOne(&value, from, form);
-    return value;
-}
-
-}  // namespace
-
 unsigned Int64Store(void* dst, const void* src, unsigned char flag, unsigned count) {
     return LongStore(dst, src, flag, 2 * count);
 }
@@ -34,7 +23,7 @@ int Int64Compare(unsigned char flag, unsigned len1, void* a, unsigned len2, void
                  int& err) {
     const auto form = static_cast<unsigned char>(flag & KyFormMask);
     return ky::CompareArrays(sizeof(KyInt64), len1, a, len2, b, count, err, [form](const void* x, const void* y) {
-        return ky::Order(LoadElement(x, form), LoadElement(y, form));
+        return ky::Order(ky::DecodeInt64(x, form), ky::DecodeInt64(y, form));
     });
 }
 

@@ -25,7 +25,6 @@ inline constexpr KySizeGetFunc* Int64SizeGet = &O_8BSizeGet;
 inline constexpr KySizeGetFromMemFileFunc* Int64SizeGetFromMemFile = O_8BSizeGetFromMemFile;
 
 KyCompareFunc Int64Compare;
-inline constexpr KyEvalAndBoundFunc* Int64EvalAndBound = PendingEvalAndBound;
 /// Frozen, persistent.
 // KEPT: only the low half enters the hash, as with `o_8b`; indexes on disk depend on it.
 KyHashFunc Int64Hash;
@@ -56,5 +55,19 @@ struct Int64LSHelper {
 };
 
 inline constexpr KyTranslateFunc* Int64Translate = &ky::TranslateArray<Int64LSHelper>;
+
+namespace ky {
+
+/// One value in any form.
+inline KyInt64 DecodeInt64(const void* from, unsigned char form) {
+    if (form == KyFormMemory || form == KyFormNative) return LoadAs<KyInt64>(from);
+    KyInt64 value;
+    Int64StoreOne(&value, from, form);
+    return value;
+}
+
+}  // namespace ky
+
+inline constexpr KyEvalAndBoundFunc* Int64EvalAndBound = &ky::NumberEvalAndBound<Int64LSHelper, &ky::DecodeInt64>;
 
 #endif

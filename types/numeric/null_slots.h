@@ -4,6 +4,7 @@
 /// The slot functions of the nullable numbers, for their rows. A type's name stands before the slot's:
 /// `KyNull_longCompare`.
 
+#include "null_bounds.h"
 #include "null_order.h"
 #include "null_store.h"
 #include "null_text.h"
@@ -18,7 +19,8 @@ inline constexpr KyNullSizeGetFunc* KyNull_charNullSizeGet = &KyNullTypeNullSize
 inline constexpr KySizeGetFunc* KyNull_charSizeGet = &KyNullTypeSizeGet<CharLSHelper>;
 inline constexpr KySizeGetFromMemFileFunc* KyNull_charSizeGetFromMemFile = &KyNullTypeSizeGetFromMemFile<CharLSHelper>;
 inline constexpr KyCompareFunc* KyNull_charCompare = &KyNullTypeCompare<KyNull_char, signed char, CharLSHelper>;
-inline constexpr KyEvalAndBoundFunc* KyNull_charEvalAndBound = PendingEvalAndBound;
+inline constexpr KyEvalAndBoundFunc* KyNull_charEvalAndBound =
+    &ky::NullEvalAndBound<KyNull_char, signed char, CharLSHelper>;
 inline constexpr KyHashFunc* KyNull_charHash = &KyNullTypeHash<KyNull_char, signed char, CharLSHelper>;
 inline constexpr KyConvertToFunc* KyNull_charConvertToKyString = &KyNullTypeConvertToKyString<KyNull_char, signed char>;
 inline constexpr KyConvertFromFunc* KyNull_charConvertFromKyString =
@@ -46,7 +48,8 @@ inline constexpr KyNullSizeGetFunc* KyNull_ucharNullSizeGet = &KyNullTypeNullSiz
 inline constexpr KySizeGetFunc* KyNull_ucharSizeGet = &KyNullTypeSizeGet<CharLSHelper>;
 inline constexpr KySizeGetFromMemFileFunc* KyNull_ucharSizeGetFromMemFile = &KyNullTypeSizeGetFromMemFile<CharLSHelper>;
 inline constexpr KyCompareFunc* KyNull_ucharCompare = &KyNullTypeCompare<KyNull_uchar, unsigned char, CharLSHelper>;
-inline constexpr KyEvalAndBoundFunc* KyNull_ucharEvalAndBound = PendingEvalAndBound;
+inline constexpr KyEvalAndBoundFunc* KyNull_ucharEvalAndBound =
+    &ky::NullEvalAndBound<KyNull_uchar, unsigned char, CharLSHelper>;
 inline constexpr KyHashFunc* KyNull_ucharHash = &KyNullTypeHash<KyNull_uchar, unsigned char, CharLSHelper>;
 inline constexpr KyConvertToFunc* KyNull_ucharConvertToKyString =
     &KyNullTypeConvertToKyString<KyNull_uchar, unsigned char>;
@@ -77,7 +80,8 @@ inline constexpr KySizeGetFunc* KyNull_shortSizeGet = &KyNullTypeSizeGet<ShortLS
 inline constexpr KySizeGetFromMemFileFunc* KyNull_shortSizeGetFromMemFile =
     &KyNullTypeSizeGetFromMemFile<ShortLSHelper>;
 inline constexpr KyCompareFunc* KyNull_shortCompare = &KyNullTypeCompare<KyNull_short, short, ShortLSHelper>;
-inline constexpr KyEvalAndBoundFunc* KyNull_shortEvalAndBound = PendingEvalAndBound;
+inline constexpr KyEvalAndBoundFunc* KyNull_shortEvalAndBound =
+    &ky::NullEvalAndBound<KyNull_short, short, ShortLSHelper>;
 inline constexpr KyHashFunc* KyNull_shortHash = &KyNullTypeHash<KyNull_short, short, ShortLSHelper>;
 inline constexpr KyConvertToFunc* KyNull_shortConvertToKyString = &KyNullTypeConvertToKyString<KyNull_short, short>;
 inline constexpr KyConvertFromFunc* KyNull_shortConvertFromKyString =
@@ -106,7 +110,8 @@ inline constexpr KySizeGetFunc* KyNull_ushortSizeGet = &KyNullTypeSizeGet<ShortL
 inline constexpr KySizeGetFromMemFileFunc* KyNull_ushortSizeGetFromMemFile =
     &KyNullTypeSizeGetFromMemFile<ShortLSHelper>;
 inline constexpr KyCompareFunc* KyNull_ushortCompare = &KyNullTypeCompare<KyNull_ushort, unsigned short, ShortLSHelper>;
-inline constexpr KyEvalAndBoundFunc* KyNull_ushortEvalAndBound = PendingEvalAndBound;
+inline constexpr KyEvalAndBoundFunc* KyNull_ushortEvalAndBound =
+    &ky::NullEvalAndBound<KyNull_ushort, unsigned short, ShortLSHelper>;
 inline constexpr KyHashFunc* KyNull_ushortHash = &KyNullTypeHash<KyNull_ushort, unsigned short, ShortLSHelper>;
 inline constexpr KyConvertToFunc* KyNull_ushortConvertToKyString =
     &KyNullTypeConvertToKyString<KyNull_ushort, unsigned short>;
@@ -136,7 +141,7 @@ inline constexpr KyNullSizeGetFunc* KyNull_intNullSizeGet = &KyNullTypeNullSizeG
 inline constexpr KySizeGetFunc* KyNull_intSizeGet = &KyNullTypeSizeGet<IntLSHelper>;
 inline constexpr KySizeGetFromMemFileFunc* KyNull_intSizeGetFromMemFile = &KyNullTypeSizeGetFromMemFile<IntLSHelper>;
 inline constexpr KyCompareFunc* KyNull_intCompare = &KyNullTypeCompare<KyNull_int, int, IntLSHelper>;
-inline constexpr KyEvalAndBoundFunc* KyNull_intEvalAndBound = PendingEvalAndBound;
+inline constexpr KyEvalAndBoundFunc* KyNull_intEvalAndBound = &ky::NullEvalAndBound<KyNull_int, int, IntLSHelper>;
 inline constexpr KyHashFunc* KyNull_intHash = &KyNullTypeHash<KyNull_int, int, IntLSHelper>;
 inline constexpr KyConvertToFunc* KyNull_intConvertToKyString = &KyNullTypeConvertToKyString<KyNull_int, int>;
 inline constexpr KyConvertFromFunc* KyNull_intConvertFromKyString = &KyNullTypeConvertFromKyString<KyNull_int, int>;
@@ -162,7 +167,8 @@ inline constexpr KySizeGetFunc* KyNull_unsignedSizeGet = &KyNullTypeSizeGet<IntL
 inline constexpr KySizeGetFromMemFileFunc* KyNull_unsignedSizeGetFromMemFile =
     &KyNullTypeSizeGetFromMemFile<IntLSHelper>;
 inline constexpr KyCompareFunc* KyNull_unsignedCompare = &KyNullTypeCompare<KyNull_unsigned, unsigned int, IntLSHelper>;
-inline constexpr KyEvalAndBoundFunc* KyNull_unsignedEvalAndBound = PendingEvalAndBound;
+inline constexpr KyEvalAndBoundFunc* KyNull_unsignedEvalAndBound =
+    &ky::NullEvalAndBound<KyNull_unsigned, unsigned int, IntLSHelper>;
 inline constexpr KyHashFunc* KyNull_unsignedHash = &KyNullTypeHash<KyNull_unsigned, unsigned int, IntLSHelper>;
 inline constexpr KyConvertToFunc* KyNull_unsignedConvertToKyString =
     &KyNullTypeConvertToKyString<KyNull_unsigned, unsigned int>;
@@ -192,7 +198,7 @@ inline constexpr KyNullSizeGetFunc* KyNull_longNullSizeGet = &KyNullTypeNullSize
 inline constexpr KySizeGetFunc* KyNull_longSizeGet = &KyNullTypeSizeGet<LongLSHelper>;
 inline constexpr KySizeGetFromMemFileFunc* KyNull_longSizeGetFromMemFile = &KyNullTypeSizeGetFromMemFile<LongLSHelper>;
 inline constexpr KyCompareFunc* KyNull_longCompare = &KyNullTypeCompare<KyNull_long, int, LongLSHelper>;
-inline constexpr KyEvalAndBoundFunc* KyNull_longEvalAndBound = PendingEvalAndBound;
+inline constexpr KyEvalAndBoundFunc* KyNull_longEvalAndBound = &ky::NullEvalAndBound<KyNull_long, int, LongLSHelper>;
 inline constexpr KyHashFunc* KyNull_longHash = &KyNullTypeHash<KyNull_long, int, LongLSHelper>;
 inline constexpr KyConvertToFunc* KyNull_longConvertToKyString = &KyNullTypeConvertToKyString<KyNull_long, int>;
 inline constexpr KyConvertFromFunc* KyNull_longConvertFromKyString = &KyNullTypeConvertFromKyString<KyNull_long, int>;
@@ -217,7 +223,8 @@ inline constexpr KyNullSizeGetFunc* KyNull_ulongNullSizeGet = &KyNullTypeNullSiz
 inline constexpr KySizeGetFunc* KyNull_ulongSizeGet = &KyNullTypeSizeGet<LongLSHelper>;
 inline constexpr KySizeGetFromMemFileFunc* KyNull_ulongSizeGetFromMemFile = &KyNullTypeSizeGetFromMemFile<LongLSHelper>;
 inline constexpr KyCompareFunc* KyNull_ulongCompare = &KyNullTypeCompare<KyNull_ulong, unsigned int, LongLSHelper>;
-inline constexpr KyEvalAndBoundFunc* KyNull_ulongEvalAndBound = PendingEvalAndBound;
+inline constexpr KyEvalAndBoundFunc* KyNull_ulongEvalAndBound =
+    &ky::NullEvalAndBound<KyNull_ulong, unsigned int, LongLSHelper>;
 inline constexpr KyHashFunc* KyNull_ulongHash = &KyNullTypeHash<KyNull_ulong, unsigned int, LongLSHelper>;
 inline constexpr KyConvertToFunc* KyNull_ulongConvertToKyString =
     &KyNullTypeConvertToKyString<KyNull_ulong, unsigned int>;
@@ -247,7 +254,8 @@ inline constexpr KySizeGetFunc* KyNull_floatSizeGet = &KyNullTypeSizeGet<FloatLS
 inline constexpr KySizeGetFromMemFileFunc* KyNull_floatSizeGetFromMemFile =
     &KyNullTypeSizeGetFromMemFile<FloatLSHelper>;
 inline constexpr KyCompareFunc* KyNull_floatCompare = KyNullFloatDoubleCompare<KyNull_float, float, FloatLSHelper>;
-inline constexpr KyEvalAndBoundFunc* KyNull_floatEvalAndBound = PendingEvalAndBound;
+inline constexpr KyEvalAndBoundFunc* KyNull_floatEvalAndBound =
+    &ky::NullEvalAndBound<KyNull_float, float, FloatLSHelper>;
 inline constexpr KyHashFunc* KyNull_floatHash = &KyNullTypeHash<KyNull_float, float, FloatLSHelper>;
 inline constexpr KyConvertToFunc* KyNull_floatConvertToKyString = &KyNullTypeConvertToKyString<KyNull_float, float>;
 inline constexpr KyConvertFromFunc* KyNull_floatConvertFromKyString =
@@ -276,7 +284,8 @@ inline constexpr KySizeGetFunc* KyNull_doubleSizeGet = &KyNullTypeSizeGet<Double
 inline constexpr KySizeGetFromMemFileFunc* KyNull_doubleSizeGetFromMemFile =
     &KyNullTypeSizeGetFromMemFile<DoubleLSHelper>;
 inline constexpr KyCompareFunc* KyNull_doubleCompare = KyNullFloatDoubleCompare<KyNull_double, double, DoubleLSHelper>;
-inline constexpr KyEvalAndBoundFunc* KyNull_doubleEvalAndBound = PendingEvalAndBound;
+inline constexpr KyEvalAndBoundFunc* KyNull_doubleEvalAndBound =
+    &ky::NullEvalAndBound<KyNull_double, double, DoubleLSHelper>;
 inline constexpr KyHashFunc* KyNull_doubleHash = &KyNullTypeHash<KyNull_double, double, DoubleLSHelper>;
 inline constexpr KyConvertToFunc* KyNull_doubleConvertToKyString = &KyNullTypeConvertToKyString<KyNull_double, double>;
 inline constexpr KyConvertFromFunc* KyNull_doubleConvertFromKyString =
@@ -305,7 +314,8 @@ inline constexpr KySizeGetFunc* KyNull_KyInt64SizeGet = &KyNullTypeSizeGet<Int64
 inline constexpr KySizeGetFromMemFileFunc* KyNull_KyInt64SizeGetFromMemFile =
     &KyNullTypeSizeGetFromMemFile<Int64LSHelper>;
 inline constexpr KyCompareFunc* KyNull_KyInt64Compare = &KyNullTypeCompare<KyNull_KyInt64, KyInt64, Int64LSHelper>;
-inline constexpr KyEvalAndBoundFunc* KyNull_KyInt64EvalAndBound = PendingEvalAndBound;
+inline constexpr KyEvalAndBoundFunc* KyNull_KyInt64EvalAndBound =
+    &ky::NullEvalAndBound<KyNull_KyInt64, KyInt64, Int64LSHelper>;
 inline constexpr KyHashFunc* KyNull_KyInt64Hash = &KyNullTypeHash<KyNull_KyInt64, KyInt64, Int64LSHelper>;
 inline constexpr KyConvertToFunc* KyNull_KyInt64ConvertToKyString =
     &KyNullTypeConvertToKyString<KyNull_KyInt64, KyInt64>;
@@ -334,7 +344,7 @@ inline constexpr KyNullSizeGetFunc* KyNull_8bNullSizeGet = &KyNullTypeNullSizeGe
 inline constexpr KySizeGetFunc* KyNull_8bSizeGet = &KyNullTypeSizeGet<O_8BLSHelper>;
 inline constexpr KySizeGetFromMemFileFunc* KyNull_8bSizeGetFromMemFile = &KyNullTypeSizeGetFromMemFile<O_8BLSHelper>;
 inline constexpr KyCompareFunc* KyNull_8bCompare = &KyNullTypeCompare<KyNull_8b, long long, O_8BLSHelper>;
-inline constexpr KyEvalAndBoundFunc* KyNull_8bEvalAndBound = PendingEvalAndBound;
+inline constexpr KyEvalAndBoundFunc* KyNull_8bEvalAndBound = &ky::NullEvalAndBound<KyNull_8b, long long, O_8BLSHelper>;
 inline constexpr KyHashFunc* KyNull_8bHash = &KyNullTypeHash<KyNull_8b, long long, O_8BLSHelper>;
 inline constexpr KyConvertToFunc* KyNull_8bConvertToKyString = &KyNullTypeConvertToKyString<KyNull_8b, long long>;
 inline constexpr KyConvertFromFunc* KyNull_8bConvertFromKyString = &KyNullTypeConvertFromKyString<KyNull_8b, long long>;
@@ -360,7 +370,8 @@ inline constexpr KyNullSizeGetFunc* KyNull_u8bNullSizeGet = &KyNullTypeNullSizeG
 inline constexpr KySizeGetFunc* KyNull_u8bSizeGet = &KyNullTypeSizeGet<O_8BLSHelper>;
 inline constexpr KySizeGetFromMemFileFunc* KyNull_u8bSizeGetFromMemFile = &KyNullTypeSizeGetFromMemFile<O_8BLSHelper>;
 inline constexpr KyCompareFunc* KyNull_u8bCompare = &KyNullTypeCompare<KyNull_u8b, unsigned long long, O_8BLSHelper>;
-inline constexpr KyEvalAndBoundFunc* KyNull_u8bEvalAndBound = PendingEvalAndBound;
+inline constexpr KyEvalAndBoundFunc* KyNull_u8bEvalAndBound =
+    &ky::NullEvalAndBound<KyNull_u8b, unsigned long long, O_8BLSHelper>;
 inline constexpr KyHashFunc* KyNull_u8bHash = &KyNullTypeHash<KyNull_u8b, unsigned long long, O_8BLSHelper>;
 inline constexpr KyConvertToFunc* KyNull_u8bConvertToKyString =
     &KyNullTypeConvertToKyString<KyNull_u8b, unsigned long long>;

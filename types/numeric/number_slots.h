@@ -7,6 +7,7 @@
 
 #include "array_rules.h"
 #include "number_arrays.h"
+#include "number_bounds.h"
 #include "number_convert.h"
 #include "number_facts.h"
 #include "number_getvalue.h"
@@ -14,14 +15,12 @@
 #include "number_text.h"
 #include "shared_slots.h"
 
-/// What the numbers hold in their EvalAndBound slots until index bounds are evaluated.
-inline constexpr KyEvalAndBoundFunc* PendingEvalAndBound = &KyIllegalEvalAndBound;
-
 // --- Char: o_char, o_u1b ---
 inline constexpr KyCreateFunc* CharCreate = &ky::NumberCreateZeros<CharLSHelper>;
 inline constexpr KyDeleteFunc* CharDelete = &ky::NumberDelete;
 inline constexpr KySizeGetFromMemFileFunc* CharSizeGetFromMemFile = &ky::WidthFromMemFile<CharLSHelper>;
 inline constexpr KyCompareFunc* CharCompare = &ky::NumberCompare<CharLSHelper>;
+inline constexpr KyEvalAndBoundFunc* CharEvalAndBound = &ky::NumberEvalAndBound<CharLSHelper>;
 inline constexpr KyHashFunc* CharHash = &ky::NumberHash<CharLSHelper>;
 inline constexpr KyConvertToFunc* CharConvertToKyString = &ky::NumberConvertToKyString<CharLSHelper>;
 inline constexpr KyConvertFromFunc* CharConvertFromKyString = &ky::NumberConvertFromKyString<CharLSHelper>;
@@ -36,6 +35,7 @@ inline constexpr KyGetValueFunc* KyGetValueo_char = &ky::NumberGetValue<CharLSHe
 inline constexpr KyCreateFunc* O_U1BCreate = &ky::NumberCreateZeros<ByteLSHelper>;
 inline constexpr KyDeleteFunc* O_U1BDelete = &ky::NumberDelete;
 inline constexpr KyCompareFunc* ByteCompare = &ky::NumberCompare<ByteLSHelper>;
+inline constexpr KyEvalAndBoundFunc* ByteEvalAndBound = &ky::NumberEvalAndBound<ByteLSHelper>;
 inline constexpr KyHashFunc* ByteHash = &ky::NumberHash<ByteLSHelper>;
 inline constexpr KyConvertToFunc* O_U1BConvertToKyString = &ky::NumberConvertToKyString<ByteLSHelper>;
 inline constexpr KyConvertFromFunc* O_U1BConvertFromKyString = &ky::NumberConvertFromKyString<ByteLSHelper>;
@@ -46,6 +46,7 @@ inline constexpr KyCreateFunc* ShortCreate = &ky::NumberCreate<ShortLSHelper>;
 inline constexpr KyDeleteFunc* ShortDelete = &ky::NumberDelete;
 inline constexpr KySizeGetFromMemFileFunc* ShortSizeGetFromMemFile = &ky::WidthFromMemFile<ShortLSHelper>;
 inline constexpr KyCompareFunc* ShortCompare = &ky::NumberCompare<ShortLSHelper>;
+inline constexpr KyEvalAndBoundFunc* ShortEvalAndBound = &ky::NumberEvalAndBound<ShortLSHelper>;
 inline constexpr KyHashFunc* ShortHash = &ky::NumberHash<ShortLSHelper>;
 inline constexpr KyConvertToFunc* ShortConvertToKyString = &ky::NumberConvertToKyString<ShortLSHelper>;
 inline constexpr KyConvertFromFunc* ShortConvertFromKyString = &ky::NumberConvertFromKyString<ShortLSHelper>;
@@ -60,6 +61,7 @@ inline constexpr KyGetValueFunc* KyGetValueo_2b = &ky::NumberGetValue<ShortLSHel
 inline constexpr KyCreateFunc* WordCreate = &ky::NumberCreate<WordLSHelper>;
 inline constexpr KyDeleteFunc* WordDelete = &ky::NumberDelete;
 inline constexpr KyCompareFunc* WordCompare = &ky::NumberCompare<WordLSHelper>;
+inline constexpr KyEvalAndBoundFunc* WordEvalAndBound = &ky::NumberEvalAndBound<WordLSHelper>;
 inline constexpr KyHashFunc* WordHash = &ky::NumberHash<WordLSHelper>;
 inline constexpr KyConvertToFunc* WordConvertToKyString = &ky::NumberConvertToKyString<WordLSHelper>;
 inline constexpr KyConvertFromFunc* WordConvertFromKyString = &ky::NumberConvertFromKyString<WordLSHelper>;
@@ -70,6 +72,7 @@ inline constexpr KyCreateFunc* LongCreate = &ky::NumberCreate<LongLSHelper>;
 inline constexpr KyDeleteFunc* LongDelete = &ky::NumberDelete;
 inline constexpr KySizeGetFromMemFileFunc* LongSizeGetFromMemFile = &ky::WidthFromMemFile<LongLSHelper>;
 inline constexpr KyCompareFunc* LongCompare = &ky::NumberCompare<LongLSHelper>;
+inline constexpr KyEvalAndBoundFunc* LongEvalAndBound = &ky::NumberEvalAndBound<LongLSHelper>;
 inline constexpr KyHashFunc* LongHash = &ky::NumberHash<LongLSHelper>;
 inline constexpr KyConvertToFunc* LongConvertToKyString = &ky::NumberConvertToKyString<LongLSHelper>;
 inline constexpr KyConvertFromFunc* LongConvertFromKyString = &ky::NumberConvertFromKyString<LongLSHelper>;
@@ -84,6 +87,7 @@ inline constexpr KyGetValueFunc* KyGetValueo_4b = &ky::NumberGetValue<LongLSHelp
 inline constexpr KyCreateFunc* KyDWordCreate = &ky::NumberCreate<DwordLSHelper>;
 inline constexpr KyDeleteFunc* KyDWordDelete = &ky::NumberDelete;
 inline constexpr KyCompareFunc* DwordCompare = &ky::NumberCompare<DwordLSHelper>;
+inline constexpr KyEvalAndBoundFunc* DwordEvalAndBound = &ky::NumberEvalAndBound<DwordLSHelper>;
 inline constexpr KyHashFunc* DwordHash = &ky::NumberHash<DwordLSHelper>;
 inline constexpr KyConvertToFunc* KyDWordConvertToKyString = &ky::NumberConvertToKyString<DwordLSHelper>;
 inline constexpr KyConvertFromFunc* KyDWordConvertFromKyString = &ky::NumberConvertFromKyString<DwordLSHelper>;
@@ -94,6 +98,7 @@ inline constexpr KyCreateFunc* O_8BCreate = &ky::NumberCreate<O_8BLSHelper>;
 inline constexpr KyDeleteFunc* O_8BDelete = &ky::NumberDelete;
 inline constexpr KySizeGetFromMemFileFunc* O_8BSizeGetFromMemFile = &ky::WidthFromMemFile<O_8BLSHelper>;
 inline constexpr KyCompareFunc* O_8BCompare = &ky::NumberCompare<O_8BLSHelper>;
+inline constexpr KyEvalAndBoundFunc* O_8BEvalAndBound = &ky::NumberEvalAndBound<O_8BLSHelper>;
 inline constexpr KyHashFunc* O_8BHash = &ky::NumberHash<O_8BLSHelper>;
 inline constexpr KyConvertToFunc* O_8BConvertToKyString = &ky::NumberConvertToKyString<O_8BLSHelper>;
 inline constexpr KyConvertFromFunc* O_8BConvertFromKyString = &ky::NumberConvertFromKyString<O_8BLSHelper>;
@@ -108,6 +113,7 @@ inline constexpr KyGetValueFunc* KyGetValueo_8b = &ky::NumberGetValue<O_8BLSHelp
 inline constexpr KyCreateFunc* O_U8BCreate = &ky::NumberCreate<O_U8BLSHelper>;
 inline constexpr KyDeleteFunc* O_U8BDelete = &ky::NumberDelete;
 inline constexpr KyCompareFunc* O_U8BCompare = &ky::NumberCompare<O_U8BLSHelper>;
+inline constexpr KyEvalAndBoundFunc* O_U8BEvalAndBound = &ky::NumberEvalAndBound<O_U8BLSHelper>;
 inline constexpr KyHashFunc* O_U8BHash = &ky::NumberHash<O_U8BLSHelper>;
 inline constexpr KyConvertToFunc* O_U8BConvertToKyString = &ky::NumberConvertToKyString<O_U8BLSHelper>;
 inline constexpr KyConvertFromFunc* O_U8BConvertFromKyString = &ky::NumberConvertFromKyString<O_U8BLSHelper>;
@@ -118,6 +124,7 @@ inline constexpr KyCreateFunc* IntCreate = &ky::NumberCreate<IntLSHelper>;
 inline constexpr KyDeleteFunc* IntDelete = &ky::NumberDelete;
 inline constexpr KySizeGetFromMemFileFunc* IntSizeGetFromMemFile = &ky::FlagSizeFromMemFile<IntLSHelper>;
 inline constexpr KyCompareFunc* IntCompare = &ky::NumberCompare<IntLSHelper>;
+inline constexpr KyEvalAndBoundFunc* IntEvalAndBound = &ky::NumberEvalAndBound<IntLSHelper>;
 inline constexpr KyHashFunc* IntHash = &ky::NumberHash<IntLSHelper>;
 inline constexpr KyConvertToFunc* IntConvertToKyString = &ky::NumberConvertToKyString<IntLSHelper>;
 inline constexpr KyConvertFromFunc* IntConvertFromKyString = &ky::NumberConvertFromKyString<IntLSHelper>;
@@ -132,6 +139,7 @@ inline constexpr KyDefaultValueFunc* IntDefaultValue = &ky::NumberDefaultValue<I
 inline constexpr KyCreateFunc* UnsignedCreate = &ky::NumberCreate<UnsignedLSHelper>;
 inline constexpr KyDeleteFunc* UnsignedDelete = &ky::NumberDelete;
 inline constexpr KyCompareFunc* UnsignedCompare = &ky::NumberCompare<UnsignedLSHelper>;
+inline constexpr KyEvalAndBoundFunc* UnsignedEvalAndBound = &ky::NumberEvalAndBound<UnsignedLSHelper>;
 inline constexpr KyHashFunc* UnsignedHash = &ky::NumberHash<UnsignedLSHelper>;
 inline constexpr KyConvertToFunc* UnsignedConvertToKyString = &ky::NumberConvertToKyString<UnsignedLSHelper>;
 inline constexpr KyConvertFromFunc* UnsignedConvertFromKyString = &ky::NumberConvertFromKyString<UnsignedLSHelper>;
@@ -142,6 +150,7 @@ inline constexpr KyCreateFunc* FloatCreate = &ky::NumberCreate<FloatLSHelper>;
 inline constexpr KyDeleteFunc* FloatDelete = &ky::NumberDelete;
 inline constexpr KySizeGetFromMemFileFunc* FloatSizeGetFromMemFile = &ky::FormSizeFromMemFile<FloatLSHelper>;
 inline constexpr KyCompareFunc* FloatCompare = &ky::NumberCompare<FloatLSHelper>;
+inline constexpr KyEvalAndBoundFunc* FloatEvalAndBound = &ky::NumberEvalAndBound<FloatLSHelper>;
 inline constexpr KyHashFunc* FloatHash = &ky::NumberHash<FloatLSHelper>;
 inline constexpr KyConvertToFunc* FloatConvertToKyString = &ky::NumberConvertToKyString<FloatLSHelper>;
 inline constexpr KyConvertFromFunc* FloatConvertFromKyString = &ky::NumberConvertFromKyString<FloatLSHelper>;
@@ -158,6 +167,7 @@ inline constexpr KyCreateFunc* DoubleCreate = &ky::NumberCreate<DoubleLSHelper>;
 inline constexpr KyDeleteFunc* DoubleDelete = &ky::NumberDelete;
 inline constexpr KySizeGetFromMemFileFunc* DoubleSizeGetFromMemFile = &ky::FormSizeFromMemFile<DoubleLSHelper>;
 inline constexpr KyCompareFunc* DoubleCompare = &ky::NumberCompare<DoubleLSHelper>;
+inline constexpr KyEvalAndBoundFunc* DoubleEvalAndBound = &ky::NumberEvalAndBound<DoubleLSHelper>;
 inline constexpr KyHashFunc* DoubleHash = &ky::NumberHash<DoubleLSHelper>;
 inline constexpr KyConvertToFunc* DoubleConvertToKyString = &ky::NumberConvertToKyString<DoubleLSHelper>;
 inline constexpr KyConvertFromFunc* DoubleConvertFromKyString = &ky::NumberConvertFromKyString<DoubleLSHelper>;

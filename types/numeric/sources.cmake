@@ -3,6 +3,7 @@ set(folder_sources
   int64_boolean_rows.cpp
   int64_slots.cpp
   kyint64.cpp
+  kytypevl.cpp
   null_kernels.cpp
   null_kernels_avx2.cpp
   null_kernels_avx512.cpp
@@ -24,4 +25,5 @@ set(folder_sources
 set(folder_headers
   kyboolean.h
   kyint64.h
-  kynull.h)
+  kynull.h
+  kytypevl.h)
