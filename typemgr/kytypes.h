@@ -102,12 +102,13 @@ inline constexpr unsigned char KyFormMask = 15;     ///< the bits that choose th
 inline constexpr unsigned short KyCmpEqual = 0x0001;
 inline constexpr unsigned short KyCmpLess = 0x0002;
 inline constexpr unsigned short KyCmpGreater = 0x0004;
-inline constexpr unsigned short KyCmpExact = 0x0010;         ///< no wildcards
-inline constexpr unsigned short KyCmpIgnoreCase = 0x0020;    ///< strings only
-inline constexpr unsigned short KyCmpIgnoreAccent = 0x0040;  ///< strings only
-inline constexpr unsigned short KyCmpPrefixResult = 0x0080;  ///< strings: a prefix's result is the comparer's own
-inline constexpr unsigned short KyCmpStringExact = 0x0100;   ///< strings: exact, no wildcards
-inline constexpr unsigned short KyCmpDefault = 0xFFFF;       ///< strings: the default compare operator
+inline constexpr unsigned short KyCmpExact = 0x0010;            ///< no wildcards
+inline constexpr unsigned short KyCmpIgnoreCase = 0x0020;       ///< strings only
+inline constexpr unsigned short KyCmpIgnoreAccent = 0x0040;     ///< strings only
+inline constexpr unsigned short KyCmpPrefixResult = 0x0080;     ///< strings: a prefix's result is the comparer's own
+inline constexpr unsigned short KyCmpStringExact = 0x0100;      ///< strings: exact, no wildcards
+inline constexpr unsigned short KyCmpNeutralLanguage = 0x0200;  ///< strings: both in the neutral language; not if exact
+inline constexpr unsigned short KyCmpDefault = 0xFFFF;          ///< strings: the default compare operator
 
 // ---------------------------------------------------------------------------------------------
 // Status codes. No function of a row throws; what fails says so by one of these or by a null result.

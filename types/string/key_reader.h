@@ -12,59 +12,98 @@
 
 namespace ky {
 
-/// Characters that are compared at most: maxLen as it travels through the interface, -1 meaning all.
+/// Orders that are compared at most: maxLen as it travels through the interface, -1 meaning all.
 constexpr unsigned CompareLimit(short maxLen) { return maxLen == -1 ? ~0u : static_cast<unsigned short>(maxLen); }
 
-/// Yields the comparison keys of a text, masked, and 0 at its end or behind the last of `limit` orders. A null text is
-/// empty. Characters that rank alone are looked up; from the first other one on an iterator reads.
+/// A zero-terminated text (null: empty) and how to read it. `format` 2: 16-bit units have their bytes swapped.
+struct TextView {
+    const char* text;
+    unsigned char codeSet;
+    unsigned char language;
+    unsigned char format;
+};
+
+/// Yields the comparison keys of a text, masked, and 0 at its end or behind the last of `limit` orders. Characters are
+/// looked up; an iterator reads those that stand for several orders, those that stand together for one, and
+/// the texts for which there are no tables. A copy reads on from the same place on its own.
 class KeyReader {
 public:
-    KeyReader(const char* text, unsigned char textCodeSet, unsigned char textLanguage, unsigned char textFormat,
-              unsigned limit, unsigned keyMask)
-        : table(text != nullptr ? KeyTableOf(textCodeSet, textLanguage) : nullptr),
-          at(text),
+    /// `inDefaultClasses`: as if each order value were of its default class.
+    KeyReader(const TextView& view, unsigned limit, unsigned keyMask, bool inDefaultClasses)
+        : at(view.text != nullptr ? view.text : kNothing),
+          codeSet(TextCodeSet(view.codeSet)),
+          language(view.language),
+          format(view.format),
+          defaultClasses(inDefaultClasses),
           left(limit),
-          mask(keyMask),
-          codeSet(TextCodeSet(textCodeSet)),
-          language(textLanguage),
-          format(textFormat) {
-        if (table == nullptr) ReadOnByIterator();
+          mask(keyMask) {
+        if (KeyPages::AreKept(codeSet, language)) {
+            pages.emplace(language);
+        } else {
+            table = KeyTableOf(codeSet, language);
+        }
     }
+    KeyReader(const char* text, unsigned char textCodeSet, unsigned char textLanguage, unsigned char textFormat,
+              unsigned limit, unsigned keyMask, bool inDefaultClasses = false)
+        : KeyReader({text, textCodeSet, textLanguage, textFormat}, limit, keyMask, inDefaultClasses) {}
 
     unsigned Next() {
         if (left == 0) return order = 0;
         --left;
-        if (table != nullptr) {
-            const unsigned key = (*table)[*at];
-            if (key != KeyTable::kNeedsIterator) {
-                order = table->OrderOf(*at);
-                if (order != 0) ++at;
-                return key & mask;
-            }
-            ReadOnByIterator();
-        }
-        order = it->GetNextOrder(1);
-        return OrderKey(order, it->OrderClass()) & mask;
+        if (!LookUp()) Iterate();
+        return (defaultClasses ? OrderKey(order, DefaultClass(order)) : key) & mask;
     }
     /// Order value behind the key that was read last; 0 at the end.
     unsigned short Order() const { return order; }
+    /// The order that was read last does not count towards the limit.
+    void Uncount() { ++left; }
     bool TookContractions() const { return it && it->TookContractions(); }
 
 private:
-    void ReadOnByIterator() {
-        table = nullptr;
-        it.emplace(at, codeSet, language, format);
-    }
+    /// Where the tables speak of a character; no page: there are no tables.
+    struct Entry {
+        const KeyPage* page;
+        unsigned index;
+        unsigned Marks() const { return page->marks[index]; }
+    };
 
-    const KeyTable* table;  ///< null: the iterator reads
+    bool LookUp() {
+        if (expanding) return false;
+        const Entry entry = EntryAt(at);
+        if (entry.page == nullptr || (entry.Marks() != 0 && !RanksAlone(entry))) return false;
+        key = entry.page->keys[entry.index] & ~KeyPage::kMarked;
+        order = entry.page->orders[entry.index];
+        if (order != 0) at += CharWidth(codeSet);
+        return true;
+    }
+    Entry EntryAt(const char* p) const {
+        if (table != nullptr) return {table, static_cast<unsigned char>(*p)};
+        if (!pages) return {nullptr, 0};
+        const unsigned short code = ReadUnit(p, format);
+        return {&pages->PageOf(code), code & 0xFFu};
+    }
+    bool RanksAlone(const Entry& entry) const {
+        if ((entry.Marks() & KeyPage::kNeedsIterator) != 0) return false;
+        if ((entry.Marks() & KeyPage::kJoinsNext) == 0) return true;
+        return (EntryAt(at + CharWidth(codeSet)).Marks() & KeyPage::kLeansBack) == 0;
+    }
+    void Iterate();
+
+    static constexpr char kNothing[2] = {};
+
     const char* at;
-    std::optional<KyStringIterator> it;
-    unsigned left;
-    unsigned mask;
-    unsigned short order = 0;
+    const KeyTable* table = nullptr;
+    std::optional<KeyPages> pages;
+    std::optional<KyStringIterator> it;  ///< once one was needed
     unsigned char codeSet;
     unsigned char language;
     unsigned char format;
+    bool defaultClasses;
+    bool expanding = false;  ///< the iterator has further orders of a character
+    unsigned short order = 0;
+    unsigned key = 0;  ///< of the order that was read last, unmasked
+    unsigned left;
+    unsigned mask;
 };
 
 /// Bytes as their own keys. A null text is empty.
@@ -84,6 +123,8 @@ public:
         return order;
     }
     unsigned short Order() const { return order; }
+    /// Every byte counts towards the limit, whatever it means.
+    static constexpr void Uncount() {}
     static constexpr bool TookContractions() { return false; }
 
 private:

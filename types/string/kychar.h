@@ -10,6 +10,10 @@
 class KyString;
 class KyStringIterator;
 
+namespace ky {
+class KeyReader;
+}
+
 /// A character: a value, or a reference to a position inside a text, in which case assignment writes there.
 /// Code set or language 255: the default. A reference is valid as long as the text's buffer is.
 class KY_EXPORT KyChar {
@@ -80,16 +84,17 @@ public:
 };
 
 /// A cursor over a zero-terminated text at any address. Reads the text in place; owns a buffer only when built over
-/// one character. A null text is an empty one.
+/// one character. A copy reads on from the same place on its own; it owns nothing and is of use as long as the text is
+/// there. A null text is an empty one.
 class KY_EXPORT KyStringIterator {
 public:
     KyStringIterator(const char* text, unsigned char codeSet, unsigned char language, unsigned char format);
     KyStringIterator(unsigned short* text, unsigned char codeSet, unsigned char language, unsigned char format);
     explicit KyStringIterator(KyString& s);
     explicit KyStringIterator(const KyChar& c);
-    KyStringIterator(const KyStringIterator&) = delete;
-    KyStringIterator& operator=(const KyStringIterator&) = delete;
-    ~KyStringIterator() { Destroy(); }
+    KyStringIterator(const KyStringIterator& other) = default;
+    KyStringIterator& operator=(const KyStringIterator& other) = default;
+    ~KyStringIterator() = default;
 
     /// The current character: from the overflow list while it lasts (each call takes one), else at the position.
     KyChar operator*();
@@ -108,7 +113,8 @@ public:
     void Transform(KyStringIterator& dst, KyCharOperation& op);
 
     /// Order value of the next character (contractions taken together, expansions one by one), 0 at the end, where
-    /// the position stays. `withClass` non-zero: the class is left in `OrderClass`, 20 meaning none.
+    /// the position stays. `withClass` non-zero: the class is left in `OrderClass`, 20 meaning none; the end and the
+    /// orders that are markers leave it as it was.
     unsigned short GetNextOrder(unsigned short withClass);
     unsigned char OrderClass() const { return orderClass; }
     /// Some order so far stood for several characters.
@@ -120,13 +126,41 @@ public:
     void Destroy();  ///< frees an owned buffer
 
 private:
+    friend class ky::KeyReader;
+
+    /// The start of a buffer that is freed with its iterator. Copying and assigning an iterator hands it to no one:
+    /// going back to a remembered place keeps the text.
+    class OwnedText {
+    public:
+        OwnedText() = default;
+        OwnedText(const OwnedText&) noexcept {}
+        // NOLINTNEXTLINE(cert-oop54-cpp): does nothing
+        OwnedText& operator=(const OwnedText&) noexcept { return *this; }
+        ~OwnedText() { Free(); }
+
+        char* Allocate(unsigned bytes);  ///< all zero
+        /// False when there was nothing to free.
+        bool Free();
+
+    private:
+        char* start = nullptr;
+    };
+
     bool InOverflow() const { return overflow != nullptr && overflowIndex < overflow->count; }
     void Advance() {
         if (InOverflow()) return;
         overflow = nullptr;
         position += codeSetCode < KyCodeSetFirst16Bit ? 1 : 2;
     }
-    unsigned short NextStoredOrder();
+    /// Goes on at another place, where no list is being read; the last order before it had this class.
+    void Resume(const char* place, unsigned char lastClass) {
+        position = place;
+        orderClass = lastClass;
+        overflow = nullptr;
+    }
+    unsigned char Ranked(unsigned char neutralClass) const;
+    unsigned char ClassInList(unsigned short order) const;
+    unsigned short NextStoredOrder(unsigned short withClass);
     unsigned short NextUnrecordedOrder(unsigned short code, unsigned short withClass);
     const KyCharProps* TakeContractions(const KyCharProps* record);
 
@@ -142,7 +176,8 @@ private:
 
     const KyCodeSet* propertySet;  ///< has the records: the code set itself or Unicode
     const KyLanguage* rules;       ///< null: as the neutral language
-    char* ownedBuffer;             ///< null: the text is the caller's
+    OwnedText owned;
+    unsigned char expandedClass;  ///< of the letters in a list of orders
     bool tookContractions;
 };
 

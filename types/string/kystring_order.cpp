@@ -120,7 +120,7 @@ unsigned HashString(unsigned char codeSet, unsigned char language, const char* t
         for (unsigned byte = bytes.Next(); bytes.Order() != 0; byte = bytes.Next()) hash = 9 * hash + byte;
         return hash;
     }
-    ky::KeyReader keys(text, codeSet, language, format, limit, ~0u);
+    ky::KeyReader keys({text, codeSet, language, format}, limit, ~0u, false);
     for (unsigned key = keys.Next(); keys.Order() != 0; key = keys.Next()) hash = 9 * hash + key;
     return hash;
 }

@@ -28,7 +28,7 @@ KyStringIterator::KyStringIterator(const char* text, unsigned char textCodeSet, 
       overflow(nullptr),
       propertySet(codeSet->HasPropertyTable() ? codeSet : &ky::CodeSetOf(KyCodeSetUnicode)),
       rules(KyLanguageContext::QueryLanguage(language)),
-      ownedBuffer(nullptr),
+      expandedClass(KyClassLatin),
       tookContractions(false) {}
 
 KyStringIterator::KyStringIterator(unsigned short* text, unsigned char textCodeSet, unsigned char textLanguage,
@@ -41,16 +41,22 @@ KyStringIterator::KyStringIterator(KyString& s)
 KyStringIterator::KyStringIterator(const KyChar& c)
     : KyStringIterator(static_cast<const char*>(nullptr), c.CodeSetGet(), c.LanguageGet(), 1) {
     const unsigned width = ky::CharWidth(codeSetCode);
-    ownedBuffer = new char[std::size_t{2} * width]();
-    ky::WriteCode(ownedBuffer, width, c.CodeGet(), 1);
-    position = ownedBuffer;
+    char* copy = owned.Allocate(2 * width);
+    ky::WriteCode(copy, width, c.CodeGet(), 1);
+    position = copy;
+}
+
+char* KyStringIterator::OwnedText::Allocate(unsigned bytes) { return start = new char[bytes](); }
+
+bool KyStringIterator::OwnedText::Free() {
+    if (start == nullptr) return false;
+    delete[] start;
+    start = nullptr;
+    return true;
 }
 
 void KyStringIterator::Destroy() {
-    if (ownedBuffer == nullptr) return;
-    delete[] ownedBuffer;
-    ownedBuffer = nullptr;
-    position = kEmptyText;
+    if (owned.Free()) position = kEmptyText;
 }
 
 // --- characters ---
@@ -87,6 +93,7 @@ void KyStringIterator::SetOverflow(const KyWCharList* list, unsigned char listCo
     overflow = list != nullptr && list->count != 0 ? list : nullptr;
     overflowIndex = 0;
     overflowCodeSet = listCodeSet == 255 ? codeSetCode : listCodeSet;
+    expandedClass = Ranked(KyClassLatin);
 }
 
 void KyStringIterator::Transform(KyStringIterator& dst, KyCharOperation& op) {
@@ -98,21 +105,32 @@ void KyStringIterator::Transform(KyStringIterator& dst, KyCharOperation& op) {
 
 // --- order values ---
 
-unsigned short KyStringIterator::NextStoredOrder() {
+/// What a class of the tables is in this language.
+unsigned char KyStringIterator::Ranked(unsigned char neutralClass) const {
+    return rules != nullptr ? rules->ClassOf({.orderClass = neutralClass}) : neutralClass;
+}
+
+/// The class of an order that follows in an expansion: that of the expanded character, if both are letters.
+unsigned char KyStringIterator::ClassInList(unsigned short order) const {
+    return ky::IsLetterOrder(order) ? expandedClass : Ranked(ky::DefaultClass(order));
+}
+
+unsigned short KyStringIterator::NextStoredOrder(unsigned short withClass) {
     const auto* bytes = reinterpret_cast<const unsigned char*>(position);
-    const auto order = static_cast<unsigned short>(bytes[0] | bytes[1] << 8);
-    orderClass = 0;
-    if (order != 0) Advance();
+    const unsigned high = format == 2 ? 0 : 1;
+    const auto order = static_cast<unsigned short>(bytes[1 - high] | bytes[high] << 8);
+    if (order == 0) return 0;
+    if (withClass != 0) orderClass = ky::DefaultClass(order);
+    Advance();
     return order;
 }
 
 unsigned short KyStringIterator::NextUnrecordedOrder(unsigned short code, unsigned short withClass) {
     Advance();
-    if (withClass != 0) {
-        const bool marker =
-            code == KyString::GetAsterisk() || code == KyString::GetQuestion() || code > ky::kLastCharacterCode;
-        orderClass = marker ? 0 : ky::kNoClass;
-    }
+    // KEPT: a marker has no class of its own and leaves that of the character before it.
+    const bool marker =
+        code == KyString::GetAsterisk() || code == KyString::GetQuestion() || code > ky::kLastCharacterCode;
+    if (withClass != 0 && !marker) orderClass = ky::kNoClass;
     return code;
 }
 
@@ -152,20 +170,17 @@ unsigned short KyStringIterator::GetNextOrder(unsigned short withClass) {
     if (fromList) {
         code = overflow->items[overflowIndex++];
         if (overflowCodeSet == KyCodeSetOrders) {
-            // Part of an expansion: the class is still the one of the character that is expanded.
+            if (withClass != 0) orderClass = ClassInList(code);
             Advance();
             return code;
         }
         set = &ky::CodeSetOf(overflowCodeSet);
         table = set->HasPropertyTable() ? set : &ky::CodeSetOf(KyCodeSetUnicode);
     } else {
-        if (codeSetCode == KyCodeSetOrders) return NextStoredOrder();
+        if (codeSetCode == KyCodeSetOrders) return NextStoredOrder(withClass);
         code = ky::ReadCode(position, ky::CharWidth(codeSetCode), format);
     }
-    if (code == 0) {
-        orderClass = 0;
-        return 0;
-    }
+    if (code == 0) return 0;
     if (table != set) code = table->MapFrom(*set, code);
     const KyCharProps* record = table->GetProperty(code);
     if (record == nullptr) return NextUnrecordedOrder(code, withClass);
@@ -173,9 +188,11 @@ unsigned short KyStringIterator::GetNextOrder(unsigned short withClass) {
         if (rules != nullptr) record = &rules->Select(*record);
         if (!fromList) record = TakeContractions(record);
     }
-    if (withClass != 0) orderClass = rules != nullptr ? rules->ClassOf(*record) : record->orderClass;
+    const unsigned char recordClass = Ranked(record->orderClass);
+    if (withClass != 0) orderClass = recordClass;
     if (record->rules != nullptr && record->rules->orderExpansion.count != 0) {
         SetOverflow(&record->rules->orderExpansion, KyCodeSetOrders);
+        if (ky::IsLetterOrder(record->order)) expandedClass = recordClass;
     }
     Advance();
     return record->order;

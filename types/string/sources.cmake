@@ -1,5 +1,9 @@
 set(folder_sources
   code_mapping.cpp
+  common_text.cpp
+  common_text_avx2.cpp
+  common_text_avx512.cpp
+  key_reader.cpp
   key_table.cpp
   kychar.cpp
   kychar_in_string.cpp

@@ -1,118 +1,169 @@
 #include "string_compare.h"
 
-#include "key_table.h"
-#include "plain_reader.h"
+#include "common_text.h"
 
 namespace ky {
 namespace {
 
-constexpr char kEmpty[2] = {};
-
-/// Two texts from places on at which no contraction is under way.
-struct Places {
-    const TextView& a;
-    const TextView& b;
-    const char* atA;
-    const char* atB;
-    unsigned limit;
-    unsigned mask;
-};
-
-bool AreAlike(const Places& at) {
-    return at.a.codeSet == at.b.codeSet && at.a.language == at.b.language && at.limit == CompareLimit(-1);
-}
-
 int Difference(unsigned keyA, unsigned keyB) { return static_cast<int>(keyA - keyB); }
 
-int CompareByIterator(const Places& from) {
-    KeyReader readerA(from.atA, from.a.codeSet, from.a.language, from.a.format, from.limit, from.mask);
-    KeyReader readerB(from.atB, from.b.codeSet, from.b.language, from.b.format, from.limit, from.mask);
+int CompareReaders(KeyReader a, KeyReader b) {
     for (;;) {
-        const unsigned keyA = readerA.Next();
-        const unsigned keyB = readerB.Next();
+        const unsigned keyA = a.Next();
+        const unsigned keyB = b.Next();
         if (keyA != keyB) return Difference(keyA, keyB);
-        if (readerA.Order() == 0) return 0;
+        if (a.Order() == 0) return 0;
     }
 }
 
-/// Characters by which a comparison has to step back from the end of the common beginning, `common` characters long,
-/// so that no contraction reaches over the place. `mayJoin(n)` tells of the character n places before it.
-template <class MayJoin>
-std::size_t StepBack(std::size_t common, MayJoin mayJoin) {
-    std::size_t back = 0;
-    std::size_t apart = 0;
-    while (back != common && apart < KyContraction::Longest - 1) {
-        ++back;
-        apart = mayJoin(back) ? 0 : apart + 1;
-    }
-    return back - apart;
+// --- how the characters of a text are looked up ---
+
+struct NarrowText {
+    static constexpr unsigned width = 1;
+    const KeyTable* table;
+
+    static unsigned Code(const char* p) { return static_cast<unsigned char>(*p); }
+    const KeyPage& PageOf(unsigned) const { return *table; }
+};
+
+struct WideText {
+    static constexpr unsigned width = 2;
+    KeyPages pages;
+    unsigned char format;
+
+    unsigned Code(const char* p) const { return ReadUnit(p, format); }
+    const KeyPage& PageOf(unsigned code) const { return pages.PageOf(static_cast<unsigned short>(code)); }
+};
+
+template <class Text>
+unsigned KeyAt(const Text& text, const char* p) {
+    const unsigned code = text.Code(p);
+    return text.PageOf(code).keys[code & 0xFF];
 }
 
-int CompareByTable(Places at, const KeyTable& tableA, const KeyTable& tableB) {
-    if (AreAlike(at)) {
-        const char* start = at.atA;
-        while (*at.atA == *at.atB) {
-            if (*at.atA == 0) return 0;
-            ++at.atA;
-            ++at.atB;
-        }
-        const std::size_t back = StepBack(static_cast<std::size_t>(at.atA - start), [&](std::size_t n) {
-            return tableA[*(at.atA - n)] == KeyTable::kNeedsIterator;
-        });
-        at.atA -= back;
-        at.atB -= back;
+template <class Text>
+bool LeansBack(const Text& text, const char* p) {
+    const unsigned code = text.Code(p);
+    return (text.PageOf(code).marks[code & 0xFF] & KeyPage::kLeansBack) != 0;
+}
+
+/// Whole order texts hold their orders as they stand.
+struct OrderText {
+    static constexpr unsigned width = 2;
+    unsigned char format;
+};
+
+unsigned KeyAt(const OrderText& text, const char* p) {
+    const auto* bytes = reinterpret_cast<const unsigned char*>(p);
+    const unsigned high = text.format == 2 ? 0 : 1;
+    const auto order = static_cast<unsigned short>(bytes[1 - high] | bytes[high] << 8);
+    return OrderKey(order, DefaultClass(order));
+}
+
+// --- texts that are read alike: equal characters are equal keys ---
+
+/// Where readers have to begin so that they read what stands at `a` right: the characters before it are those of both
+/// texts, as far as they matter.
+template <class Text>
+std::size_t StepBack(const Text& text, const char* start, const char* a, const char* b) {
+    if (a == start || !(LeansBack(text, a) || LeansBack(text, b))) return 0;
+    const char* place = a;
+    do place -= Text::width;
+    while (place != start && LeansBack(text, place));
+    return static_cast<std::size_t>(a - place);
+}
+
+/// `decide(start, a, b)` gives the result where a character at the end of the equal beginnings does not rank alone.
+template <class Text, class Decide>
+[[gnu::always_inline]] inline int CompareAlike(const Text& text, const char* a, const char* b, unsigned mask,
+                                               const Decide& decide) {
+    const char* start = a;
+    for (;;) {
+        const std::size_t common = CommonText<Text::width>(a, b);
+        a += common;
+        b += common;
+        const unsigned keyA = KeyAt(text, a);
+        const unsigned keyB = KeyAt(text, b);
+        if (KeyPage::IsMarked(keyA | keyB)) return decide(start, a, b);
+        if (((keyA ^ keyB) & mask) != 0) return Difference(keyA & mask, keyB & mask);
+        if (keyA == 0) return 0;
+        a += Text::width;
+        b += Text::width;
     }
-    for (; at.limit != 0; --at.limit, ++at.atA, ++at.atB) {
-        // The analyzer does not know that the key of a terminator is 0, which ends the loop.
-        const unsigned keyA = tableA[*at.atA];  // NOLINT(clang-analyzer-core.CallAndMessage)
-        const unsigned keyB = tableB[*at.atB];
-        if (((keyA | keyB) & KeyTable::kNeedsIterator) != 0) return CompareByIterator(at);
-        if (((keyA ^ keyB) & at.mask) != 0) return Difference(keyA & at.mask, keyB & at.mask);
+}
+
+template <class Text>
+[[gnu::noinline]] int DecideByReaders(const Text& text, const char* start, TextView a, TextView b, unsigned mask) {
+    const std::size_t back = StepBack(text, start, a.text, b.text);
+    a.text -= back;
+    b.text -= back;
+    return CompareReaders({a, ~0u, mask, false}, {b, ~0u, mask, false});
+}
+
+// --- texts that are read each in its own way ---
+
+template <class TextA, class TextB>
+int ComparePairs(const TextA& textA, const TextB& textB, TextView a, TextView b, unsigned limit, unsigned mask) {
+    for (; limit != 0; --limit, a.text += TextA::width, b.text += TextB::width) {
+        const unsigned keyA = KeyAt(textA, a.text);
+        const unsigned keyB = KeyAt(textB, b.text);
+        if (KeyPage::IsMarked(keyA | keyB)) return CompareReaders({a, limit, mask, false}, {b, limit, mask, false});
+        if (((keyA ^ keyB) & mask) != 0) return Difference(keyA & mask, keyB & mask);
         if (keyA == 0) return 0;
     }
     return 0;
 }
 
-/// Length in characters of the common beginning; `ended`: the texts are equal.
-std::size_t CommonBeginning(const char* a, const char* b, unsigned width, bool& ended) {
-    for (std::size_t n = 0;; ++n) {
-        const unsigned short codeA = ReadCode(a + n * width, width, 1);
-        const bool differ = codeA != ReadCode(b + n * width, width, 1);
-        ended = !differ && codeA == 0;
-        if (differ || ended) return n;
+/// Calls `with` with how the text's characters are looked up, if they can be.
+template <class With>
+void LookUp(const TextView& view, const With& with) {
+    if (KeyPages::AreKept(view.codeSet, view.language)) {
+        with(WideText{KeyPages(view.language), view.format});
+    } else if (const KeyTable* table = KeyTableOf(view.codeSet, view.language)) {
+        with(NarrowText{table});
     }
-}
-
-int CompareByRecord(Places at) {
-    const PlainReader readerA(at.a.codeSet, at.a.language, at.a.format);
-    const PlainReader readerB(at.b.codeSet, at.b.language, at.b.format);
-    if (AreAlike(at)) {
-        const unsigned width = readerA.Width();
-        bool ended;
-        std::size_t start = CommonBeginning(at.atA, at.atB, width, ended);
-        if (ended) return 0;
-        start -= StepBack(start, [&](std::size_t n) { return readerA.MayJoin(at.atA + (start - n) * width); });
-        at.atA += start * width;
-        at.atB += start * width;
-    }
-    for (; at.limit != 0; --at.limit, at.atA += readerA.Width(), at.atB += readerB.Width()) {
-        unsigned keyA;
-        unsigned keyB;
-        if (!readerA.KeyAt(at.atA, keyA) || !readerB.KeyAt(at.atB, keyB)) return CompareByIterator(at);
-        if (((keyA ^ keyB) & at.mask) != 0) return Difference(keyA & at.mask, keyB & at.mask);
-        if (keyA == 0) return 0;
-    }
-    return 0;
 }
 
 }  // namespace
 
-int CompareKeys(const TextView& a, const TextView& b, unsigned limit, unsigned mask) {
-    const Places at{a, b, a.text != nullptr ? a.text : kEmpty, b.text != nullptr ? b.text : kEmpty, limit, mask};
-    if (const KeyTable* tableA = KeyTableOf(a.codeSet, a.language)) {
-        if (const KeyTable* tableB = KeyTableOf(b.codeSet, b.language)) return CompareByTable(at, *tableA, *tableB);
+int CompareByTable(const KeyTable& table, const char* a, const char* b, unsigned mask) {
+    return CompareAlike(NarrowText{&table}, a, b, mask, [&](const char* start, const char* atA, const char* atB) {
+        return DecideByReaders(NarrowText{&table}, start, {atA, table.codeSet, table.language, 1},
+                               {atB, table.codeSet, table.language, 1}, mask);
+    });
+}
+
+int CompareByPages(KeyPages pages, const char* a, const char* b, unsigned char format, unsigned mask) {
+    const WideText text{pages, format};
+    return CompareAlike(text, a, b, mask, [&](const char* start, const char* atA, const char* atB) {
+        return DecideByReaders(text, start, {atA, KyCodeSetUnicode, pages.Language(), format},
+                               {atB, KyCodeSetUnicode, pages.Language(), format}, mask);
+    });
+}
+
+int CompareKeys(TextView a, TextView b, unsigned limit, unsigned mask) {
+    static constexpr char nothing[2] = {};
+    if (a.text == nullptr) a.text = nothing;
+    if (b.text == nullptr) b.text = nothing;
+    const bool whole = limit == CompareLimit(-1);
+    if (ReadsDefaultClasses(a.codeSet, b.codeSet)) {
+        if (whole && a.codeSet == b.codeSet && a.format == b.format) {
+            return CompareAlike(OrderText{a.format}, a.text, b.text, mask, [](auto...) { return 0; });
+        }
+        return CompareReaders({a, limit, mask, true}, {b, limit, mask, true});
     }
-    return CompareByRecord(at);
+    if (whole && a.codeSet == b.codeSet && a.language == b.language && a.format == b.format) {
+        if (KeyPages::AreKept(a.codeSet, a.language)) {
+            return CompareByPages(KeyPages(a.language), a.text, b.text, a.format, mask);
+        }
+        const KeyTable* table = KeyTableOf(a.codeSet, a.language);
+        if (table != nullptr) return CompareByTable(*table, a.text, b.text, mask);
+    }
+    std::optional<int> result;
+    LookUp(a, [&](const auto& textA) {
+        LookUp(b, [&](const auto& textB) { result = ComparePairs(textA, textB, a, b, limit, mask); });
+    });
+    return result ? *result : CompareReaders({a, limit, mask, false}, {b, limit, mask, false});
 }
 
 }  // namespace ky

@@ -206,13 +206,6 @@ PrefixMatch MatchPrefix(unsigned char codeSet, unsigned char language, const cha
                         KeyReader(pattern, patternCodeSet, patternLanguage, 1, all, mask));
 }
 
-unsigned KeyMask(unsigned short op) {
-    unsigned mask = ~0u;
-    if ((op & KyCmpIgnoreCase) != 0) mask &= ~kCaseBits;
-    if ((op & KyCmpIgnoreAccent) != 0) mask &= ~kAccentBits;
-    return mask;
-}
-
 int CompareWithWildcards(KeyReader& text, KeyReader& pattern) { return Compare(text, pattern, false).result; }
 int CompareWithWildcards(ByteReader& text, ByteReader& pattern) { return Compare(text, pattern, false).result; }
 

@@ -33,9 +33,6 @@ class KeyReader;
 int CompareWithWildcards(KeyReader& text, KeyReader& pattern);
 int CompareWithWildcards(ByteReader& text, ByteReader& pattern);
 
-/// The bits of a comparison key that an operator leaves in force.
-unsigned KeyMask(unsigned short op);
-
 }  // namespace ky
 
 #endif

@@ -10,6 +10,7 @@
 
 namespace {
 
+using ky::KeyPage;
 using ky::KeyTable;
 using ky::KeyTableOf;
 
@@ -22,16 +23,39 @@ TEST(KeyTable, HoldsTheKeysOfTheIterator) {
             const char text[] = {static_cast<char>(code), 0};
             KyStringIterator it(text, codeSet, 0, 1);
             const unsigned short order = it.GetNextOrder(1);
-            if ((*table)[text[0]] == KeyTable::kNeedsIterator) {
+            EXPECT_EQ(KeyPage::IsMarked(table->KeyOf(text[0])), table->MarksOf(text[0]) != 0) << code;
+            if ((table->MarksOf(text[0]) & KeyPage::kNeedsIterator) != 0) {
                 EXPECT_TRUE(it.OrderClass() == ky::kNoClass || !it.IsEOS()) << int{codeSet} << ' ' << code;
                 EXPECT_EQ(table->OrderOf(text[0]), 0);
                 continue;
             }
-            EXPECT_EQ((*table)[text[0]], ky::OrderKey(order, it.OrderClass())) << int{codeSet} << ' ' << code;
+            EXPECT_EQ(table->KeyOf(text[0]) & ~KeyPage::kMarked, ky::OrderKey(order, it.OrderClass()))
+                << int{codeSet} << ' ' << code;
             EXPECT_EQ(table->OrderOf(text[0]), order);
             EXPECT_EQ(it.GetNextOrder(1), 0) << "one order";
         }
     }
+}
+
+TEST(KeyPages, HoldTheKeysOfTheIterator) {
+    const ky::KeyPages pages(0);
+    for (unsigned code = 1; code < 0x10000; ++code) {
+        const auto unit = static_cast<unsigned short>(code);
+        unsigned short text[] = {unit, 0};
+        KyStringIterator it(text, 253, 0, 1);
+        const unsigned short order = it.GetNextOrder(1);
+        const KeyPage& page = pages.PageOf(unit);
+        const unsigned marks = page.marks[code & 0xFF];
+        ASSERT_EQ(KeyPage::IsMarked(page.keys[code & 0xFF]), marks != 0) << code;
+        if ((marks & KeyPage::kNeedsIterator) != 0) {
+            ASSERT_TRUE(it.OrderClass() == ky::kNoClass || !it.IsEOS()) << code;
+            continue;
+        }
+        ASSERT_EQ(page.keys[code & 0xFF] & ~KeyPage::kMarked, ky::OrderKey(order, it.OrderClass())) << code;
+        ASSERT_EQ(page.orders[code & 0xFF], order);
+    }
+    EXPECT_EQ(pages.PageOf(0).keys[0], 0u);
+    EXPECT_EQ(&pages.PageOf('a'), &pages.PageOf('z'));
 }
 
 TEST(KeyTable, IsKeptForEightBitSetsAlone) {
@@ -50,7 +74,7 @@ TEST(KeyTable, ManyThreadsGetTheSame) {
         threads.emplace_back([&mine] {
             for (unsigned char i = 0; i < mine.size(); ++i) {
                 mine[i] = KeyTableOf(1, static_cast<unsigned char>(firstFresh + i));
-                if ((*mine[i])['a'] == 0) mine[i] = nullptr;
+                if (mine[i]->KeyOf('a') == 0) mine[i] = nullptr;
             }
         });
     }

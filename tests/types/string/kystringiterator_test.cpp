@@ -168,12 +168,18 @@ TEST(Iterator, ExpandsInOrderOnly) {
     EXPECT_EQ(Codes(characters), (std::vector<unsigned>{0xE6, 'z'}));
 }
 
-TEST(Iterator, ReadsStoredOrdersLowByteFirst) {
-    for (const unsigned char format : std::initializer_list<unsigned char>{1, 2}) {
-        KyStringIterator it("\x0C\x40\x07\0\0", 254, 0, format);
-        EXPECT_EQ(Orders(it, 1), (std::vector<unsigned>{0x400C, 7}));
+TEST(Iterator, ReadsStoredOrdersInTheByteOrderOfTheFormat) {
+    for (const unsigned char format : std::initializer_list<unsigned char>{1, 2, 8, 255}) {
+        const char* text = format == 2 ? "\x40\x0C\x00\x07\x80\x01\0\0" : "\x0C\x40\x07\x00\x01\x80\0\0";
+        KyStringIterator it(text, 254, 0, format);
+        EXPECT_EQ(it.GetNextOrder(1), 0x400C);
+        EXPECT_EQ(it.OrderClass(), KyClassLatin) << "the class of such orders";
+        EXPECT_EQ(it.GetNextOrder(1), 7);
+        EXPECT_EQ(it.OrderClass(), KyClassCommon);
+        EXPECT_EQ(it.GetNextOrder(1), 0x8001);
+        EXPECT_EQ(it.OrderClass(), KyClassHan);
         EXPECT_EQ(it.GetNextOrder(1), 0);
-        EXPECT_EQ(it.OrderClass(), 0);
+        EXPECT_EQ(it.Position(), text + 6) << "the terminator is not stepped over";
     }
 }
 
@@ -208,8 +214,39 @@ TEST(Iterator, ClassesComeFromTheRecord) {
     EXPECT_EQ(it.OrderClass(), 0);
     it.GetNextOrder(1);
     EXPECT_EQ(it.OrderClass(), 1) << "a Greek letter";
+    EXPECT_EQ(it.GetNextOrder(1), 0);
+    EXPECT_EQ(it.OrderClass(), 1) << "the end has none of its own";
+}
+
+TEST(Iterator, Kept_AMarkerIsOfTheClassBeforeIt) {
+    const unsigned short text[] = {0xFFFF, 0xB5, 0xFFFF, 0xFFF0, 'a', 0xFFFF, 0};
+    KyStringIterator it(reinterpret_cast<const char*>(text), 253, 0, 1);
+    std::vector<unsigned> classes;
+    while (it.GetNextOrder(1) != 0) classes.push_back(it.OrderClass());
+    const unsigned greek = classes[1];
+    const unsigned latin = classes[4];
+    EXPECT_NE(greek, latin);
+    EXPECT_EQ(classes, (std::vector<unsigned>{0, greek, greek, greek, latin, latin}));
+}
+
+TEST(Iterator, ACopyReadsOnAloneAndOwnsNothing) {
+    KyStringIterator it("\xE6z", 1, 0, 1);
     it.GetNextOrder(1);
-    EXPECT_EQ(it.OrderClass(), 0) << "the end";
+    KyStringIterator copy(it);
+    const std::vector<unsigned> rest = Orders(it);
+    EXPECT_EQ(Orders(copy), rest) << "in the middle of an expansion";
+    EXPECT_EQ(rest.size(), 2u);
+
+    KyStringIterator owner(KyChar('a', 1, 0));
+    {
+        const KyStringIterator start(owner);
+        ++owner;
+        owner = start;
+        EXPECT_EQ((*owner).CodeGet(), 'a') << "back at a remembered place of the text that is owned";
+    }
+    EXPECT_EQ((*owner).CodeGet(), 'a');
+    owner.Destroy();
+    owner.Destroy();
 }
 
 }  // namespace

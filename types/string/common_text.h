@@ -1,0 +1,81 @@
+#ifndef COMMON_TEXT_H
+#define COMMON_TEXT_H
+
+/// How far two texts are the same. Vectors of bytes are read that may reach behind a terminator, never onto a page on
+/// which nothing of the text stands; a sanitizer cannot know that this is harmless and is kept out of these functions.
+
+#include <emmintrin.h>
+
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+
+#include "kernel_choice.h"
+
+namespace ky {
+
+/// Two texts of one width, up to `limit` bytes each, that are known to be the same, and to go on, before the byte `at`.
+/// Returns the byte offset of the first character that differs or, where none does, of the terminator or `limit`.
+using CommonTextKernel = std::size_t(const char* a, const char* b, std::size_t at, std::size_t limit);
+
+CommonTextKernel CommonBytesFrom;  ///< 8-bit characters
+CommonTextKernel CommonUnitsFrom;  ///< 16-bit characters at any address; `at` and `limit` are even
+
+/// The variants, from the one for any machine to the one for the widest instructions.
+struct CommonTextKernels {
+    const char* name;
+    CommonTextKernel* bytes;
+    CommonTextKernel* units;
+};
+inline constexpr int kCommonTextVariants = 3;
+extern const CommonTextKernels kCommonTextKernels[kCommonTextVariants];
+
+CommonTextKernel CommonBytesFromAny, CommonBytesFromAvx2, CommonBytesFromAvx512;
+CommonTextKernel CommonUnitsFromAny, CommonUnitsFromAvx2, CommonUnitsFromAvx512;
+
+/// Pages are at least as large.
+inline constexpr std::size_t kPageSize = 4096;
+
+/// Bytes from an address to the end of its page.
+inline std::size_t RoomInPage(const char* p) {
+    return kPageSize - (reinterpret_cast<std::uintptr_t>(p) & (kPageSize - 1));
+}
+
+/// `count` bytes (a power of two) at one of the addresses reach onto another page.
+inline bool EitherCrossesPage(const char* a, const char* b, std::size_t count) {
+    const auto first = reinterpret_cast<std::uintptr_t>(a);
+    const auto second = reinterpret_cast<std::uintptr_t>(b);
+    return (((first ^ (first + count - 1)) | (second ^ (second + count - 1))) & kPageSize) != 0;
+}
+
+/// A bit for each of 16 bytes that is part of a character that differs or ends both texts.
+template <unsigned width>
+__attribute__((KY_UNINSTRUMENTED)) inline unsigned StopsIn16(const char* a, const char* b) {
+    const __m128i charsA = _mm_loadu_si128(reinterpret_cast<const __m128i*>(a));
+    const __m128i charsB = _mm_loadu_si128(reinterpret_cast<const __m128i*>(b));
+    const __m128i zero = _mm_setzero_si128();
+    const __m128i equal = width == 1 ? _mm_cmpeq_epi8(charsA, charsB) : _mm_cmpeq_epi16(charsA, charsB);
+    const __m128i ends = width == 1 ? _mm_cmpeq_epi8(charsA, zero) : _mm_cmpeq_epi16(charsA, zero);
+    return static_cast<unsigned>(_mm_movemask_epi8(_mm_andnot_si128(ends, equal))) ^ 0xFFFF;
+}
+
+template <unsigned width>
+std::size_t CommonTextFrom(const char* a, const char* b, std::size_t at, std::size_t limit = ~std::size_t{1}) {
+    return width == 1 ? CommonBytesFrom(a, b, at, limit) : CommonUnitsFrom(a, b, at, limit);
+}
+
+/// The same for whole texts from their beginnings on; `width` 1 or 2 bytes a character. Most words are done here.
+template <unsigned width>
+inline std::size_t CommonText(const char* a, const char* b) {
+    constexpr std::size_t head = 16 * width;
+    if (EitherCrossesPage(a, b, head)) [[unlikely]]
+        return CommonTextFrom<width>(a, b, 0);
+    unsigned stops = StopsIn16<width>(a, b);
+    if constexpr (width == 2) stops |= StopsIn16<width>(a + 16, b + 16) << 16;
+    if (stops == 0) return CommonTextFrom<width>(a, b, head);
+    return static_cast<std::size_t>(std::countr_zero(stops));
+}
+
+}  // namespace ky
+
+#endif
