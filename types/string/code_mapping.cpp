@@ -10,17 +10,6 @@
 namespace ky {
 namespace {
 
-/// Bytes that a text of `length` characters takes with its terminator; both are cut at the limit.
-unsigned short LimitedSize(std::size_t& length, unsigned width) {
-    std::size_t size = (length + 1) * width;
-    if (size > kMaxStringBytes) {
-        CheckStringOverflow();
-        size = kMaxStringBytes;
-        length = kMaxStringBytes / width - 1;
-    }
-    return static_cast<unsigned short>(size);
-}
-
 /// Length of the run of ASCII characters at the front, the terminator not included; at most `limit`.
 std::size_t AsciiRun(const char* text, std::size_t limit, unsigned width) {
     std::size_t run = 0;
@@ -57,12 +46,11 @@ std::size_t MapCharacters(const KyCodeSet& from, unsigned fromWidth, const char*
     return done;
 }
 
-/// The same between two code set numbers, with everything behind the mapped characters up to `size` zeroed.
+/// A text of a known number of bytes: everything behind the mapped characters is zeroed.
 unsigned short MapInto(unsigned char from, unsigned char to, const char* src, std::size_t limit, char* dst,
                        std::size_t size) {
-    const unsigned width = CharWidth(to);
-    const std::size_t mapped = MapCharacters(CodeSetOf(from), CharWidth(from), src, CodeSetOf(to), width, dst, limit);
-    std::fill(dst + mapped * width, dst + size, '\0');
+    const std::size_t mapped = MapText(from, to, src, limit, dst);
+    std::fill(dst + mapped * CharWidth(to), dst + size, '\0');
     return static_cast<unsigned short>(mapped);
 }
 
@@ -76,9 +64,21 @@ void CheckStringOverflow() {
     if (wanted != 0) KYRN_assert("String overflow", "src/kystring", 1110);
 }
 
+std::size_t LimitedLength(std::size_t length, unsigned width) {
+    const std::size_t longest = kMaxStringBytes / width - 1;
+    if (length <= longest) return length;
+    CheckStringOverflow();
+    return longest;
+}
+
+std::size_t MapText(unsigned char from, unsigned char to, const char* src, std::size_t limit, char* dst) {
+    return MapCharacters(CodeSetOf(from), CharWidth(from), src, CodeSetOf(to), CharWidth(to), dst, limit);
+}
+
 unsigned short AllocMapped(unsigned char from, unsigned char to, const char* src, char*& out) {
-    std::size_t length = TextLength(src, CharWidth(from));
-    const unsigned short size = LimitedSize(length, CharWidth(to));
+    const unsigned width = CharWidth(to);
+    const std::size_t length = LimitedLength(TextLength(src, CharWidth(from)), width);
+    const auto size = static_cast<unsigned short>((length + 1) * width);
     out = new char[size];
     MapInto(from, to, src, length, out, size);
     return size;
@@ -86,8 +86,9 @@ unsigned short AllocMapped(unsigned char from, unsigned char to, const char* src
 
 unsigned short AllocMappedN(unsigned char from, unsigned char to, const char* src, unsigned short n, char*& buf,
                             unsigned short& bufSize) {
-    std::size_t limit = n;
-    const unsigned short size = LimitedSize(limit, CharWidth(to));
+    const unsigned width = CharWidth(to);
+    const std::size_t limit = LimitedLength(n, width);
+    const auto size = static_cast<unsigned short>((limit + 1) * width);
     if (buf == nullptr || bufSize < size) {
         delete[] buf;
         buf = nullptr;

@@ -9,6 +9,8 @@ set(folder_sources
   kychar_in_string.cpp
   kydiskform.cpp
   kymultibyte.cpp
+  kymultibyte_read.cpp
+  kymultibyte_write.cpp
   kystrcmp.cpp
   kystring.cpp
   kystring_append.cpp
@@ -36,6 +38,9 @@ set(folder_sources
   string_compare.cpp
   string_records.cpp
   text_format.cpp
+  utf8_kernels.cpp
+  utf8_kernels_avx2.cpp
+  utf8_kernels_avx512.cpp
   wildcard_compare.cpp)
 set(folder_headers
   kychar.h

@@ -1,0 +1,168 @@
+#include <algorithm>
+#include <cstring>
+#include <string>
+
+#include "code_mapping.h"
+#include "kymultibyte.h"
+#include "kystring.h"
+#include "kystring_build.h"
+#include "utf8_kernels.h"
+
+namespace {
+
+/// A multibyte text up to this size is written before a block of its size is made.
+constexpr int kWorkBytes = 2048;
+
+constexpr unsigned char kLastAsciiCodeSetOfLength = 5;
+constexpr unsigned char kLastAsciiCodeSet = 26;
+
+/// The characters of a string in Unicode, piece by piece; what does not fit into a Unicode string is cut.
+class UnicodeText {
+public:
+    explicit UnicodeText(const KyString& s) : codeSet(s.CodeSetGet()), text(s.StrGet()) {
+        if (codeSet == KyCodeSetUnicode) {
+            left = s.BufferSizeGet() / 2;
+        } else {
+            left = ky::LimitedLength(ky::TextLength(text, ky::CharWidth(codeSet)), 2);
+        }
+    }
+    UnicodeText(const UnicodeText&) = delete;
+    UnicodeText& operator=(const UnicodeText&) = delete;
+
+    /// Makes the next piece of `Count` units at `Units`, which may end at a zero unit; false at the end.
+    bool Next() {
+        if (left == 0) return false;
+        if (codeSet == KyCodeSetUnicode) {
+            count = left;
+            units = text;
+        } else {
+            count = std::min(left, std::size(mapped) / 2);
+            ky::MapText(codeSet, KyCodeSetUnicode, text, count, mapped);
+            units = mapped;
+        }
+        text += count * ky::CharWidth(codeSet);
+        left -= count;
+        return true;
+    }
+    const char* Units() const { return units; }
+    std::size_t Count() const { return count; }
+    /// The piece ends, or its unit number `at` is the terminator.
+    bool EndsAt(std::size_t at) const { return at == count || ky::AtEnd(units + 2 * at, 2); }
+
+private:
+    unsigned char codeSet;
+    const char* text;
+    std::size_t left;  ///< characters that may follow
+    const char* units = nullptr;
+    std::size_t count = 0;
+    char mapped[512];
+};
+
+/// `length` bytes of text in a new block with a terminator.
+char* NewText(const char* text, std::size_t length, int& size) {
+    char* block = new char[length + 1];
+    ky::CopyText(block, text, length);
+    block[length] = 0;
+    size = static_cast<int>(length + 1);
+    return block;
+}
+
+/// Bytes of the multibyte form of the first `maxChars` characters.
+std::size_t EncodedSize(UnicodeText& text, std::size_t maxChars) {
+    std::size_t size = 0;
+    while (maxChars != 0 && text.Next()) {
+        const auto [read, written] = ky::Utf8Size(text.Units(), std::min(text.Count(), maxChars));
+        size += written;
+        maxChars -= read;
+        if (read < text.Count()) break;
+    }
+    return size;
+}
+
+/// Encodes what fits whole; true when that is all.
+bool Encode(UnicodeText& text, char* out, std::size_t room, std::size_t& used) {
+    used = 0;
+    while (text.Next()) {
+        const auto [read, written] = ky::UnitsToUtf8(text.Units(), text.Count(), out + used, room - used);
+        used += written;
+        if (!text.EndsAt(read)) return false;
+    }
+    return true;
+}
+
+/// The multibyte form of the whole text, as long as a string can be.
+std::string EncodeAll(const KyString& s) {
+    std::string encoded;
+    UnicodeText text(s);
+    while (text.Next()) {
+        const std::size_t before = encoded.size();
+        const auto [read, size] = ky::Utf8Size(text.Units(), text.Count());
+        encoded.resize(before + size);
+        ky::UnitsToUtf8(text.Units(), read, encoded.data() + before, size);
+    }
+    if (encoded.size() >= KyString::MaxBytes) {
+        ky::CheckStringOverflow();
+        encoded.resize(KyString::MaxBytes - 1);
+    }
+    return encoded;
+}
+
+}  // namespace
+
+int KyMBSLength(const KyString& s, unsigned short maxChars) {
+    if (maxChars == 0) return 0;
+    if (s.CodeSetGet() <= kLastAsciiCodeSetOfLength) {
+        const std::size_t length = std::strlen(s.StrGet());
+        // KEPT: maxChars is not looked at.
+        if (ky::AsciiRun(s.StrGet(), length) == length) return static_cast<int>(length);
+    }
+    UnicodeText text(s);
+    return static_cast<int>(EncodedSize(text, maxChars));
+}
+
+int KyString2KyMBS(const KyString& s, char* out, int outSize) {
+    const auto room = static_cast<std::size_t>(out == nullptr ? 0 : std::max(outSize, 0));
+    if (s.CodeSetGet() <= kLastAsciiCodeSet) {
+        const std::size_t length = std::strlen(s.StrGet());
+        const std::size_t copied = ky::CopyAscii(s.StrGet(), std::min(length, room), out);
+        if (length < room && copied == length) {
+            std::memset(out + length, 0, room - length);
+            return static_cast<int>(length);
+        }
+        if (copied == room && ky::AsciiRun(s.StrGet() + copied, length - copied) == length - copied) {
+            return -static_cast<int>(length);
+        }
+    }
+    UnicodeText text(s);
+    std::size_t used;
+    if (!Encode(text, out, room, used)) return -static_cast<int>(used);
+    if (used < room) out[used] = 0;
+    return static_cast<int>(used);
+}
+
+int KyString2MultiByteString(const KyString& s, char*& out, int& outSize) {
+    const bool isOwn = out == nullptr || outSize <= 0;
+    char work[kWorkBytes];
+    if (isOwn) {
+        out = nullptr;
+        outSize = 0;
+    }
+    const int written = KyString2KyMBS(s, isOwn ? work : out, isOwn ? kWorkBytes : outSize);
+    if (written > 0) {
+        if (isOwn) out = NewText(work, static_cast<std::size_t>(written), outSize);
+        return written;
+    }
+
+    const std::string encoded = EncodeAll(s);
+    const int total = static_cast<int>(encoded.size());
+    if (isOwn) {
+        out = NewText(encoded.data(), encoded.size(), outSize);
+        return total;
+    }
+    if (total >= outSize) {
+        outSize = total;
+        return -1;
+    }
+    ky::CopyText(out, encoded.c_str(), encoded.size() + 1);
+    return total;
+}
