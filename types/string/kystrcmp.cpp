@@ -22,17 +22,11 @@ using ky::TextView;
     const unsigned limit = ky::CompareLimit(maxLen);
     if (a.codeSet == KyCodeSetNative && b.codeSet == KyCodeSetNative) {
         if (!wildcards) return kystrcmp(a.text, b.text, maxLen == -1 ? 0 : static_cast<int>(limit));
-        ky::ByteReader text(a.text, limit);
-        ky::ByteReader pattern(b.text, limit);
-        return ky::CompareWithWildcards(text, pattern);
+        return ky::CompareBytesWithWildcards(a.text, b.text, limit);
     }
     if (ky::ReadsNeutral(op)) a.language = b.language = KyLanguageNeutral;
     const unsigned mask = ky::KeyMask(op);
-    if (!wildcards) return ky::CompareKeys(a, b, limit, mask);
-    const bool inDefaultClasses = ky::ReadsDefaultClasses(a.codeSet, b.codeSet);
-    ky::KeyReader text(a, limit, mask, inDefaultClasses);
-    ky::KeyReader pattern(b, limit, mask, inDefaultClasses);
-    return ky::CompareWithWildcards(text, pattern);
+    return wildcards ? ky::CompareWithWildcards(a, b, limit, mask) : ky::CompareKeys(a, b, limit, mask);
 }
 
 }  // namespace

@@ -21,8 +21,8 @@ Searcher::Searcher(const KyString& searched, unsigned short givenOp)
 
 PrefixMatch Searcher::MatchAt(const KyString& text, const char* position) const {
     if (wild && !pattern.IsNullValue()) {
-        return MatchPrefix(text.CodeSetGet(), text.LanguageGet(), position, pattern.CodeSetGet(), pattern.LanguageGet(),
-                           pattern.StrGet(), op);
+        return MatchPrefix({position, text.CodeSetGet(), text.LanguageGet(), 1},
+                           {pattern.StrGet(), pattern.CodeSetGet(), pattern.LanguageGet(), 1}, op);
     }
     const auto maxLen = static_cast<short>(wild ? KyString::NotFound : length);
     const int order = KyStrCmp(text.CodeSetGet(), text.LanguageGet(), position, pattern.CodeSetGet(),

@@ -8,6 +8,7 @@ set(folder_sources
   kychar.cpp
   kychar_in_string.cpp
   kydiskform.cpp
+  kyistring_map.cpp
   kymultibyte.cpp
   kymultibyte_read.cpp
   kymultibyte_write.cpp
@@ -33,8 +34,12 @@ set(folder_sources
   kystring_split.cpp
   kystring_wildcard.cpp
   kystringiterator.cpp
+  kywildcard.cpp
   kywstring.cpp
   order_values.cpp
+  segment_search.cpp
+  segment_search_avx2.cpp
+  segment_search_avx512.cpp
   string_compare.cpp
   string_records.cpp
   text_format.cpp
@@ -45,7 +50,9 @@ set(folder_sources
 set(folder_headers
   kychar.h
   kydiskform.h
+  kyistring_map.h
   kymultibyte.h
   kystrcmp.h
   kystring.h
+  kywildcard.h
   kywstring.h)

@@ -295,7 +295,7 @@ TEST(Tables, PatternsMatchOrders) {
 
 TEST(Tables, NoSearchIsGivenUpWhereContractionsMeet) {
     const auto prefix = [](const char* text, const char* pattern) {
-        return ky::MatchPrefix(kTabled, 0, text, kTabled, 0, pattern, 0);
+        return ky::MatchPrefix({text, kTabled, 0, 1}, {pattern, kTabled, 0, 1}, 0);
     };
     // "ch" is one letter seen from the beginning, but "h" can be found from the second place on.
     EXPECT_EQ(prefix("chb", "*h"), ky::PrefixMatch::no);
