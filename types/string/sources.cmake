@@ -1,4 +1,5 @@
 set(folder_sources
+  code_map_kernels.cpp
   code_mapping.cpp
   common_text.cpp
   common_text_avx2.cpp

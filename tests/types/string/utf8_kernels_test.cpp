@@ -66,7 +66,7 @@ Decoded SlowKernel(const std::string& text, std::size_t room) {
 }
 
 TEST_P(Utf8KernelTest, DecodesWhatTheSlowTwinDecodes) {
-    TextGenerator generator(GetParam() + 1u);
+    TextGenerator generator(static_cast<unsigned>(GetParam()) + 1);
     Area in(2000);
     Area out(2000);
     for (int i = 0; i < 400000; ++i) {
@@ -100,7 +100,7 @@ TEST_P(Utf8KernelTest, DecodesEveryUnitAtEveryPlace) {
 }
 
 TEST_P(Utf8KernelTest, EncodesWhatTheSlowTwinEncodes) {
-    TextGenerator generator(GetParam() + 11u);
+    TextGenerator generator(static_cast<unsigned>(GetParam()) + 11);
     Area in(2001);
     Area out(3000);
     for (int i = 0; i < 100000; ++i) {
