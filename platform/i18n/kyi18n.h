@@ -242,6 +242,9 @@ public:
     unsigned short ToUnicode(unsigned short charCode) const;
     /// The code of a Unicode character in this set; 0 when the set does not have it.
     unsigned short FromUnicode(unsigned short unicode) const;
+    /// What `ToUnicode` and `FromUnicode` look up in an 8-bit set; null where each code is the Unicode code.
+    constexpr const unsigned short* UnicodeCodes() const { return toUnicode; }
+    constexpr const KyUnicodeMap* UnicodeMap() const { return fromUnicode; }
     /// The code in this set of a character of `source`, or the substitute. 0 stays 0.
     unsigned short MapFrom(const KyCodeSet& source, unsigned short charCode) const;
 

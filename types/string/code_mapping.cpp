@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "code_map_kernels.h"
 #include "code_sets.h"
 #include "kybase.h"
 #include "kystring_build.h"
@@ -10,40 +11,33 @@
 namespace ky {
 namespace {
 
-/// Length of the run of ASCII characters at the front, the terminator not included; at most `limit`.
-std::size_t AsciiRun(const char* text, std::size_t limit, unsigned width) {
-    std::size_t run = 0;
-    for (; run < limit; ++run) {
-        const unsigned short code = ReadCode(text + run * width, width, 1);
-        if (code == 0 || code >= 0x80) break;
-    }
-    return run;
-}
+/// The way between two code sets: from a table for the bytes of the one, by a table for the bytes of the other.
+struct Way {
+    const unsigned short* units = nullptr;  ///< null: codes of the source are Unicode codes
+    const KyUnicodeMap* bytes = nullptr;    ///< null: and so are those of the target
+    char substitute = '?';
 
-void CopyWidening(char* dst, unsigned dstWidth, const char* src, unsigned srcWidth, std::size_t count) {
-    if (dstWidth == srcWidth) {
-        std::copy_n(src, count * dstWidth, dst);
-    } else if (dstWidth == 2) {
-        for (std::size_t i = 0; i < count; ++i) WriteUnit(dst + 2 * i, static_cast<unsigned char>(src[i]), 1);
-    } else {
-        for (std::size_t i = 0; i < count; ++i) dst[i] = static_cast<char>(ReadUnit(src + 2 * i, 1));
+    Way(const KyCodeSet& from, const KyCodeSet& to) {
+        // Order values have no characters: units are taken over as they are.
+        if (from.Code() == KyCodeSetOrders || to.Code() == KyCodeSetOrders) return;
+        units = from.UnicodeCodes();
+        bytes = to.UnicodeMap();
+        if (const unsigned short own = to.FromUnicode(KyCodeSet::Substitute); own != 0)
+            substitute = static_cast<char>(own);
     }
-}
+};
 
-/// Maps up to `limit` characters, at most up to the terminator of `src`; returns their number.
-std::size_t MapCharacters(const KyCodeSet& from, unsigned fromWidth, const char* src, const KyCodeSet& to,
-                          unsigned toWidth, char* dst, std::size_t limit) {
-    std::size_t done = 0;
-    if (from.IsAsciiBelow80() && to.IsAsciiBelow80()) {
-        done = AsciiRun(src, limit, fromWidth);
-        CopyWidening(dst, toWidth, src, fromWidth, done);
+/// Between 8-bit code sets, by way of some units at a time.
+void MapBytes(const Way& way, const char* src, std::size_t count, char* dst) {
+    char units[512];
+    while (count != 0) {
+        const std::size_t n = std::min(count, sizeof units / 2);
+        BytesToUnits(way.units, src, n, units);
+        UnitsToBytes(way.bytes, units, n, dst, way.substitute);
+        src += n;
+        dst += n;
+        count -= n;
     }
-    for (; done < limit; ++done) {
-        const unsigned short code = ReadCode(src + done * fromWidth, fromWidth, 1);
-        if (code == 0) break;
-        WriteCode(dst + done * toWidth, toWidth, to.MapFrom(from, code), 1);
-    }
-    return done;
 }
 
 /// A text of a known number of bytes: everything behind the mapped characters is zeroed.
@@ -72,7 +66,23 @@ std::size_t LimitedLength(std::size_t length, unsigned width) {
 }
 
 std::size_t MapText(unsigned char from, unsigned char to, const char* src, std::size_t limit, char* dst) {
-    return MapCharacters(CodeSetOf(from), CharWidth(from), src, CodeSetOf(to), CharWidth(to), dst, limit);
+    const unsigned width = CharWidth(from);
+    const std::size_t count = TextLength(src, width, limit);
+    const KyCodeSet& source = CodeSetOf(from);
+    const KyCodeSet& target = CodeSetOf(to);
+    if (&source == &target || (width == 2 && CharWidth(to) == 2)) {
+        CopyText(dst, src, count * width);
+        return count;
+    }
+    const Way way(source, target);
+    if (width == 2) {
+        UnitsToBytes(way.bytes, src, count, dst, way.substitute);
+    } else if (CharWidth(to) == 2) {
+        BytesToUnits(way.units, src, count, dst);
+    } else {
+        MapBytes(way, src, count, dst);
+    }
+    return count;
 }
 
 unsigned short AllocMapped(unsigned char from, unsigned char to, const char* src, char*& out) {

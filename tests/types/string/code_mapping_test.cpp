@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -72,7 +73,9 @@ TEST(AllocMapped, WidensAndNarrows) {
     EXPECT_EQ(Map(2, 253, "\x80").Bytes(), "AC 20 00 00");
     EXPECT_EQ(Map(1, 3, "\xE4").Bytes(), "3F 00");
     EXPECT_EQ(Map(3, 253, "\xE4").Bytes(), "FD FF 00 00");
-    EXPECT_EQ(Map(1, 254, "A").Bytes(), "0C 40 00 00") << "order values";
+    EXPECT_EQ(Map(1, 254, "A\xE4").Bytes(), "41 00 E4 00 00 00") << "order values have no characters: unit by unit";
+    EXPECT_EQ(Map(254, 253, "\x0C\x40\0").Bytes(), "0C 40 00 00");
+    EXPECT_EQ(Map(254, 2, "\x0C\x40\x80\0\0").Bytes(), "3F 80 00") << "the low byte alone could end the text";
     EXPECT_EQ(Map(1, 253, "").Bytes(), "00 00");
     EXPECT_EQ(Map(253, 1, "\0").Bytes(), "00");
 }
@@ -93,6 +96,47 @@ TEST(AllocMapped, ACodeSetWithoutTablesReadsAsTheNativeOneOrUnicode) {
     EXPECT_EQ(Map(99, 253, "\xE4").Bytes(), "E4 00 00 00");
     EXPECT_EQ(Map(230, 1, "\xE4\0\0").Bytes(), "E4 00");
     EXPECT_EQ(Map(255, 1, "\xE4\0\0").Bytes(), "E4 00");
+}
+
+TEST(AllocMapped, TheDefaultIsThatOfTheWidth) {
+    EXPECT_EQ(Map(1, 255, "\xE4").Bytes(), "E4 00 00 00");
+    EXPECT_EQ(Map(255, 255, "\xE4\x20\0").Bytes(), "E4 20 00 00");
+}
+
+/// Everything that a code set has, character by character.
+TEST(AllocMapped, EveryPairOfCodeSetsMapsLikeItsCharacters) {
+    const auto set = [](unsigned n) { return KyLanguageContext::QueryCodeSet(static_cast<unsigned char>(n)); };
+    unsigned pairs = 0;
+    for (unsigned from = 1; from < 254; ++from) {
+        if (set(from) == nullptr) continue;
+        const unsigned fromWidth = ky::CharWidth(static_cast<unsigned char>(from));
+        const unsigned limit = fromWidth == 1 ? 0x100 : 0x10000;
+        for (unsigned to = 1; to < 254; ++to) {
+            if (set(to) == nullptr) continue;
+            ++pairs;
+            const unsigned toWidth = ky::CharWidth(static_cast<unsigned char>(to));
+            unsigned wrong = 0;
+            // In texts of several lengths, so that characters stand at all places of a block.
+            for (unsigned code = 1; code < limit;) {
+                const unsigned count = std::min(1 + code % 701, limit - code);
+                GuardedBuffer text((count + 1) * std::size_t{fromWidth});
+                char* src = reinterpret_cast<char*>(text.data());
+                for (unsigned i = 0; i <= count; ++i) {
+                    const auto c = static_cast<unsigned short>(i < count ? code + i : 0);
+                    ky::WriteCode(src + i * std::size_t{fromWidth}, fromWidth, c, 1);
+                }
+                const Mapped mapped = Map(static_cast<unsigned char>(from), static_cast<unsigned char>(to), src);
+                wrong += mapped.size != (count + 1) * toWidth;
+                for (unsigned i = 0; i < count; ++i) {
+                    const unsigned short got = ky::ReadCode(mapped.block.get() + i * std::size_t{toWidth}, toWidth, 1);
+                    wrong += got == 0 || got != set(to)->MapFrom(*set(from), static_cast<unsigned short>(code + i));
+                }
+                code += count;
+            }
+            EXPECT_EQ(wrong, 0u) << from << " to " << to;
+        }
+    }
+    EXPECT_GE(pairs, 16u);
 }
 
 TEST(AllocMapped, ReadsUnalignedAndNotPastTheEnd) {
