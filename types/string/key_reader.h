@@ -28,13 +28,15 @@ struct TextView {
 /// the texts for which there are no tables. A copy reads on from the same place on its own.
 class KeyReader {
 public:
-    /// `inDefaultClasses`: as if each order value were of its default class.
-    KeyReader(const TextView& view, unsigned limit, unsigned keyMask, bool inDefaultClasses)
+    /// `inDefaultClasses`: as if each order value were of its default class. `keyBefore`: the unmasked key of what
+    /// precedes the text, where the reader begins inside one.
+    KeyReader(const TextView& view, unsigned limit, unsigned keyMask, bool inDefaultClasses, unsigned keyBefore = 0)
         : at(view.text != nullptr ? view.text : kNothing),
           codeSet(TextCodeSet(view.codeSet)),
           language(view.language),
           format(view.format),
           defaultClasses(inDefaultClasses),
+          key(keyBefore),
           left(limit),
           mask(keyMask) {
         if (KeyPages::AreKept(codeSet, language)) {
@@ -101,7 +103,7 @@ private:
     bool defaultClasses;
     bool expanding = false;  ///< the iterator has further orders of a character
     unsigned short order = 0;
-    unsigned key = 0;  ///< of the order that was read last, unmasked
+    unsigned key;  ///< of the order that was read last, unmasked
     unsigned left;
     unsigned mask;
 };

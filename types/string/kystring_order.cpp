@@ -4,7 +4,6 @@
 
 #include "array_rules.h"
 #include "code_mapping.h"
-#include "key_reader.h"
 #include "kybase.h"
 #include "kyi18n.h"
 #include "kystrcmp.h"
@@ -110,20 +109,6 @@ unsigned StringHashCommon(unsigned char flag, unsigned len, void* data, unsigned
 }
 
 }  // namespace
-
-unsigned HashString(unsigned char codeSet, unsigned char language, const char* text, int length, unsigned char format) {
-    if (ky::IsNullLabel(codeSet, language)) return ky::kNullHash;
-    const unsigned limit = length < 0 ? ~0u : static_cast<unsigned>(length);
-    unsigned hash = 0;
-    if (codeSet == KyCodeSetNative) {
-        ky::ByteReader bytes(text, limit);
-        for (unsigned byte = bytes.Next(); bytes.Order() != 0; byte = bytes.Next()) hash = 9 * hash + byte;
-        return hash;
-    }
-    ky::KeyReader keys({text, codeSet, language, format}, limit, ~0u, false);
-    for (unsigned key = keys.Next(); keys.Order() != 0; key = keys.Next()) hash = 9 * hash + key;
-    return hash;
-}
 
 int StringCompare(unsigned char flag, unsigned len1, void* a, unsigned len2, void* b, unsigned short op, unsigned count,
                   int& err) {

@@ -42,6 +42,7 @@ set(folder_sources
   segment_search_avx2.cpp
   segment_search_avx512.cpp
   string_compare.cpp
+  string_hash.cpp
   string_records.cpp
   text_format.cpp
   utf8_kernels.cpp

@@ -104,12 +104,18 @@ template <class Text>
 
 template <class TextA, class TextB>
 int ComparePairs(const TextA& textA, const TextB& textB, TextView a, TextView b, unsigned limit, unsigned mask) {
+    unsigned beforeA = 0;
+    unsigned beforeB = 0;
     for (; limit != 0; --limit, a.text += TextA::width, b.text += TextB::width) {
         const unsigned keyA = KeyAt(textA, a.text);
         const unsigned keyB = KeyAt(textB, b.text);
-        if (KeyPage::IsMarked(keyA | keyB)) return CompareReaders({a, limit, mask, false}, {b, limit, mask, false});
+        if (KeyPage::IsMarked(keyA | keyB)) {
+            return CompareReaders({a, limit, mask, false, beforeA}, {b, limit, mask, false, beforeB});
+        }
         if (((keyA ^ keyB) & mask) != 0) return Difference(keyA & mask, keyB & mask);
         if (keyA == 0) return 0;
+        beforeA = keyA;
+        beforeB = keyB;
     }
     return 0;
 }
