@@ -163,14 +163,16 @@ void RunMemcmp(benchmark::State& state, std::size_t size) {
 
 void RunHash(benchmark::State& state, unsigned char codeSet) {
     std::vector<KyString> strings;
-    for (const std::string& word : Words(12)) {
-        strings.emplace_back(word.c_str(), kLatin1, static_cast<unsigned char>(0));
-        if (codeSet == kUnicode) strings.back().ConvertTo(kUnicode);
+    if (codeSet == kLatin1) {
+        for (const std::string& word : Words(12)) strings.emplace_back(word.c_str());
+    } else {
+        const Pool<unsigned short> wide(Words(12));
+        for (std::size_t n = 0; n < kWords; ++n) strings.emplace_back(wide[n]);
     }
     int err = 0;
     std::size_t i = 0;
     for (auto _ : state) {
-        benchmark::DoNotOptimize(KyStringTab.Hash(8, 0, &strings[i], 1, err));
+        benchmark::DoNotOptimize(KyNewtypetab[11]->Hash(8, 0, &strings[i], 1, err));
         i = (i + 1) % kWords;
     }
 }
@@ -191,8 +193,18 @@ void RunHashLoop(benchmark::State& state) {
     }
 }
 
+/// "/part" for each.
+std::string Path(std::initializer_list<std::string> parts) {
+    std::string path;
+    for (const std::string& part : parts) {
+        path += '/';
+        path += part;
+    }
+    return path;
+}
+
 void RegisterCompare(const char* operation, std::size_t length, const char* shape, Pairs pairs, unsigned short op) {
-    const std::string tail = "/" + std::to_string(length) + "/" + operation + "/" + shape;
+    const std::string tail = Path({std::to_string(length), operation, shape});
     const auto narrow = [=](benchmark::State& state) {
         Run<char>(state, length, pairs, [op](const char* a, const char* b) { return CompareNarrow(a, b, op); });
     };

@@ -21,17 +21,37 @@ using CommonTextKernel = std::size_t(const char* a, const char* b, std::size_t a
 CommonTextKernel CommonBytesFrom;  ///< 8-bit characters
 CommonTextKernel CommonUnitsFrom;  ///< 16-bit characters at any address; `at` and `limit` are even
 
+/// The same for whole 8-bit texts of which only the ranks of the characters matter: `ranks` has 256 of them. No
+/// other character has that of the terminator.
+using CommonRanksKernel = std::size_t(const unsigned char* ranks, const char* a, const char* b, std::size_t at);
+
+CommonRanksKernel CommonRanksFrom;
+
+/// The same for whole 16-bit texts (`swapped`: with swapped bytes), as far as the codes in both are below 256; one that
+/// is not is a stop.
+using CommonWideRanksKernel = std::size_t(const unsigned char* ranks, const char* a, const char* b, std::size_t at,
+                                          bool swapped);
+
+CommonWideRanksKernel CommonWideRanksFrom;
+
 /// The variants, from the one for any machine to the one for the widest instructions.
 struct CommonTextKernels {
     const char* name;
     CommonTextKernel* bytes;
     CommonTextKernel* units;
+    CommonRanksKernel* ranks;
+    CommonWideRanksKernel* wideRanks;
 };
 inline constexpr int kCommonTextVariants = 3;
 extern const CommonTextKernels kCommonTextKernels[kCommonTextVariants];
 
+/// How many of them this machine can run.
+int RunnableCommonTextKernels();
+
 CommonTextKernel CommonBytesFromAny, CommonBytesFromAvx2, CommonBytesFromAvx512;
 CommonTextKernel CommonUnitsFromAny, CommonUnitsFromAvx2, CommonUnitsFromAvx512;
+CommonRanksKernel CommonRanksFromAny, CommonRanksFromAvx512;
+CommonWideRanksKernel CommonWideRanksFromAny, CommonWideRanksFromAvx512;
 
 /// Pages are at least as large.
 inline constexpr std::size_t kPageSize = 4096;
@@ -57,6 +77,26 @@ __attribute__((KY_UNINSTRUMENTED)) inline unsigned StopsIn16(const char* a, cons
     const __m128i equal = width == 1 ? _mm_cmpeq_epi8(charsA, charsB) : _mm_cmpeq_epi16(charsA, charsB);
     const __m128i ends = width == 1 ? _mm_cmpeq_epi8(charsA, zero) : _mm_cmpeq_epi16(charsA, zero);
     return static_cast<unsigned>(_mm_movemask_epi8(_mm_andnot_si128(ends, equal))) ^ 0xFFFF;
+}
+
+/// A character that differs or ends both texts.
+template <unsigned width>
+bool CharacterStops(const char* a, const char* b) {
+    bool differs = false;
+    bool ends = true;
+    for (unsigned i = 0; i < width; ++i) {
+        differs = differs || a[i] != b[i];
+        ends = ends && a[i] == 0;
+    }
+    return differs || ends;
+}
+
+/// A 16-bit character that is beyond the ranks, has not the same one, or ends both texts.
+inline bool WideRankStops(const unsigned char* ranks, const char* a, const char* b, bool swapped) {
+    const auto* bytesA = reinterpret_cast<const unsigned char*>(a);
+    const auto* bytesB = reinterpret_cast<const unsigned char*>(b);
+    const unsigned low = swapped ? 1 : 0;
+    return (bytesA[1 - low] | bytesB[1 - low]) != 0 || bytesA[low] == 0 || ranks[bytesA[low]] != ranks[bytesB[low]];
 }
 
 template <unsigned width>

@@ -1,50 +1,73 @@
-// How far two texts are the same, over vectors of `kVectorBytes` that `StopsIn<width>` examines: a bit for every
-// `kBytesPerStop<width>` bytes, set where a character differs or ends both texts, the lowest one for the first.
+// How far two texts are the same, over vectors of `kVectorBytes`. What "the same" is says `Texts`:
+//
+//     width           bytes of a character
+//     bytesPerStop    how many bytes each bit of a `StopBits` stands for
+//     StopsIn         examines a vector: bits set where characters are not the same or end both texts, the lowest one
+//     for
+//                     the first
+//     StopsInBlock    whether there is such a place in four vectors
+//     StopsAt         examines one character
+//
 // Included by each variant.
 
-template <unsigned width>
+constexpr std::size_t kBlockBytes = 4 * kVectorBytes;
+
+template <class Texts>
 KY_KERNEL_TARGET inline std::size_t FirstStop(StopBits stops) {
-    return static_cast<std::size_t>(std::countr_zero(stops)) * kBytesPerStop<width>;
+    return static_cast<std::size_t>(std::countr_zero(stops)) * Texts::bytesPerStop;
 }
 
-/// Up to the end of a page that is nearer than a vector's end. Returns the offset of a stop, or `limit`, or where the
-/// page ends.
-template <unsigned width>
-KY_KERNEL_TARGET __attribute__((KY_UNINSTRUMENTED)) inline bool StopsBeforePageEnd(const char* a, const char* b,
-                                                                                   std::size_t& at, std::size_t limit) {
-    const std::size_t room = std::min(RoomInPage(a + at), RoomInPage(b + at)) / width * width;
-    if (room != 0 && at + room >= kVectorBytes) {
-        // The vector that ends with the page: what is known to be the same is examined again.
-        const std::size_t first = at + room - kVectorBytes;
-        const StopBits stops = StopsIn<width>(a + first, b + first);
-        at = stops != 0 ? first + FirstStop<width>(stops) : at + room;
-        return stops != 0;
-    }
-    const std::size_t end = std::min(limit, at + std::max<std::size_t>(room, width));
-    for (; at < end; at += width) {
-        bool ended = true;
-        for (unsigned i = 0; i < width; ++i) {
-            if (a[at + i] != b[at + i]) return true;
-            ended = ended && a[at + i] == 0;
+/// Vectors one by one while `at` is below `end`. True: `at` is a stop.
+template <class Texts>
+KY_UNCHECKED_KERNEL inline bool StopsInVectors(const Texts& texts, const char* a, const char* b, std::size_t& at,
+                                               std::size_t end) {
+    for (; at < end; at += kVectorBytes) {
+        if (const StopBits stops = texts.StopsIn(a + at, b + at)) {
+            at += FirstStop<Texts>(stops);
+            return true;
         }
-        if (ended) return true;
     }
     return false;
 }
 
-template <unsigned width>
-KY_KERNEL_TARGET __attribute__((KY_UNINSTRUMENTED)) inline std::size_t CommonFrom(const char* a, const char* b,
-                                                                                  std::size_t at, std::size_t limit) {
+/// A vector of which a part lies on the next page of a text. True: `at` is a stop; false: it has moved on.
+template <class Texts>
+KY_UNCHECKED_KERNEL inline bool StopsAtPageEnd(const Texts& texts, const char* a, const char* b, std::size_t& at,
+                                               std::size_t limit, std::size_t room) {
+    constexpr std::size_t width = Texts::width;
+    room = room / width * width;
+    if (room == 0 || at + room < kVectorBytes) {
+        for (const std::size_t end = std::min(limit, at + std::max(room, width)); at < end; at += width) {
+            if (texts.StopsAt(a + at, b + at)) return true;
+        }
+        return false;
+    }
+    // The vector that ends with the page: what is known to be the same is examined again.
+    const std::size_t first = at + room - kVectorBytes;
+    const StopBits stops = texts.StopsIn(a + first, b + first);
+    at = stops != 0 ? first + FirstStop<Texts>(stops) : at + room;
+    return stops != 0;
+}
+
+template <class Texts>
+KY_UNCHECKED_KERNEL inline std::size_t CommonFrom(const Texts& texts, const char* a, const char* b, std::size_t at,
+                                                  std::size_t limit) {
     while (at < limit) {
-        if (EitherCrossesPage(a + at, b + at, kVectorBytes)) {
-            if (StopsBeforePageEnd<width>(a, b, at, limit)) break;
+        const std::size_t room = std::min(RoomInPage(a + at), RoomInPage(b + at));
+        if (room < kVectorBytes) {
+            if (StopsAtPageEnd(texts, a, b, at, limit, room)) break;
             continue;
         }
-        if (const StopBits stops = StopsIn<width>(a + at, b + at)) {
-            at += FirstStop<width>(stops);
-            break;
+        // Vectors may begin before this place.
+        const std::size_t end = std::min(limit, at + room - (kVectorBytes - 1));
+        if (StopsInVectors(texts, a, b, at, std::min(end, std::max(at + 1, kBlockBytes)))) break;
+        if (at >= end) continue;
+        if (end - at > kBlockBytes) {
+            // The rest of the page, in which one of the texts is read along the lines of the cache.
+            at -= reinterpret_cast<std::uintptr_t>(a + at) % kVectorBytes / Texts::width * Texts::width;
+            while (end > at + kBlockBytes && !texts.StopsInBlock(a + at, b + at)) at += kBlockBytes;
         }
-        at += kVectorBytes;
+        if (StopsInVectors(texts, a, b, at, end)) break;
     }
     return std::min(at, limit);
 }

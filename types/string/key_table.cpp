@@ -77,19 +77,46 @@ void FillPage(KeyPage& page, const Records& records, const Codes& joined, unsign
     }
 }
 
-/// Stands in when memory fails: an iterator reads every character, and from the text's beginning on.
-constexpr KeyPage kNothingKnown = [] {
-    KeyPage page{};
-    for (unsigned i = 0; i < 256; ++i) {
-        page.keys[i] = KeyPage::kMarked;
-        page.marks[i] = KeyPage::kNeedsIterator | KeyPage::kLeansBack;
+/// The rank of a code is the first code with the same key, a marked one its own.
+void FillRanks(unsigned char (&ranks)[256], const KeyPage& page, unsigned mask) {
+    for (unsigned code = 0; code < 256; ++code) {
+        unsigned first = 0;
+        while (first != code && (KeyPage::IsMarked(page.keys[first] | page.keys[code]) ||
+                                 ((page.keys[first] ^ page.keys[code]) & mask) != 0)) {
+            ++first;
+        }
+        ranks[code] = static_cast<unsigned char>(first);
     }
-    return page;
+}
+
+/// A table that is published when it is filled; null when memory fails.
+std::unique_ptr<KeyTable> MakeTable(const Records& records, const Codes& joined, unsigned char codeSet,
+                                    unsigned char language) {
+    std::unique_ptr<KeyTable> made(new (std::nothrow) KeyTable);
+    if (made == nullptr) return made;
+    FillPage(*made, records, joined, 0);
+    for (const unsigned mask : {~0u, ~kCaseBits, ~kAccentBits, ~(kCaseBits | kAccentBits)}) {
+        FillRanks(made->ranks[KeyTable::MaskNumber(mask)], *made, mask);
+    }
+    made->codeSet = codeSet;
+    made->language = language;
+    return made;
+}
+
+/// Stands in when memory fails: an iterator reads every character, and from the text's beginning on.
+constexpr KeyTable kNothingKnown = [] {
+    KeyTable table{};
+    for (unsigned i = 0; i < 256; ++i) {
+        table.keys[i] = KeyPage::kMarked;
+        table.marks[i] = KeyPage::kNeedsIterator | KeyPage::kLeansBack;
+        for (auto& ranks : table.ranks) ranks[i] = static_cast<unsigned char>(i);
+    }
+    return table;
 }();
 
-/// Leaves one of those that threads make at the same time in `place`, and returns it.
-template <class Table>
-const Table* Publish(std::unique_ptr<Table> made, std::atomic<const Table*>& place) {
+/// Leaves one of those that threads make at the same time in `place`, and returns it; null: there was no memory.
+template <class Made, class Table>
+const Table* Publish(std::unique_ptr<Made> made, std::atomic<const Table*>& place) {
     const Table* present = nullptr;
     return place.compare_exchange_strong(present, made.get(), std::memory_order_acq_rel) ? made.release() : present;
 }
@@ -106,21 +133,24 @@ const Codes* JoinedOf(unsigned char language, const Records& records) {
 const KeyTable* MakeKeyTable(unsigned char codeSet, unsigned char language) {
     const Records records(codeSet, language);
     const std::unique_ptr<Codes> joined = records.Joined(0x100);
-    std::unique_ptr<KeyTable> made(new (std::nothrow) KeyTable);
-    if (joined == nullptr || made == nullptr) return nullptr;
-    FillPage(*made, records, *joined, 0);
-    made->codeSet = codeSet;
-    made->language = language;
-    return Publish(std::move(made), keyTables[codeSet][language]);
+    if (joined == nullptr) return nullptr;
+    return Publish(MakeTable(records, *joined, codeSet, language), keyTables[codeSet][language]);
 }
 
 const KeyPage& MakeKeyPage(unsigned char language, unsigned char highByte) {
     const Records records(KyCodeSetUnicode, language);
     const Codes* joined = JoinedOf(language, records);
-    std::unique_ptr<KeyPage> made(new (std::nothrow) KeyPage);
-    if (joined == nullptr || made == nullptr) return kNothingKnown;
-    FillPage(*made, records, *joined, unsigned{highByte} << 8);
-    return *Publish(std::move(made), keyPages[language][highByte]);
+    if (joined == nullptr) return kNothingKnown;
+    std::atomic<const KeyPage*>& place = keyPages[language][highByte];
+    const KeyPage* page;
+    if (highByte == 0) {
+        page = Publish(MakeTable(records, *joined, KyCodeSetUnicode, language), place);
+    } else {
+        std::unique_ptr<KeyPage> made(new (std::nothrow) KeyPage);
+        if (made != nullptr) FillPage(*made, records, *joined, unsigned{highByte} << 8);
+        page = Publish(std::move(made), place);
+    }
+    return page != nullptr ? *page : kNothingKnown;
 }
 
 }  // namespace ky

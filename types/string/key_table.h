@@ -34,10 +34,17 @@ struct KeyPage {
     static constexpr bool IsMarked(unsigned key) { return (key & kMarked) != 0; }
 };
 
-/// Keys of an 8-bit code set.
+/// Keys of an 8-bit code set, or of the first 256 codes of Unicode.
 struct KeyTable : KeyPage {
+    /// Equal for characters whose keys are the same under a mask, none of which is marked. The masks are those of the
+    /// operators that ignore nothing, case, accents and both.
+    unsigned char ranks[4][256];
     unsigned char codeSet;
     unsigned char language;
+
+    static constexpr unsigned MaskNumber(unsigned mask) {
+        return ((mask & kCaseBits) == 0 ? 1u : 0u) | ((mask & kAccentBits) == 0 ? 2u : 0u);
+    }
 
     unsigned KeyOf(char c) const { return keys[static_cast<unsigned char>(c)]; }
     unsigned short OrderOf(char c) const { return orders[static_cast<unsigned char>(c)]; }
@@ -73,6 +80,7 @@ public:
     }
 
     unsigned char Language() const { return language; }
+    const KeyTable& FirstPage() const { return static_cast<const KeyTable&>(PageOf(0)); }
     const KeyPage& PageOf(unsigned short code) const {
         const KeyPage* page = pages[code >> 8].load(std::memory_order_acquire);
         return page != nullptr ? *page : MakeKeyPage(language, static_cast<unsigned char>(code >> 8));

@@ -73,6 +73,32 @@ std::size_t StepBack(const Text& text, const char* start, const char* a, const c
     return static_cast<std::size_t>(a - place);
 }
 
+/// How far the texts are equal under the mask where their first characters, of two codes, are. It may be further.
+std::size_t CommonUnder(unsigned mask, const NarrowText& text, const char* a, const char* b) {
+    return CommonRanksFrom(text.table->ranks[KeyTable::MaskNumber(mask)], a, b, 1);
+}
+
+template <class Text>
+std::size_t CommonOneByOne(unsigned mask, const Text& text, const char* a, const char* b) {
+    constexpr std::size_t aWhile = 16 * Text::width;
+    for (std::size_t at = Text::width;; at += Text::width) {
+        const unsigned keyA = KeyAt(text, a + at);
+        const unsigned keyB = KeyAt(text, b + at);
+        const bool stops = keyA == 0 || KeyPage::IsMarked(keyA | keyB) || ((keyA ^ keyB) & mask) != 0;
+        if (stops || at == aWhile) return at;
+    }
+}
+
+std::size_t CommonUnder(unsigned mask, const WideText& text, const char* a, const char* b) {
+    const unsigned char* ranks = text.pages.FirstPage().ranks[KeyTable::MaskNumber(mask)];
+    const std::size_t common = CommonWideRanksFrom(ranks, a, b, WideText::width, text.format == 2);
+    return common != WideText::width ? common : CommonOneByOne(mask, text, a, b);
+}
+
+std::size_t CommonUnder(unsigned mask, const OrderText& text, const char* a, const char* b) {
+    return CommonOneByOne(mask, text, a, b);
+}
+
 /// `decide(start, a, b)` gives the result where a character at the end of the equal beginnings does not rank alone.
 template <class Text, class Decide>
 [[gnu::always_inline]] inline int CompareAlike(const Text& text, const char* a, const char* b, unsigned mask,
@@ -87,8 +113,9 @@ template <class Text, class Decide>
         if (KeyPage::IsMarked(keyA | keyB)) return decide(start, a, b);
         if (((keyA ^ keyB) & mask) != 0) return Difference(keyA & mask, keyB & mask);
         if (keyA == 0) return 0;
-        a += Text::width;
-        b += Text::width;
+        const std::size_t alike = CommonUnder(mask, text, a, b);
+        a += alike;
+        b += alike;
     }
 }
 
