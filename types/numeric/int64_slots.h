@@ -6,6 +6,8 @@
 /// Persistent form: 8 bytes a value, the low half, then the high half, each a 4-byte number of that form. In machine
 /// byte order, and only there, this is the `o_8b` with the same value.
 
+#include <bit>
+
 #include "counted_array.h"
 #include "kyint64.h"
 #include "kytypes.h"
@@ -61,6 +63,7 @@ namespace ky {
 /// One value in any form.
 inline KyInt64 DecodeInt64(const void* from, unsigned char form) {
     if (form == KyFormMemory || form == KyFormNative) return LoadAs<KyInt64>(from);
+    if (form == KyFormReversed) return std::rotl(ByteSwap(LoadAs<unsigned long long>(from)), 32);  // half by half
     KyInt64 value;
     Int64StoreOne(&value, from, form);
     return value;

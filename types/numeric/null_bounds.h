@@ -3,6 +3,8 @@
 
 /// EvalAndBound of nullable numbers.
 
+#include <bit>
+
 #include "key_share.h"
 #include "kytypes.h"
 #include "kytypevl.h"
@@ -10,12 +12,19 @@
 
 namespace ky {
 
-/// One value in a persistent form; null where there is none.
+/// One value, as `KyNullTypeLoad` reads it; null where there is none. Inline, so that the number and its flag stay in
+/// registers of their own.
 template <class Type, class Value, class Helper>
-Type LoadLimit(const void* from, unsigned char flag) {
+[[gnu::always_inline]] inline Type LoadLimit(const void* from, unsigned char flag) {
     Type element;
-    if (from != nullptr) KyNullTypeLoad<Type, Value, Helper>(&element, from, flag, 1);
-    return element;
+    if (from == nullptr) return element;
+    const auto form = static_cast<unsigned char>(flag & KyFormMask);
+    if (!IsPlainForm(form)) {
+        KyNullTypeLoad<Type, Value, Helper>(&element, from, form, 1);
+        return element;
+    }
+    const auto decoded = NullElement<LayoutOf<Type, Value, Helper>()>::Decode(Advance(from, 0), NullOrderOf(form));
+    return decoded.null ? element : Type(std::bit_cast<Value>(decoded.bits));
 }
 
 }  // namespace ky
