@@ -52,9 +52,13 @@ int KyMBS2KyString(const char* in, KyString& out, int inLen) {
     std::size_t gathered = 0;
     std::size_t appended = 0;
     const auto append = [&] {
-        if (gathered == 0) return;
-        out.BuildString(reinterpret_cast<const char*>(units), KyCodeSetUnicode, static_cast<unsigned short>(appended),
-                        0, static_cast<unsigned short>(gathered), 1, ky::kAppend, 1);
+        const auto* text = reinterpret_cast<const char*>(units);
+        const auto count = static_cast<unsigned short>(gathered);
+        if (appended == 0) {
+            out.MakeString(text, KyCodeSetUnicode, static_cast<short>(count), 1);
+        } else if (count != 0) {
+            out.BuildString(text, KyCodeSetUnicode, static_cast<unsigned short>(appended), 0, count, 1, ky::kAppend, 1);
+        }
         appended += gathered;
         gathered = 0;
     };
