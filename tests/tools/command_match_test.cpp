@@ -26,6 +26,7 @@ TEST(Match, FindsLines) {
         {"but bytes in code set 0", {"a??c", "--codeset", "0"}, "aéc\nabc\n", "aéc\n"},
         {"escaped star", {"a\\*"}, "a*\nab\n", "a*\n"},
         {"escaped question", {"a\\?"}, "a?\nab\n", "a?\n"},
+        {"escape at the end stands for itself", {"a\\"}, "a\\\na\n", "a\\\n"},
         {"escaped escape", {"a\\\\*"}, "a\\b\nab\n", "a\\b\n"},
         {"and so it does anywhere in a line", {"a\\", "--find"}, "xa\\b\nxab\na\\\n", "xa\\b\na\\\n"},
         {"two at the end are one", {"a\\\\", "--find"}, "xa\\b\nxa\\\\b\nxab\n", "xa\\b\nxa\\\\b\n"},

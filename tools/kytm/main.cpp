@@ -63,7 +63,7 @@ constexpr char kFooter[] =
     "TYPE is a type name (o_4b), a type-code name (Ky4B_T) or a type id (2); `kytm types` lists them.\n"
     "Words that begin with \"-\" and are no numbers go behind \"--\".\n"
     "Exit status: 0 done; 1 some of the texts given are no values of the type; 2 the work could not be done.\n"
-    "Of match: 0 some line matches; 1 none does; 2 the work, or a line's part of it, could not be done.";
+    "Of match: 0 found; 1 not found; 2 the work could not be done, or not of every line.";
 
 constexpr char kUtf8[] =
     "Strings are given and written in UTF-8, sorted and compared in their code set: unless one is given, ISO-8859-1, "
@@ -149,8 +149,8 @@ private:
         AddTextOptions(*showCommand, show.texts);
         showCommand->add_option("--format", show.format, "Scan and print by this format, too")->type_name("F");
         showCommand->add_flag("--json", show.json, "As a JSON array");
-        showCommand->footer(
-            kUtf8 + std::string("\nHere a text that is no UTF-8 counts as ISO-8859-1 unless something is given."));
+        showCommand->footer(kUtf8 +
+                            std::string("\nWith neither option a text that is no UTF-8 is taken as ISO-8859-1."));
     }
 
     void AddCompare() {
@@ -204,7 +204,7 @@ private:
             "the pattern means itself. Quote it, or the shell takes its wildcards.\n"
             "A line that cannot be read is reported on standard error with its number, and neither matches nor fails "
             "to.\n"
-            "Exit status: 0 some line was found; 1 none; 2 wrong call, or something could not be read.\n" +
+            "Exit status: 0 found; 1 not found; 2 wrong call, or something could not be read.\n" +
             std::string(kUtf8));
     }
 

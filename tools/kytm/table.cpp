@@ -6,7 +6,7 @@
 
 namespace kytm {
 
-Table::Table(std::vector<std::string> heading, std::vector<std::size_t> numeric) : toTheRight(heading.size()) {
+Table::Table(std::vector<std::string> heading, const std::vector<std::size_t>& numeric) : toTheRight(heading.size()) {
     for (const std::size_t column : numeric) toTheRight[column] = true;
     rows.push_back(std::move(heading));
 }

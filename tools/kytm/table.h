@@ -13,7 +13,7 @@ namespace kytm {
 class Table {
 public:
     /// `numeric`: the columns that stand at the right of their width.
-    explicit Table(std::vector<std::string> heading, std::vector<std::size_t> numeric = {});
+    explicit Table(std::vector<std::string> heading, const std::vector<std::size_t>& numeric = {});
 
     /// As many cells as the heading has; UTF-8 without control characters.
     void Add(std::vector<std::string> row) { rows.push_back(std::move(row)); }
