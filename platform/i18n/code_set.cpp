@@ -25,13 +25,14 @@ unsigned short KyCodeSet::FromUnicode(unsigned short unicode) const {
 
 unsigned short KyCodeSet::MapFrom(const KyCodeSet& source, unsigned short charCode) const {
     if (charCode == 0 || &source == this) return charCode;
-    if (mapping == orders) {
-        // A character becomes its order value; contractions and expansions need a whole text.
-        const KyCharProps* record = GetUnicodeProps(&source, charCode, KyLanguageNeutral);
-        return record != nullptr ? record->order : charCode;
+    unsigned short mapped = 0;
+    if (mapping == orders || source.mapping == orders) {
+        // Order values have no characters: units are taken over as they are.
+        mapped = charCode < limit ? charCode : 0;
+    } else if (const unsigned short unicode = source.ToUnicode(charCode); unicode != 0) {
+        mapped = FromUnicode(unicode);
     }
-    const unsigned short unicode = source.ToUnicode(charCode);
-    if (const unsigned short mapped = unicode != 0 ? FromUnicode(unicode) : 0) return mapped;
+    if (mapped != 0) return mapped;
     const unsigned short substitute = FromUnicode(Substitute);
     return substitute != 0 ? substitute : '?';
 }

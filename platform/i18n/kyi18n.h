@@ -27,6 +27,9 @@ inline constexpr unsigned char KyLanguageDefault = 255;
 /// database stores it with its indexes and compares it when it is opened.
 inline constexpr unsigned KyTableVersion = 1;
 
+/// Checksum of everything that the tables say. The build compares it with the data from which the tables are made.
+inline constexpr unsigned long long KyTableChecksum = 0x0;
+
 // Order classes. A class ranks before the order value, so it carries what that cannot: the script. All classes are
 // below 128; those that are not named belong to further scripts, in the order of the default Unicode collation.
 inline constexpr unsigned char KyClassCommon = 16;      ///< spaces, symbols and digits
@@ -123,6 +126,7 @@ public:
     template <std::size_t length>
     constexpr KyTable(const Entry (&entries)[length])  // NOLINT(google-explicit-constructor): an array is a table
         : first(entries), limit(entries + length) {}
+    constexpr KyTable(const Entry* start, std::size_t length) : first(start), limit(start + length) {}
 
     constexpr const Entry* begin() const { return first; }
     constexpr const Entry* end() const { return limit; }
@@ -134,8 +138,8 @@ private:
 
 /// What few characters have.
 struct KyCharRules {
-    /// What follows `KyCharProps::upper` in the upper-case form. The codes mean the same characters in every
-    /// code set that has the record, and have no expansion of their own.
+    /// What follows `KyCharProps::upper` in the upper-case form: codes of the code set that has the record, without
+    /// an expansion of their own.
     KyWCharList upperExpansion{};
     /// Order values that follow `KyCharProps::order`. They are of the record's class.
     KyWCharList orderExpansion{};

@@ -1,14 +1,9 @@
-#include "kyi18n.h"
-
-namespace {
-
-constinit const KyLanguage neutral(KyLanguageNeutral);
-
-}  // namespace
+#include "generated_tables.h"
 
 const KyLanguage* KyLanguageContext::QueryLanguage(unsigned char language) {
     if (language == KyLanguageDefault) language = GetDefaultLanguage();
-    return language == KyLanguageNeutral ? &neutral : nullptr;
+    const unsigned char index = ky::tables::languageIndex[language];
+    return index != ky::tables::NoEntry ? &ky::tables::languages[index] : nullptr;
 }
 
 const KyCharProps& KyLanguage::Select(const KyCharProps& record) const {
