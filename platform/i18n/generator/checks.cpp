@@ -60,6 +60,9 @@ void CheckWildcard(const Characters& characters, unsigned short wildcard) {
     if (!characters.at(wildcard).expansion.empty()) {
         throw BadData(characters.at(wildcard).at, "a wildcard character has no expansion");
     }
+    if (!characters.contains(order)) {
+        throw BadData(characters.at(wildcard).at, CodeName(order) + ", which is its own order, has this one");
+    }
     for (const auto& [code, character] : characters) {
         const Codes& further = character.expansion;
         if ((character.order == order && code != wildcard) ||

@@ -98,7 +98,7 @@ void Resolve(LanguageData& language, const Characters& characters) {
         ResolveExpansion(language, entry, characters);
     }
     if (!language.tailorings.empty()) language.variant = language.number;
-    if (language.number == KyLanguageNeutral && (language.variant != 0 || !language.asTag.empty())) {
+    if (language.number == KyLanguageNeutral && (!language.tailorings.empty() || !language.asTag.empty())) {
         throw BadData(language.at, "the neutral language has no differences");
     }
 }
