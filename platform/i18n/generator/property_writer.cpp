@@ -23,14 +23,13 @@ struct ArrayText {
     }
 };
 
+std::string Element(std::string_view array, int number) { return ElementOf(array, static_cast<std::size_t>(number)); }
+
 std::string Text(const Record& record) {
     if (record.order == 0) return "{}";
-    const std::string rules = record.rules != None ? "rules + " + std::to_string(record.rules) : "nullptr";
-    return "{" + Hex(record.order) + "," + Hex(record.upper) + "," + Hex(record.lower) + "," +
-           Decimal(record.orderClass) + "," + rules + "}";
+    const std::string rules = record.rules != None ? Element("rules", record.rules) : "nullptr";
+    return Braces({Hex(record.order), Hex(record.upper), Hex(record.lower), Decimal(record.orderClass), rules});
 }
-
-std::string FurtherRecord(int number) { return "furtherRecords + " + std::to_string(number); }
 
 /// The arrays behind the rules of all records. Each list in a rule is a part of one of them.
 class RuleArrays {
@@ -49,36 +48,34 @@ private:
         if (isNew) {
             for (const unsigned short code : list) codes.items.push_back(Hex(code));
         }
-        return "{" + Decimal(list.size()) + ", codes + " + Decimal(at->second) + "}";
+        return Braces({Decimal(list.size()), ElementOf(codes.name, at->second)});
     }
 
+    /// The next items of an array.
     static std::string Part(const ArrayText& array, std::size_t length) {
-        return "{" + array.name + " + " + Decimal(array.items.size()) + ", " + Decimal(length) + "}";
+        if (length == 0) return "{}";
+        return Braces({ElementOf(array.name, array.items.size()), Decimal(length)});
     }
 
     std::string Text(const std::vector<VariantEntry>& entries) {
-        if (entries.empty()) return "{}";
-        const std::string part = Part(variants, entries.size());
+        std::string part = Part(variants, entries.size());
         for (const VariantEntry& entry : entries) {
-            variants.items.push_back("{" + Decimal(entry.variant) + ", " + FurtherRecord(entry.record) + "}");
+            variants.items.push_back(Braces({Decimal(entry.variant), Element(records.name, entry.record)}));
         }
         return part;
     }
 
     std::string Text(const std::vector<ContractionEntry>& entries) {
-        if (entries.empty()) return "{}";
-        const std::string part = Part(contractions, entries.size());
+        std::string part = Part(contractions, entries.size());
         for (const ContractionEntry& entry : entries) {
-            contractions.items.push_back("{" + List(entry.rest) + ", " + FurtherRecord(entry.record) + "}");
+            contractions.items.push_back(Braces({List(entry.rest), Element(records.name, entry.record)}));
         }
         return part;
     }
 
     std::string Text(const Rules& entry) {
-        const std::string upper = List(entry.upperExpansion);
-        const std::string order = List(entry.orderExpansion);
-        const std::string languages = Text(entry.variants);
-        return "{" + upper + ", " + order + ", " + languages + ", " + Text(entry.contractions) + "}";
+        return Braces(
+            {List(entry.upperExpansion), List(entry.orderExpansion), Text(entry.variants), Text(entry.contractions)});
     }
 
     ArrayText codes{"unsigned short", "codes"};
@@ -107,7 +104,7 @@ void Declare(SourceFile& file, const ArrayText& array) {
 
 }  // namespace
 
-std::string PageAddress(int page) { return page != None ? "propertyPages + " + std::to_string(page) : "nullptr"; }
+std::string PageAddress(int page) { return page != None ? Element("propertyPages", page) : "nullptr"; }
 
 void WriteProperties(const std::filesystem::path& folder, const PropertyTables& tables) {
     const std::string parts = "#include \"table_parts.h\"\n";

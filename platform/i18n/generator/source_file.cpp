@@ -48,6 +48,21 @@ std::string Hex(unsigned long long number) {
     return text.str();
 }
 
+std::string Braces(std::initializer_list<std::string_view> items) {
+    std::string text = "{";
+    for (const std::string_view item : items) {
+        if (text.size() > 1) text += ", ";
+        text += item;
+    }
+    return text += "}";
+}
+
+std::string ElementOf(std::string_view array, std::size_t number) {
+    std::string text(array);
+    text += " + ";
+    return text += Decimal(number);
+}
+
 std::string Quoted(const std::string& text) {
     std::string quoted = "\"";
     for (const char c : text) {

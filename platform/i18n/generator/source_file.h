@@ -3,7 +3,9 @@
 
 #include <filesystem>
 #include <fstream>
+#include <initializer_list>
 #include <string>
+#include <string_view>
 
 namespace ky::tables {
 
@@ -33,6 +35,10 @@ private:
 std::string Decimal(std::size_t number);
 /// A hexadecimal number of C++.
 std::string Hex(unsigned long long number);
+/// "{a, b}"
+std::string Braces(std::initializer_list<std::string_view> items);
+/// "name + number": the address of an element.
+std::string ElementOf(std::string_view array, std::size_t number);
 /// The text in quotes.
 std::string Quoted(const std::string& text);
 

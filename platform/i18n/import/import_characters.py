@@ -28,6 +28,8 @@ from classes import MODIFIERS, place
 from letter import Letter
 from writer import File, letter_arguments, line, range_line
 
+_FIRST_SYMBOL_ORDER = 80
+
 # A letter behind an apostrophe: a form of that letter, not of the apostrophe.
 _BEHIND_APOSTROPHE = 0x0149
 
@@ -93,6 +95,9 @@ def _write_others(output, characters, keys):
                        "default collation; controls, format characters and marks come first.")
     number = 0
     for code in others.symbols(_own(characters), keys):
+        # A code without a character is its own order, and none may be a wildcard's.
+        while chr(code) in "*?\\" and _FIRST_SYMBOL_ORDER + number not in characters:
+            number += 1
         output.add(file, code, f"symbol {number}")
         number += 1
     file = output.file("unnamed",

@@ -122,7 +122,7 @@ TEST(CharacterTable, ClassesCarryTheScript) {
         {0x0E01, KyClassThai},     {0x1100, KyClassHangul}, {0xAC00, KyClassHangul},   {0x3042, KyClassKana},
         {0x30A2, KyClassKana},     {0x4E00, KyClassHan},    {0x3400, KyClassHan},      {' ', KyClassCommon},
         {'*', KyClassCommon},      {0x20AC, KyClassCommon}, {0x0301, KyClassCommon},   {0xFFFD, KyClassCommon},
-        {0xFFFE, KyClassNone},     {0xD800, KyClassNone},
+        {0xFFFE, KyClassNone},     {0x0378, KyClassNone},
     };
     for (const auto& [code, orderClass] : cases) EXPECT_EQ(ClassOf(code), orderClass) << std::hex << code;
 }
@@ -207,7 +207,9 @@ TEST(CharacterTable, CaseLeadsToCharacters) {
         const KyCharProps* record = RecordAt(code);
         if (record == nullptr) continue;
         for (const unsigned target : {record->upper, record->lower}) {
-            if (target != 0) EXPECT_NE(RecordAt(target), nullptr) << std::hex << code;
+            if (target != 0) {
+                EXPECT_NE(RecordAt(target), nullptr) << std::hex << code;
+            }
         }
     }
 }

@@ -93,7 +93,9 @@ constexpr Golden kGolden[] = {
 TEST(CodeSet, BytesAreTheirCharacters) {
     for (const auto& [set, byte, unicode] : kGolden) {
         EXPECT_EQ(Set(set).ToUnicode(byte), unicode) << set << ": " << byte;
-        if (unicode != kNone) EXPECT_EQ(Set(set).FromUnicode(unicode), byte) << set << ": " << byte;
+        if (unicode != kNone) {
+            EXPECT_EQ(Set(set).FromUnicode(unicode), byte) << set << ": " << byte;
+        }
     }
 }
 
@@ -101,8 +103,12 @@ TEST(CodeSet, EverySetGoesToUnicodeAndBack) {
     for (unsigned set = 1; set <= kLast8BitSet; ++set) {
         for (unsigned short byte = 0; byte < 0x100; ++byte) {
             const unsigned short unicode = Set(set).ToUnicode(byte);
-            if (byte < 0x80) EXPECT_EQ(unicode, byte);
-            if (unicode != kNone) EXPECT_EQ(Set(set).FromUnicode(unicode), byte) << set;
+            if (byte < 0x80) {
+                EXPECT_EQ(unicode, byte);
+            }
+            if (unicode != kNone) {
+                EXPECT_EQ(Set(set).FromUnicode(unicode), byte) << set;
+            }
         }
         unsigned characters = 0;
         for (unsigned unicode = 1; unicode < 0x10000; ++unicode) {
@@ -221,7 +227,9 @@ TEST(CodeSet, NoCharacterMapsToTheTerminator) {
             for (unsigned code = 1; code < limit; code += code < 0x180 ? 1 : 61) {
                 const unsigned short mapped = Set(to).MapFrom(Set(from), static_cast<unsigned short>(code));
                 EXPECT_NE(mapped, 0) << from << " to " << to << ": " << code;
-                if (to < KyCodeSetFirst16Bit) EXPECT_LT(mapped, 0x100);
+                if (to < KyCodeSetFirst16Bit) {
+                    EXPECT_LT(mapped, 0x100);
+                }
             }
             EXPECT_EQ(Set(to).MapFrom(Set(from), 0), 0);
         }

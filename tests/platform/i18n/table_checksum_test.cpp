@@ -82,7 +82,7 @@ TEST(TableChecksum, IsWhatTheTablesSay) {
 
 TEST(TableChecksum, IsPinnedWithTheVersion) {
     EXPECT_EQ(KyTableVersion, 1u);
-    EXPECT_EQ(KyTableChecksum, 0x0u);
+    EXPECT_EQ(KyTableChecksum, 0xAD28BEBF38DE8F83u);
 }
 
 }  // namespace
