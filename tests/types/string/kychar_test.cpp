@@ -90,7 +90,9 @@ TEST(Character, ClassesFollowTheOrder) {
         {Latin(0xD7), "symbol"},
         {Latin('0'), "digit"},
         {Latin('9'), "digit"},
-        {Latin(0xB2), "digit"},
+        {Latin(0xB2), "symbol"},
+        {KyChar(static_cast<char>(0xF2), 14, 0), "digit"},
+        {Unicode(0x0665), "digit"},
         {Latin('a'), "alpha"},
         {Latin(0xDF), "alpha"},
         {Latin(0xC6), "alpha"},
@@ -130,9 +132,15 @@ TEST(Character, ClassBorders) {
 }
 
 TEST(Character, Kept_ACodeWithoutARecordIsItsOwnOrder) {
-    EXPECT_EQ(Unicode(0x4E00).GetOrder(), 0x4E00);
-    EXPECT_TRUE(Unicode(0x4E00).IsAlpha());
-    EXPECT_EQ(KyChar(static_cast<char>(0x80), 2, 0).GetOrder(), 0x20AC) << "that of its Unicode character";
+    EXPECT_EQ(Unicode(0x0378).GetOrder(), 0x0378);
+    EXPECT_TRUE(Unicode(0x0378).IsSymbol());
+    EXPECT_EQ(Unicode(0xA48D).GetOrder(), 0xA48D);
+    EXPECT_TRUE(Unicode(0xA48D).IsHan());
+}
+
+TEST(Character, HasTheOrderOfItsUnicodeCharacter) {
+    EXPECT_EQ(KyChar(static_cast<char>(0x80), 2, 0).GetOrder(), Unicode(0x20AC).GetOrder());
+    EXPECT_EQ(KyChar(static_cast<char>(0xE1), 11, 0).GetOrder(), Unicode(0x03B1).GetOrder());
 }
 
 TEST(Character, MapsBetweenCodeSets) {

@@ -116,7 +116,7 @@ TEST(DiskForm, TakesRoman8ToWindows1252) {
     std::vector<unsigned> elsewhere;
     for (unsigned c = 0x80; c < 256; ++c) {
         const auto unicode = c < 0xA0 ? static_cast<unsigned short>(c) : kRoman8FromA0[c - 0xA0];
-        if (windows->ToUnicode(_KyConvertToDiskFormat(static_cast<unsigned char>(c))) == unicode) {
+        if (unicode != 0 && windows->ToUnicode(_KyConvertToDiskFormat(static_cast<unsigned char>(c))) == unicode) {
             ++agreeing;
         } else if (c >= 0xA0 && unicode != 0 && windows->FromUnicode(unicode) != 0) {
             elsewhere.push_back(c);

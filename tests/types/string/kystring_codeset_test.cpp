@@ -179,9 +179,9 @@ TEST(CodeSetNumber255, IsA16BitTextEverywhere) {
     }
     EXPECT_NE(s.Compare("A", -1, 0x100), 0);
     KyString number(KyCodeSetDefault, 0);
-    number << static_cast<unsigned short>(0xB2) << "5";
+    number << static_cast<unsigned short>(0x0665) << "5";
     int value = 1;
-    EXPECT_EQ(number.Atol(value), 0) << "a superscript two is a digit";
+    EXPECT_EQ(number.Atol(value), 0) << "an Arabic five is a digit";
     number.Cut(0, 1);
     EXPECT_EQ(number.Atol(value), 0);
     EXPECT_EQ(value, 5);

@@ -100,7 +100,10 @@ TEST(KyStringAtol, Kept_16BitTextsTakeTheBaseFromTheText) {
 }
 
 TEST(KyStringAtol, Kept_EveryDigitPassesTheFirstTest) {
-    EXPECT_EQ(Atol("\xB2"), (Read{0, 0})) << "a superscript two is a digit, but no number";
+    KyString thai;
+    thai.MakeString("\xF2", 14, -1, 1);
+    EXPECT_EQ(Atol(thai), (Read{0, 0})) << "a Thai two is a digit, but no number";
+    EXPECT_EQ(Atol(WideOf("\xB2")), (Read{-1, 0})) << "a superscript two is none";
 }
 
 TEST(KyStringConversion, OfIntegers) {

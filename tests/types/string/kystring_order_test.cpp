@@ -187,18 +187,18 @@ TEST(HashString, OfOneText) {
     EXPECT_EQ(HashString(0, 0, "ab\xFF", -1, 1), (9U * 'a' + 'b') * 9 + 0xFF);
     EXPECT_EQ(HashString(0, 0, "abc", 2, 1), 9U * 'a' + 'b');
     EXPECT_EQ(HashString(1, 0, "abc", 2, 1), HashString(1, 0, "ab", -1, 1));
-    // A is letter 3, upper case: 0x400C; a the same with the case bit.
-    EXPECT_EQ(HashString(1, 0, "A", -1, 1), 0x400C00U);
-    EXPECT_EQ(HashString(1, 0, "aA", -1, 1), 9 * 0x400C20U + 0x400C00U);
-    EXPECT_EQ(HashString(253, 0, "\0A", 1, 2), 0x400C00U) << "swapped units";
+    // A is the Latin letter 3, upper case: class 32, order 0x400C; a is the same in case 2.
+    EXPECT_EQ(HashString(1, 0, "A", -1, 1), 0x20400C00U);
+    EXPECT_EQ(HashString(1, 0, "aA", -1, 1), 9 * 0x20400C40U + 0x20400C00U);
+    EXPECT_EQ(HashString(253, 0, "\0A", 1, 2), 0x20400C00U) << "swapped units";
 }
 
 TEST(StringHashSlot, IsTheSameInEveryForm) {
-    EXPECT_EQ(HashInEveryForm({KyString("A")}), 0x400C00U * kHashFactor);
-    EXPECT_EQ(HashInEveryForm({Wide(u"A")}), 0x400C00U * kHashFactor) << "equal texts hash alike";
+    EXPECT_EQ(HashInEveryForm({KyString("A")}), 0x20400C00U * kHashFactor);
+    EXPECT_EQ(HashInEveryForm({Wide(u"A")}), 0x20400C00U * kHashFactor) << "equal texts hash alike";
     EXPECT_EQ(HashInEveryForm({Null()}), kNullHash * kHashFactor);
     EXPECT_EQ(HashInEveryForm({KyString()}), 0U);
-    EXPECT_EQ(HashInEveryForm({KyString("A"), Null(), ""}), (0x400C00U ^ kNullHash) * kHashFactor);
+    EXPECT_EQ(HashInEveryForm({KyString("A"), Null(), ""}), (0x20400C00U ^ kNullHash) * kHashFactor);
     HashInEveryForm({std::string(253, 'q').c_str(), std::string(254, 'q').c_str(), std::string(1000, 'q').c_str()});
     HashInEveryForm({Wide(std::u16string(127, u'Ā')), Wide(std::u16string(128, u'Ā'))});
 }
@@ -212,20 +212,20 @@ TEST(StringHashSlot, OfNone) {
 TEST(StringHashSlot, BuffersThatEndEarly) {
     int err;
     KyString inMemory[] = {"A", "b"};
-    EXPECT_EQ(HashOf(KyStringTab, 8, 16, inMemory, 2, err), 0x400C00U * kHashFactor);
+    EXPECT_EQ(HashOf(KyStringTab, 8, 16, inMemory, 2, err), 0x20400C00U * kHashFactor);
     EXPECT_EQ(err, 2101);
     for (const unsigned char flag : std::initializer_list<unsigned char>{1, 2}) {
         StoredArray stored(KyStringTab, {"Abc", "b"}, flag);
         GuardedBuffer part(std::span(static_cast<unsigned char*>(stored.Data()), 5));
-        EXPECT_EQ(HashOf(KyStringTab, flag, 5, part.data(), 1, err), 0x400C00U * kHashFactor)
+        EXPECT_EQ(HashOf(KyStringTab, flag, 5, part.data(), 1, err), 0x20400C00U * kHashFactor)
             << "the part that is there";
         EXPECT_EQ(err, 0);
-        EXPECT_EQ(HashOf(KyStringTab, flag, 5, part.data(), 2, err), 0x400C00U * kHashFactor);
+        EXPECT_EQ(HashOf(KyStringTab, flag, 5, part.data(), 2, err), 0x20400C00U * kHashFactor);
         EXPECT_EQ(err, 2101);
 
         StoredArray wide(KyStringTab, {Wide(u"AB")}, flag);
         GuardedBuffer half(std::span(static_cast<unsigned char*>(wide.Data()), 7));
-        EXPECT_EQ(HashOf(KyStringTab, flag, 7, half.data(), 1, err), 0x400C00U * kHashFactor) << "whole units only";
+        EXPECT_EQ(HashOf(KyStringTab, flag, 7, half.data(), 1, err), 0x20400C00U * kHashFactor) << "whole units only";
     }
 }
 

@@ -64,7 +64,7 @@ TEST(NextOrderValue, MasksLettersOnly) {
     KyStringIterator it("a-\xE4", 1, 0, 1);
     EXPECT_EQ(GetNextOrderValue(it, 0x3F80), 0x400C);
     EXPECT_EQ(GetNextOrderValue(it, 0xFFFF), KyChar('-', 1, 0).GetOrder());
-    EXPECT_EQ(GetNextOrderValue(it, 0x0F80), 0x500C);
+    EXPECT_EQ(GetNextOrderValue(it, 0x0F80), 0x600C);
     EXPECT_EQ(GetNextOrderValue(it, 0), 0);
     EXPECT_EQ(GetNextOrderValue(it, 0), 0);
 }
