@@ -100,7 +100,7 @@ TEST(KyStringAtol, Kept_16BitTextsTakeTheBaseFromTheText) {
 }
 
 TEST(KyStringAtol, Kept_EveryDigitPassesTheFirstTest) {
-    KyString thai;
+    KyString thai(14, 0);
     thai.MakeString("\xF2", 14, -1, 1);
     EXPECT_EQ(Atol(thai), (Read{0, 0})) << "a Thai two is a digit, but no number";
     EXPECT_EQ(Atol(WideOf("\xB2")), (Read{-1, 0})) << "a superscript two is none";
