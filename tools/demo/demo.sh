@@ -1,10 +1,11 @@
 #!/bin/sh
 # Shows the type manager at work through kytm: first single values, then real columns sorted and each result checked
-# against an independent sort.
+# against an independent sort, at last what languages.sh shows.
 #
 #   tools/demo/demo.sh BUILD_DIR
 #
-# Data: the Unicode character database (Debian package unicode-data), an American word list (wamerican-huge).
+# Data: the Unicode character database (Debian package unicode-data), an American word list (wamerican-huge), and the
+# word lists of languages.sh.
 # Ends with 0 when every sorted column is identical to the independent one, else with 1.
 set -eu
 
@@ -184,6 +185,10 @@ sed "s|$work/||" "$work/reports"
 printf '%s\n' -7 3 12 >"$work/expected"
 check "three lines remain, exit status $status" "$work/sorted" "$work/expected" 0
 [ $status -eq 1 ] || failed=1
+
+echo
+echo "== Languages, code sets and wildcards =="
+sh "$(dirname "$0")/languages.sh" "$1" || failed=1
 
 echo
 [ $failed -eq 0 ] || { echo "demo: not everything is as it should be" >&2; exit 1; }
