@@ -2,12 +2,13 @@
 ///
 /// Exit code 0, or 1 with a message that begins with file and line when the data is wrong. Prints the checksum.
 
-#include <cstdio>
 #include <exception>
+#include <iostream>
 
 #include "checks.h"
 #include "checksum.h"
 #include "property_writer.h"
+#include "source_file.h"
 #include "table_writer.h"
 
 namespace {
@@ -28,21 +29,21 @@ void Generate(const std::filesystem::path& data, const std::filesystem::path& ou
     WriteCodeSets(out, tables, sets);
     WriteLanguages(out, languages);
     WriteChecksum(out, checksum);
-    std::printf("checksum 0x%llX\n", static_cast<unsigned long long>(checksum));
+    std::cout << "checksum " << Hex(checksum) << '\n';
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
     if (argc != 3) {
-        std::fprintf(stderr, "usage: ky_table_generator DATA_FOLDER OUTPUT_FOLDER\n");
+        std::cerr << "usage: ky_table_generator DATA_FOLDER OUTPUT_FOLDER\n";
         return 2;
     }
     try {
         Generate(argv[1], argv[2]);
         return 0;
     } catch (const std::exception& failure) {
-        std::fprintf(stderr, "%s\n", failure.what());
+        std::cerr << failure.what() << '\n';
         return 1;
     }
 }
