@@ -36,8 +36,6 @@ constinit KyTypeTab KyClassIdTab       = Pending("KyClassId", "KyCLID_T", "(%Cv%
 constinit KyTypeTab KyRefTab           = Pending("KyRef", "KyREF_T", "(%D:%H-%L#%B, %C)", Fixed(16), Null::has);
 constinit KyTypeTab KyBlobTab          = Pending("KyBlob", "KyBLOB_T", "[BLOB,len=%L]", Variable(8), Null::has);
 constinit KyTypeTab KyDateTimeTab      = Pending("KyDateTime", "KyDATIME_T", "%a %e.%b %Y %I:%M:%S %p", Fixed(8), Null::has);
-constinit KyTypeTab KyIStringTab       = Pending("KyIString", "KyISTRING_T", "%s", Variable(16), Null::none);
-constinit KyTypeTab KyCaseIStringTab   = Pending("KyCaseIString", "KyCASEISTRING_T", "%s", Variable(16), Null::none);
 constinit KyTypeTab Kyd_DateTab        = Pending("d_Date", "D_DATE_T", "%a %b %e", Fixed(4), Null::none);
 constinit KyTypeTab Kyd_TimeTab        = Pending("d_Time", "D_TIME_T", "%I:%M:%S %p", Fixed(6), Null::none);
 constinit KyTypeTab Kyd_TimestampTab   = Pending("d_Timestamp", "D_TIMESTAMP_T", "%a %b %e %I:%M:%S %p", Fixed(10), Null::none);

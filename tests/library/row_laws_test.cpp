@@ -179,10 +179,9 @@ TEST(RowLaws, GetValueRefusesUnknownSelectors) {
 
 TEST(RowLaws, RowsStillWithoutFunctionsAreKnown) {
     // The rows of types that are not built yet; the list only gets shorter.
-    const std::set<std::string> expected = {"KyDate",     "KyTime",      "KyObjId",    "KyClassId",     "KyRef",
-                                            "KyBlob",     "KyDateTime",  "KyIString",  "KyCaseIString", "d_Date",
-                                            "d_Time",     "d_Timestamp", "d_Interval", "KySeal",        "KyDateTimeN",
-                                            "KyTimeSpan", "illegal"};
+    const std::set<std::string> expected = {"KyDate",     "KyTime",     "KyObjId",     "KyClassId",  "KyRef",
+                                            "KyBlob",     "KyDateTime", "d_Date",      "d_Time",     "d_Timestamp",
+                                            "d_Interval", "KySeal",     "KyDateTimeN", "KyTimeSpan", "illegal"};
     std::set<std::string> empty;
     for (const KyTypeTab* row : AllRows()) {
         if (MakesNoValues(row)) empty.insert(row->typeName);
@@ -192,7 +191,9 @@ TEST(RowLaws, RowsStillWithoutFunctionsAreKnown) {
 
 TEST(RowLaws, SlotsStillWithoutAFunctionAreKnown) {
     // What the rows of built types still borrow from the illegal row; the list only gets shorter.
-    const std::set<std::string> expected = {"KyString EvalAndBound", "KyString Translate"};
+    const std::set<std::string> expected = {"KyString EvalAndBound",      "KyString Translate",
+                                            "KyIString EvalAndBound",     "KyIString Translate",
+                                            "KyCaseIString EvalAndBound", "KyCaseIString Translate"};
     std::set<std::string> empty;
     for (const KyTypeTab* row : AllRows()) {
         if (MakesNoValues(row)) continue;

@@ -21,6 +21,7 @@ class KyString;
 // The library's own, not exported.
 namespace ky {
 class BlockWriter;
+class LentText;
 
 /// `out` becomes a text of the default 8-bit code set and the default language, as by the assignment of a text, whose
 /// length is known: text[length] is its first zero.
@@ -231,6 +232,7 @@ private:
 
     friend KyString operator+(const KyString& a, const KyString& b);
     friend KyString& ky::AssignText(KyString& out, const char* text, std::size_t length);
+    friend class ky::LentText;
 
     // Counts that are never negative and may exceed 32767, unlike those of the operations above.
     KyString(unsigned char codeSet, unsigned char language, const char* text, std::size_t bytes);

@@ -6,6 +6,7 @@
 #include "kybase.h"
 #include "kystring.h"
 #include "kystring_slots.h"
+#include "mem_file_bytes.h"
 #include "string_records.h"
 
 namespace {
@@ -94,15 +95,6 @@ unsigned OldSizeOf(const void* value, unsigned char flag, unsigned count) {
     return static_cast<unsigned>(total);
 }
 
-/// The position's bytes, `size` of them; null when the file ends before. The position stays.
-const unsigned char* Peek(MemFile& file, long offset, long size) {
-    const auto* start = static_cast<const unsigned char*>(file.Seek(offset, MemFile::current));
-    if (start == nullptr) return nullptr;
-    const bool inside = file.Seek(size, MemFile::current) != nullptr;
-    file.Seek(inside ? -(offset + size) : -offset, MemFile::current);
-    return inside ? start : nullptr;
-}
-
 }  // namespace
 
 unsigned StringStore(void* dst, const void* src, unsigned char flag, unsigned count) {
@@ -156,11 +148,11 @@ unsigned StringOldSizeGet(const void* value, unsigned char fromFlag, unsigned ch
 unsigned StringSizeGetFromMemFile(MemFile* file, unsigned char flag, unsigned count) {
     long total = 0;
     for (unsigned i = 0; i < count; ++i) {
-        const unsigned char* head = Peek(*file, total, ky::kLengthField);
+        const unsigned char* head = ky::BytesOfFile(*file, total, ky::kLengthField);
         if (head == nullptr) break;
         const unsigned length = ky::ReadLength(head, Form(flag));
         const long size = static_cast<long>(ky::kLengthField + length);
-        const unsigned char* record = Peek(*file, total, size);
+        const unsigned char* record = ky::BytesOfFile(*file, total, size);
         total += size;
         if (record == nullptr || (i == 0 && ky::IsOldLayout(record, length))) break;
     }

@@ -2,11 +2,9 @@
 
 #include "kystring_slots.h"
 
-#include <memory>
-#include <new>
-
 #include "kystring.h"
 #include "kytypmgr.h"
+#include "object_slots.h"
 #include "text_constants.h"
 
 namespace {
@@ -19,24 +17,20 @@ void* StringCreate(unsigned count) { return KyStringCreate(count); }
 int StringDelete(void* values, unsigned count) { return KyStringDelete(values, count); }
 void* KyStringDefaultValue(unsigned count, int) { return KyStringCreate(count); }
 
-void KyStringConstructor(void* values, unsigned count, unsigned) {
-    std::uninitialized_default_construct_n(static_cast<KyString*>(values), count);
+void KyStringConstructor(void* values, unsigned count, unsigned extra) {
+    ky::ObjectSlots<KyString>::Constructor(values, count, extra);
 }
 
-void KyStringDestructor(void* values, unsigned count, unsigned) {
-    std::destroy_n(static_cast<KyString*>(values), count);
+void KyStringDestructor(void* values, unsigned count, unsigned extra) {
+    ky::ObjectSlots<KyString>::Destructor(values, count, extra);
 }
 
 void KyStringAssignment(void* dst, void* src, unsigned count, int mode) {
-    auto* to = static_cast<KyString*>(dst);
-    const auto* from = static_cast<const KyString*>(src);
-    for (unsigned i = 0; i < count; ++i) to[i] = from[mode == 0 ? i : 0];
+    ky::ObjectSlots<KyString>::Assignment(dst, src, count, mode);
 }
 
 void KyStringCopy(void* dst, void* src, unsigned count, int mode) {
-    auto* to = static_cast<KyString*>(dst);
-    const auto* from = static_cast<const KyString*>(src);
-    for (unsigned i = 0; i < count; ++i) new (to + i) KyString(from[mode == 0 ? i : 0]);
+    ky::ObjectSlots<KyString>::Copy(dst, src, count, mode);
 }
 
 int KyStringIsNull(void* value) { return StringAt(value).IsNullValue(); }

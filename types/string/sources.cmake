@@ -9,7 +9,14 @@ set(folder_sources
   kychar.cpp
   kychar_in_string.cpp
   kydiskform.cpp
+  kyistrcmp.cpp
+  kyistring.cpp
+  kyistring_keys.cpp
   kyistring_map.cpp
+  kyistring_order.cpp
+  kyistring_persistent.cpp
+  kyistring_rows.cpp
+  kyistring_slots.cpp
   kymultibyte.cpp
   kymultibyte_read.cpp
   kymultibyte_write.cpp
@@ -52,6 +59,7 @@ set(folder_sources
 set(folder_headers
   kychar.h
   kydiskform.h
+  kyistring.h
   kyistring_map.h
   kymultibyte.h
   kystrcmp.h
