@@ -249,7 +249,8 @@ public:
     /// What `ToUnicode` and `FromUnicode` look up in an 8-bit set; null where each code is the Unicode code.
     constexpr const unsigned short* UnicodeCodes() const { return toUnicode; }
     constexpr const KyUnicodeMap* UnicodeMap() const { return fromUnicode; }
-    /// The code in this set of a character of `source`, or the substitute. 0 stays 0.
+    /// The code in this set of a character of `source`, or the substitute. 0 stays 0. Between order values and
+    /// characters units are taken over as they are, and those that an 8-bit set has no room for are replaced.
     unsigned short MapFrom(const KyCodeSet& source, unsigned short charCode) const;
 
     /// The record with which a character's case is mapped: its own or, when the set has no property table, that
