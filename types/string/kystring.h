@@ -3,7 +3,7 @@
 
 /// `KyString`, the one string class of the system, and with it all that works on strings: characters and
 /// iterators (`kychar.h`), collation (`kystrcmp.h`), 16-bit text (`kywstring.h`), multibyte text (`kymultibyte.h`), the
-/// disk form of 8-bit text (`kydiskform.h`), patterns (`kywildcard.h`).
+/// disk form of 8-bit text (`kydiskform.h`), patterns (`kywildcard.h`), names of order values (`kyorder_names.h`).
 
 #include <cstddef>
 #include <type_traits>
@@ -12,6 +12,7 @@
 #include "kydiskform.h"
 #include "kyexport.h"
 #include "kymultibyte.h"
+#include "kyorder_names.h"
 #include "kystrcmp.h"
 #include "kywildcard.h"
 #include "kywstring.h"

@@ -20,6 +20,7 @@ set(folder_sources
   kymultibyte.cpp
   kymultibyte_read.cpp
   kymultibyte_write.cpp
+  kyorder_names.cpp
   kystrcmp.cpp
   kystring.cpp
   kystring_append.cpp
@@ -62,6 +63,7 @@ set(folder_headers
   kyistring.h
   kyistring_map.h
   kymultibyte.h
+  kyorder_names.h
   kystrcmp.h
   kystring.h
   kywildcard.h
