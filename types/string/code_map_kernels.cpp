@@ -2,10 +2,11 @@
 
 #include <immintrin.h>
 
-#include <algorithm>
+#include <bit>
 #include <cstdint>
 #include <cstring>
 
+#include "byte_table_avx512.h"
 #include "code_sets.h"
 #include "kernel_choice.h"
 
@@ -17,13 +18,6 @@ constexpr std::size_t kBlock = 16;
 __m128i Load(const char* from) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(from)); }
 void Store(char* to, __m128i bytes) { _mm_storeu_si128(reinterpret_cast<__m128i*>(to), bytes); }
 
-/// Every byte as its own unit.
-constexpr struct SameUnits {
-    unsigned short units[256]{};
-    constexpr SameUnits() {
-        for (unsigned short i = 0; i < 256; ++i) units[i] = i;
-    }
-} kSame;
 void LookUp(const unsigned short* table, const char* bytes, std::size_t n, char* units) {
     for (std::size_t i = 0; i < n; ++i) {
         const auto byte = static_cast<unsigned char>(bytes[i]);
@@ -39,27 +33,6 @@ char ByteOf(const KyUnicodeMap* map, unsigned unit, char substitute) {
 }
 
 #define KY_KERNEL_TARGET __attribute__((target("avx2,avx512f,avx512bw,avx512dq,avx512vl")))
-
-/// The 128 units of the bytes from 0x80 on, in registers.
-struct UpperTable {
-    __m512i quarter[4];
-
-    KY_KERNEL_TARGET explicit UpperTable(const unsigned short* table) {
-        for (int i = 0; i < 4; ++i) quarter[i] = _mm512_loadu_si512(table + 0x80 + 32 * i);
-    }
-    /// The units of 32 bytes in units of their own.
-    KY_KERNEL_TARGET __m512i Of(__m512i codes) const {
-        constexpr __mmask32 kEvery = ~__mmask32{0};
-        // An index is looked up by its lower six bits.
-        const __m512i lower = _mm512_maskz_permutex2var_epi16(kEvery, quarter[0], codes, quarter[1]);
-        const __m512i upper = _mm512_maskz_permutex2var_epi16(kEvery, quarter[2], codes, quarter[3]);
-        const __mmask32 isUpper = _mm512_test_epi16_mask(codes, _mm512_set1_epi16(0x40));
-        const __m512i units = _mm512_mask_mov_epi16(lower, isUpper, upper);
-        const __m512i substitute = _mm512_set1_epi16(static_cast<short>(KyCodeSet::Substitute));
-        const __m512i present = _mm512_mask_mov_epi16(units, _mm512_testn_epi16_mask(units, units), substitute);
-        return _mm512_mask_mov_epi16(codes, _mm512_test_epi16_mask(codes, _mm512_set1_epi16(0x80)), present);
-    }
-};
 
 }  // namespace
 
@@ -81,7 +54,7 @@ KY_KERNEL_TARGET void BytesToUnitsAvx512(const unsigned short* table, const char
                                          char* units) {
     constexpr __mmask32 kEvery = ~__mmask32{0};
     const auto rest = static_cast<__mmask32>((std::uint64_t{1} << count % 32) - 1);
-    const UpperTable upper(table != nullptr ? table : kSame.units);
+    const UpperTable upper(table);
     for (const char* const end = bytes + count / 32 * 32; bytes != end; bytes += 32, units += 64) {
         __m256i block;
         std::memcpy(&block, bytes, sizeof block);
@@ -102,23 +75,32 @@ __attribute__((ifunc("KyResolveBytesToUnits"))) BytesToUnitsKernel BytesToUnits;
 void UnitsToBytes(const KyUnicodeMap* map, const char* units, std::size_t count, char* bytes, char substitute) {
     const __m128i zero = _mm_setzero_si128();
     const __m128i narrowBits = _mm_cvtsi32_si128(map == nullptr ? 8 : 7);
-    while (count != 0) {
-        const std::size_t n = std::min(count, kBlock);
-        bool isNarrow = false;
-        if (n == kBlock) {
-            const __m128i low = Load(units);
-            const __m128i high = Load(units + kBlock);
-            const __m128i upper = _mm_srl_epi16(_mm_or_si128(low, high), narrowBits);
-            isNarrow = _mm_movemask_epi8(_mm_cmpeq_epi16(upper, zero)) == 0xFFFF;
-            if (isNarrow) Store(bytes, _mm_packus_epi16(low, high));
+    for (; count >= kBlock; count -= kBlock, units += 2 * kBlock, bytes += kBlock) {
+        const __m128i low = Load(units);
+        const __m128i high = Load(units + kBlock);
+        Store(bytes, _mm_packus_epi16(low, high));
+        const __m128i isNarrow = _mm_packs_epi16(_mm_cmpeq_epi16(_mm_srl_epi16(low, narrowBits), zero),
+                                                 _mm_cmpeq_epi16(_mm_srl_epi16(high, narrowBits), zero));
+        for (unsigned others = 0xFFFF ^ static_cast<unsigned>(_mm_movemask_epi8(isNarrow)); others != 0;
+             others &= others - 1) {
+            const int i = std::countr_zero(others);
+            bytes[i] = ByteOf(map, ReadUnit(units + 2 * i, 1), substitute);
         }
-        if (!isNarrow) {
-            for (std::size_t i = 0; i < n; ++i) bytes[i] = ByteOf(map, ReadUnit(units + 2 * i, 1), substitute);
-        }
-        units += 2 * n;
-        bytes += n;
-        count -= n;
     }
+    for (std::size_t i = 0; i < count; ++i) bytes[i] = ByteOf(map, ReadUnit(units + 2 * i, 1), substitute);
+}
+
+std::size_t UnitsBeforeZero(const char* units, std::size_t count) {
+    const __m128i zero = _mm_setzero_si128();
+    std::size_t at = 0;
+    for (; count - at >= kBlock; at += kBlock) {
+        const __m128i low = _mm_cmpeq_epi16(Load(units + 2 * at), zero);
+        const __m128i high = _mm_cmpeq_epi16(Load(units + 2 * at + kBlock), zero);
+        const int ends = _mm_movemask_epi8(_mm_packs_epi16(low, high));
+        if (ends != 0) return at + static_cast<std::size_t>(std::countr_zero(static_cast<unsigned>(ends)));
+    }
+    while (at < count && ReadUnit(units + 2 * at, 1) != 0) ++at;
+    return at;
 }
 
 }  // namespace ky

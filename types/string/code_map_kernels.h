@@ -22,6 +22,9 @@ bool RunsBytesToUnitsAvx512();
 /// 0x100 is its byte. `substitute`: the byte of all others.
 void UnitsToBytes(const KyUnicodeMap* map, const char* units, std::size_t count, char* bytes, char substitute);
 
+/// Units before the first zero unit, `count` when there is none. All of them are readable, at any address.
+std::size_t UnitsBeforeZero(const char* units, std::size_t count);
+
 }  // namespace ky
 
 #endif

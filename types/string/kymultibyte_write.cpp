@@ -20,10 +20,11 @@ constexpr unsigned char kLastAsciiCodeSet = 26;
 class UnicodeText {
 public:
     explicit UnicodeText(const KyString& s) : codeSet(s.CodeSetGet()), text(s.StrGet()) {
-        if (codeSet == KyCodeSetUnicode) {
+        if (ky::CharWidth(codeSet) == 2) {
+            // Mapped into Unicode unit by unit.
             left = s.BufferSizeGet() / 2;
         } else {
-            left = ky::LimitedLength(ky::TextLength(text, ky::CharWidth(codeSet)), 2);
+            left = ky::LimitedLength(std::strlen(text), 2);
         }
     }
     UnicodeText(const UnicodeText&) = delete;
@@ -32,7 +33,7 @@ public:
     /// Makes the next piece of `Count` units at `Units`, which may end at a zero unit; false at the end.
     bool Next() {
         if (left == 0) return false;
-        if (codeSet == KyCodeSetUnicode) {
+        if (ky::CharWidth(codeSet) == 2) {
             count = left;
             units = text;
         } else {
@@ -46,8 +47,6 @@ public:
     }
     const char* Units() const { return units; }
     std::size_t Count() const { return count; }
-    /// The piece ends, or its unit number `at` is the terminator.
-    bool EndsAt(std::size_t at) const { return at == count || ky::AtEnd(units + 2 * at, 2); }
 
 private:
     unsigned char codeSet;
@@ -79,15 +78,20 @@ std::size_t EncodedSize(UnicodeText& text, std::size_t maxChars) {
     return size;
 }
 
-/// Encodes what fits whole; true when that is all.
-bool Encode(UnicodeText& text, char* out, std::size_t room, std::size_t& used) {
-    used = 0;
-    while (text.Next()) {
-        const auto [read, written] = ky::UnitsToUtf8(text.Units(), text.Count(), out + used, room - used);
-        used += written;
-        if (!text.EndsAt(read)) return false;
+/// Encodes the characters that fit; true when that are all.
+bool Encode(const KyString& s, char* out, std::size_t room, std::size_t& used) {
+    const unsigned char codeSet = s.CodeSetGet();
+    if (ky::CharWidth(codeSet) == 1) {
+        const std::size_t length = ky::LimitedLength(std::strlen(s.StrGet()), 2);
+        const auto [read, written] =
+            ky::BytesToUtf8(ky::CodeSetOf(codeSet).UnicodeCodes(), s.StrGet(), length, out, room);
+        used = written;
+        return read == length;
     }
-    return true;
+    const std::size_t count = s.BufferSizeGet() / 2;
+    const auto [read, written] = ky::UnitsToUtf8(s.StrGet(), count, out, room);
+    used = written;
+    return read == count || ky::AtEnd(s.StrGet() + 2 * read, 2);
 }
 
 /// The multibyte form of the whole text, as long as a string can be.
@@ -133,9 +137,8 @@ int KyString2KyMBS(const KyString& s, char* out, int outSize) {
             return -static_cast<int>(length);
         }
     }
-    UnicodeText text(s);
     std::size_t used;
-    if (!Encode(text, out, room, used)) return -static_cast<int>(used);
+    if (!Encode(s, out, room, used)) return -static_cast<int>(used);
     if (used < room) out[used] = 0;
     return static_cast<int>(used);
 }

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <new>
 
+#include "code_map_kernels.h"
 #include "code_mapping.h"
 #include "kyi18n.h"
 #include "kystring_build.h"
@@ -118,13 +119,10 @@ KyString& KyString::EmptyString() {
 
 std::size_t KyString::ContentBytes() const {
     if (buffer == nullptr) return 0;
-    const unsigned width = CharWidth(codeSet);
-    return ky::TextLength(buffer, width) * width;
+    return CharWidth(codeSet) == 1 ? std::strlen(buffer) : 2 * ky::UnitsBeforeZero(buffer, bufferSize / 2u);
 }
 
-unsigned short KyString::Len() const {
-    return static_cast<unsigned short>(buffer == nullptr ? 0 : ky::TextLength(buffer, CharWidth(codeSet)));
-}
+unsigned short KyString::Len() const { return static_cast<unsigned short>(ContentBytes() / CharWidth(codeSet)); }
 
 unsigned short KyString::NullLen() const { return static_cast<unsigned short>(CharWidth(codeSet)); }
 

@@ -50,14 +50,19 @@ Utf8Progress UnitsToUtf8Any(const char* units, std::size_t count, char* out, std
     return done;
 }
 
+Utf8Progress BytesToUtf8Any(const unsigned short* table, const char* bytes, std::size_t count, char* out,
+                            std::size_t room) {
+    return BytesToUtf8Text(UnitsToUtf8Any, table, bytes, count, out, room);
+}
 Utf8Progress Utf8SizeAny(const char* units, std::size_t count) { return Utf8SizeText(units, count); }
 std::size_t AsciiRunAny(const char* text, std::size_t length) { return AsciiText(text, length, nullptr); }
 std::size_t CopyAsciiAny(const char* text, std::size_t length, char* out) { return AsciiText(text, length, out); }
 
 constinit const Utf8Kernels kUtf8Kernels[kUtf8KernelVariants] = {
-    {"any", Utf8ToUnitsAny, UnitsToUtf8Any, Utf8SizeAny, AsciiRunAny, CopyAsciiAny},
-    {"avx2", Utf8ToUnitsAvx2, UnitsToUtf8Avx2, Utf8SizeAvx2, AsciiRunAvx2, CopyAsciiAvx2},
-    {"avx512", Utf8ToUnitsAvx512, UnitsToUtf8Avx512, Utf8SizeAvx512, AsciiRunAvx512, CopyAsciiAvx512},
+    {"any", Utf8ToUnitsAny, UnitsToUtf8Any, BytesToUtf8Any, Utf8SizeAny, AsciiRunAny, CopyAsciiAny},
+    {"avx2", Utf8ToUnitsAvx2, UnitsToUtf8Avx2, BytesToUtf8Avx2, Utf8SizeAvx2, AsciiRunAvx2, CopyAsciiAvx2},
+    {"avx512", Utf8ToUnitsAvx512, UnitsToUtf8Avx512, BytesToUtf8Avx512, Utf8SizeAvx512, AsciiRunAvx512,
+     CopyAsciiAvx512},
 };
 
 KY_RESOLVER int RunnableUtf8Kernels() {
@@ -82,6 +87,9 @@ KY_RESOLVER Utf8ToUnitsKernel* KyResolveUtf8ToUnits() {
 KY_RESOLVER UnitsToUtf8Kernel* KyResolveUnitsToUtf8() {
     return Choose(&UnitsToUtf8Any, &UnitsToUtf8Avx2, &UnitsToUtf8Avx512);
 }
+KY_RESOLVER BytesToUtf8Kernel* KyResolveBytesToUtf8() {
+    return Choose(&BytesToUtf8Any, &BytesToUtf8Avx2, &BytesToUtf8Avx512);
+}
 KY_RESOLVER Utf8SizeKernel* KyResolveUtf8Size() { return Choose(&Utf8SizeAny, &Utf8SizeAvx2, &Utf8SizeAvx512); }
 KY_RESOLVER AsciiRunKernel* KyResolveAsciiRun() { return Choose(&AsciiRunAny, &AsciiRunAvx2, &AsciiRunAvx512); }
 KY_RESOLVER CopyAsciiKernel* KyResolveCopyAscii() { return Choose(&CopyAsciiAny, &CopyAsciiAvx2, &CopyAsciiAvx512); }
@@ -89,6 +97,7 @@ KY_RESOLVER CopyAsciiKernel* KyResolveCopyAscii() { return Choose(&CopyAsciiAny,
 
 __attribute__((ifunc("KyResolveUtf8ToUnits"))) Utf8ToUnitsKernel Utf8ToUnits;
 __attribute__((ifunc("KyResolveUnitsToUtf8"))) UnitsToUtf8Kernel UnitsToUtf8;
+__attribute__((ifunc("KyResolveBytesToUtf8"))) BytesToUtf8Kernel BytesToUtf8;
 __attribute__((ifunc("KyResolveUtf8Size"))) Utf8SizeKernel Utf8Size;
 __attribute__((ifunc("KyResolveAsciiRun"))) AsciiRunKernel AsciiRun;
 __attribute__((ifunc("KyResolveCopyAscii"))) CopyAsciiKernel CopyAscii;

@@ -22,6 +22,11 @@ using Utf8ToUnitsKernel = Utf8Progress(const char* text, std::size_t length, uns
 /// Encodes units, at any address, up to the first zero unit. Stops before the character that does not fit in `room`.
 using UnitsToUtf8Kernel = Utf8Progress(const char* units, std::size_t count, char* out, std::size_t room);
 
+/// Encodes bytes of an 8-bit code set, none of them zero; `table` as in `BytesToUnits`. Stops before the character that
+/// does not fit in `room`.
+using BytesToUtf8Kernel = Utf8Progress(const unsigned short* table, const char* bytes, std::size_t count, char* out,
+                                       std::size_t room);
+
 /// Measures what `UnitsToUtf8` would write: `written` is the number of bytes.
 using Utf8SizeKernel = Utf8Progress(const char* units, std::size_t count);
 
@@ -32,6 +37,7 @@ using CopyAsciiKernel = std::size_t(const char* text, std::size_t length, char* 
 
 Utf8ToUnitsKernel Utf8ToUnits;
 UnitsToUtf8Kernel UnitsToUtf8;
+BytesToUtf8Kernel BytesToUtf8;
 Utf8SizeKernel Utf8Size;
 AsciiRunKernel AsciiRun;
 CopyAsciiKernel CopyAscii;
@@ -41,6 +47,7 @@ struct Utf8Kernels {
     const char* name;
     Utf8ToUnitsKernel* utf8ToUnits;
     UnitsToUtf8Kernel* unitsToUtf8;
+    BytesToUtf8Kernel* bytesToUtf8;
     Utf8SizeKernel* utf8Size;
     AsciiRunKernel* asciiRun;
     CopyAsciiKernel* copyAscii;
@@ -53,6 +60,7 @@ int RunnableUtf8Kernels();
 
 Utf8ToUnitsKernel Utf8ToUnitsAny, Utf8ToUnitsAvx2, Utf8ToUnitsAvx512;
 UnitsToUtf8Kernel UnitsToUtf8Any, UnitsToUtf8Avx2, UnitsToUtf8Avx512;
+BytesToUtf8Kernel BytesToUtf8Any, BytesToUtf8Avx2, BytesToUtf8Avx512;
 Utf8SizeKernel Utf8SizeAny, Utf8SizeAvx2, Utf8SizeAvx512;
 AsciiRunKernel AsciiRunAny, AsciiRunAvx2, AsciiRunAvx512;
 CopyAsciiKernel CopyAsciiAny, CopyAsciiAvx2, CopyAsciiAvx512;

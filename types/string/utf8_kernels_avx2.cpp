@@ -119,6 +119,10 @@ KY_KERNEL_TARGET Utf8Progress UnitsToUtf8Avx2(const char* units, std::size_t cou
     return done;
 }
 
+KY_KERNEL_TARGET Utf8Progress BytesToUtf8Avx2(const unsigned short* table, const char* bytes, std::size_t count,
+                                              char* out, std::size_t room) {
+    return BytesToUtf8Text(UnitsToUtf8Avx2, table, bytes, count, out, room);
+}
 KY_KERNEL_TARGET Utf8Progress Utf8SizeAvx2(const char* units, std::size_t count) { return Utf8SizeText(units, count); }
 KY_KERNEL_TARGET std::size_t AsciiRunAvx2(const char* text, std::size_t length) {
     return AsciiText(text, length, nullptr);

@@ -2,6 +2,7 @@
 
 #include <bit>
 
+#include "byte_table_avx512.h"
 #include "utf8_kernels.h"
 #include "utf8_steps.h"
 
@@ -192,6 +193,29 @@ KY_KERNEL_TARGET inline Vector TriplesOfUnits(__m256i units) {
 
 KY_KERNEL_TARGET inline std::size_t CountOf(Units units) { return static_cast<std::size_t>(std::popcount(units)); }
 
+/// Encodes the first n, at most 32, of a vector's units, none of which is zero; the others are. False, and nothing
+/// written, when they do not fit.
+KY_KERNEL_TARGET inline bool EncodeUnits(Vector units, std::size_t n, char* out, std::size_t room, Utf8Progress& done) {
+    const Units wide = _mm512_cmpge_epu16_mask(units, Unit(0x80));
+    const Units widest = _mm512_cmpge_epu16_mask(units, Unit(0x800));
+    const std::size_t size = n + CountOf(wide) + CountOf(widest);
+    if (size > room - done.written) return false;
+    char* to = out + done.written;
+    if (wide == 0) {
+        _mm512_mask_cvtepi16_storeu_epi8(to, FirstUnits(n), units);
+    } else if (widest == 0) {
+        StorePresent(to, PairsOfUnits(units), size);
+    } else {
+        const Units low = 0xFFFF;
+        const std::size_t lowSize = std::min<std::size_t>(n, 16) + CountOf(wide & low) + CountOf(widest & low);
+        StorePresent(to, TriplesOfUnits(LowHalf(units)), lowSize);
+        StorePresent(to + lowSize, TriplesOfUnits(HighHalf(units)), size - lowSize);
+    }
+    done.read += n;
+    done.written += size;
+    return true;
+}
+
 }  // namespace
 
 KY_KERNEL_TARGET Utf8Progress UnitsToUtf8Avx512(const char* text, std::size_t count, char* out, std::size_t room) {
@@ -219,27 +243,40 @@ KY_KERNEL_TARGET Utf8Progress UnitsToUtf8Avx512(const char* text, std::size_t co
             units = _mm512_maskz_mov_epi16(FirstUnits(n), units);
             ends = true;
         }
-        const Units wide = _mm512_cmpge_epu16_mask(units, Unit(0x80));
-        const Units widest = _mm512_cmpge_epu16_mask(units, Unit(0x800));
-        const std::size_t size = n + CountOf(wide) + CountOf(widest);
-        const std::size_t left = room - done.written;
-        if (size > left) {
+        if (!EncodeUnits(units, n, out, room, done)) {
             EncodeSome(text, count, out, room, SIZE_MAX, done);
             break;
         }
-        char* to = out + done.written;
-        if (wide == 0) {
-            _mm512_mask_cvtepi16_storeu_epi8(to, FirstUnits(n), units);
-        } else if (widest == 0) {
-            StorePresent(to, PairsOfUnits(units), size);
-        } else {
-            const Units low = 0xFFFF;
-            const std::size_t lowSize = std::min<std::size_t>(n, 16) + CountOf(wide & low) + CountOf(widest & low);
-            StorePresent(to, TriplesOfUnits(LowHalf(units)), lowSize);
-            StorePresent(to + lowSize, TriplesOfUnits(HighHalf(units)), size - lowSize);
-        }
-        done.read += n;
-        done.written += size;
+    }
+    return done;
+}
+
+namespace {
+
+/// The first n bytes, at most 32, as units; the others are zero. A mask that changed nothing would make each vector
+/// wait for what was done with the one before it.
+KY_KERNEL_TARGET inline Vector LoadWidened(const char* from, std::size_t n) {
+    __m256i bytes;
+    if (n == 32) {
+        std::memcpy(&bytes, from, sizeof bytes);
+    } else {
+        bytes = _mm256_maskz_loadu_epi8(FirstUnits(n), from);
+    }
+    return _mm512_maskz_cvtepu8_epi16(kEveryUnit, bytes);
+}
+
+}  // namespace
+
+KY_KERNEL_TARGET Utf8Progress BytesToUtf8Avx512(const unsigned short* table, const char* bytes, std::size_t count,
+                                                char* out, std::size_t room) {
+    Utf8Progress done{0, 0};
+    const UpperTable upper(table);
+    while (done.read < count) {
+        const std::size_t n = std::min<std::size_t>(count - done.read, 32);
+        const Vector units = upper.Of(LoadWidened(bytes + done.read, n));
+        if (EncodeUnits(units, n, out, room, done)) continue;
+        const Utf8Progress rest = BytesToUtf8Any(table, bytes + done.read, n, out + done.written, room - done.written);
+        return {done.read + rest.read, done.written + rest.written};
     }
     return done;
 }

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "code_map_kernels.h"
 #include "utf8_kernels.h"
 
 // Names text that several functions are compiled from, each for its own instructions.
@@ -172,6 +173,22 @@ KY_KERNEL bool EncodeSome(const char* units, std::size_t count, char* out, std::
         ++done.read;
     }
     return done.read < count;
+}
+
+/// By way of some units at a time.
+KY_KERNEL Utf8Progress BytesToUtf8Text(UnitsToUtf8Kernel* encode, const unsigned short* table, const char* bytes,
+                                       std::size_t count, char* out, std::size_t room) {
+    char units[512];
+    Utf8Progress done{0, 0};
+    while (done.read < count) {
+        const std::size_t n = std::min(count - done.read, sizeof units / 2);
+        BytesToUnits(table, bytes + done.read, n, units);
+        const Utf8Progress some = encode(units, n, out + done.written, room - done.written);
+        done.read += some.read;
+        done.written += some.written;
+        if (some.read < n) break;
+    }
+    return done;
 }
 
 KY_KERNEL Utf8Progress Utf8SizeText(const char* units, std::size_t count) {

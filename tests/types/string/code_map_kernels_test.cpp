@@ -90,4 +90,16 @@ TEST(CodeMapKernels, UnitsToBytes) {
     }
 }
 
+TEST(CodeMapKernels, UnitsBeforeZero) {
+    for (std::size_t count = 0; count <= 70; ++count) {
+        for (std::size_t zero = 0; zero <= count; ++zero) {
+            GuardedBuffer memory(2 * count);
+            char* units = reinterpret_cast<char*>(memory.data());
+            for (std::size_t i = 0; i < count; ++i) ky::WriteUnit(units + 2 * i, i % 2 == 0 ? 0x4100 : 0x41, 1);
+            if (zero < count) ky::WriteUnit(units + 2 * zero, 0, 1);
+            ASSERT_EQ(ky::UnitsBeforeZero(units, count), zero) << count;
+        }
+    }
+}
+
 }  // namespace

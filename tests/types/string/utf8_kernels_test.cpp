@@ -141,6 +141,41 @@ TEST_P(Utf8KernelTest, EncodesWhatTheSlowTwinEncodes) {
     }
 }
 
+TEST_P(Utf8KernelTest, EncodesBytesOfEveryCodeSet) {
+    std::vector<unsigned short> table(256);
+    for (unsigned i = 0; i < 256; ++i) {
+        table[i] = static_cast<unsigned short>(i < 0x80 ? i : i % 7 == 0 ? 0 : i % 3 == 0 ? 0x4000 + i : 0x300 + i);
+    }
+    TextGenerator generator(static_cast<unsigned>(GetParam()) + 21);
+    Area in(400);
+    Area out(1200);
+    for (int i = 0; i < 50000; ++i) {
+        std::string bytes;
+        const unsigned others = generator.Below(4) == 0 ? 100 : generator.Below(10);
+        for (unsigned n = generator.Below(i % 8 == 0 ? 400 : 50); n != 0; --n) {
+            bytes += static_cast<char>(generator.Below(100) < others ? 0x80 + generator.Below(128)
+                                                                     : 1 + generator.Below(0x7F));
+        }
+        const unsigned short* const used = i % 3 == 0 ? nullptr : table.data();
+        const std::size_t room = generator.Below(2) == 0 ? 1200 : generator.Below(120);
+        std::string wanted;
+        std::size_t read = 0;
+        for (; read < bytes.size(); ++read) {
+            const auto byte = static_cast<unsigned char>(bytes[read]);
+            const unsigned unit = used == nullptr ? byte : used[byte] == 0 ? 0xFFFDu : used[byte];
+            const std::string form = SlowUtf8(unit);
+            if (wanted.size() + form.size() > room) break;
+            wanted += form;
+        }
+        char* to = out.Last(room);
+        std::fill_n(to, room, '\xEE');
+        const ky::Utf8Progress got = kernels.bytesToUtf8(used, in.Put(bytes), bytes.size(), to, room);
+        ASSERT_EQ(got.read, read) << Hex(bytes.data(), bytes.size());
+        ASSERT_EQ(std::string(to, got.written), wanted) << Hex(bytes.data(), bytes.size());
+        ASSERT_TRUE(std::all_of(to + got.written, to + room, [](char c) { return c == '\xEE'; }));
+    }
+}
+
 TEST_P(Utf8KernelTest, FindsTheEndOfAscii) {
     Area in(400);
     Area out(400);
@@ -165,6 +200,7 @@ TEST_P(Utf8KernelTest, NothingIsNothing) {
     EXPECT_EQ(unit, 0xEEEE);
     EXPECT_EQ(kernels.unitsToUtf8(nullptr, 0, nullptr, 0).read, 0u);
     EXPECT_EQ(kernels.unitsToUtf8("a\0", 1, nullptr, 0).read, 0u);
+    EXPECT_EQ(kernels.bytesToUtf8(nullptr, nullptr, 0, nullptr, 0).read, 0u);
     EXPECT_EQ(kernels.utf8Size(nullptr, 0).written, 0u);
     EXPECT_EQ(kernels.asciiRun(nullptr, 0), 0u);
     EXPECT_EQ(kernels.copyAscii(nullptr, 0, nullptr), 0u);
