@@ -116,9 +116,9 @@ std::string EncodeAll(const KyString& s) {
 int KyMBSLength(const KyString& s, unsigned short maxChars) {
     if (maxChars == 0) return 0;
     if (s.CodeSetGet() <= kLastAsciiCodeSetOfLength) {
-        const std::size_t length = std::strlen(s.StrGet());
+        const std::size_t length = ky::AsciiRun(s.StrGet(), s.BufferSizeGet());
         // KEPT: maxChars is not looked at.
-        if (ky::AsciiRun(s.StrGet(), length) == length) return static_cast<int>(length);
+        if (s.StrGet()[length] == 0) return static_cast<int>(length);
     }
     UnicodeText text(s);
     return static_cast<int>(EncodedSize(text, maxChars));
@@ -127,14 +127,17 @@ int KyMBSLength(const KyString& s, unsigned short maxChars) {
 int KyString2KyMBS(const KyString& s, char* out, int outSize) {
     const auto room = static_cast<std::size_t>(out == nullptr ? 0 : std::max(outSize, 0));
     if (s.CodeSetGet() <= kLastAsciiCodeSet) {
-        const std::size_t length = std::strlen(s.StrGet());
-        const std::size_t copied = ky::CopyAscii(s.StrGet(), std::min(length, room), out);
-        if (length < room && copied == length) {
-            std::memset(out + length, 0, room - length);
+        const char* text = s.StrGet();
+        const std::size_t size = s.BufferSizeGet();
+        std::size_t length = ky::CopyAscii(text, std::min(size, room), out);
+        if (length < room && text[length] == 0) {
+            out[length] = 0;
+            if (room - length > 1) std::memset(out + length, 0, room - length);
             return static_cast<int>(length);
         }
-        if (copied == room && ky::AsciiRun(s.StrGet() + copied, length - copied) == length - copied) {
-            return -static_cast<int>(length);
+        if (length == room) {
+            length += ky::AsciiRun(text + length, size - std::min(size, length));
+            if (text[length] == 0) return -static_cast<int>(length);
         }
     }
     std::size_t used;

@@ -30,9 +30,9 @@ using BytesToUtf8Kernel = Utf8Progress(const unsigned short* table, const char* 
 /// Measures what `UnitsToUtf8` would write: `written` is the number of bytes.
 using Utf8SizeKernel = Utf8Progress(const char* units, std::size_t count);
 
-/// The number of ASCII characters (zero bytes among them) at the front of a text.
+/// The number of ASCII characters before the first zero byte or other character of a text.
 using AsciiRunKernel = std::size_t(const char* text, std::size_t length);
-/// Copies the ASCII characters (zero bytes among them) at the front of a text; returns their number.
+/// Copies them, too.
 using CopyAsciiKernel = std::size_t(const char* text, std::size_t length, char* out);
 
 Utf8ToUnitsKernel Utf8ToUnits;

@@ -284,11 +284,33 @@ KY_KERNEL_TARGET Utf8Progress BytesToUtf8Avx512(const unsigned short* table, con
 KY_KERNEL_TARGET Utf8Progress Utf8SizeAvx512(const char* units, std::size_t count) {
     return Utf8SizeText(units, count);
 }
+namespace {
+
+/// As `AsciiText`.
+KY_KERNEL_TARGET inline std::size_t AsciiBlocks(const char* text, std::size_t length, char* out) {
+    const Vector zero = _mm512_setzero_si512();
+    std::size_t at = 0;
+    for (; length - at >= 64; at += 64) {
+        const Vector bytes = _mm512_loadu_si512(text + at);
+        // As signed numbers only ASCII characters are above zero.
+        if (_mm512_cmpgt_epi8_mask(bytes, zero) != kEveryByte) break;
+        if (out != nullptr) _mm512_storeu_si512(out + at, bytes);
+    }
+    if (at == length) return at;
+    const Vector bytes = LoadBytes(text + at, length - at);
+    const Bytes others = ~_mm512_cmpgt_epi8_mask(bytes, zero);
+    const std::size_t n = std::min<std::size_t>(length - at, static_cast<std::size_t>(std::countr_zero(others)));
+    if (out != nullptr) _mm512_mask_storeu_epi8(out + at, FirstBytes(n), bytes);
+    return at + n;
+}
+
+}  // namespace
+
 KY_KERNEL_TARGET std::size_t AsciiRunAvx512(const char* text, std::size_t length) {
-    return AsciiText(text, length, nullptr);
+    return AsciiBlocks(text, length, nullptr);
 }
 KY_KERNEL_TARGET std::size_t CopyAsciiAvx512(const char* text, std::size_t length, char* out) {
-    return AsciiText(text, length, out);
+    return AsciiBlocks(text, length, out);
 }
 
 }  // namespace ky

@@ -4,6 +4,7 @@
 /// Single characters of the kernels, and the loops that are one text for all instructions.
 
 #include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -214,30 +215,58 @@ KY_KERNEL Utf8Progress Utf8SizeText(const char* units, std::size_t count) {
     return done;
 }
 
+/// The first n of 8 bytes in the order of memory, fewer than 8.
+KY_KERNEL void PutBytes(std::uint64_t word, std::size_t n, char* out) {
+    if ((n & 4) != 0) {
+        std::memcpy(out, &word, 4);
+        word >>= 32;
+        out += 4;
+    }
+    if ((n & 2) != 0) {
+        std::memcpy(out, &word, 2);
+        word >>= 16;
+        out += 2;
+    }
+    if ((n & 1) != 0) *out = static_cast<char>(word);
+}
+
 /// The number of ASCII characters at the front of a text. They are copied to `out` unless it is null, which the
 /// compiler knows where this is inlined.
 KY_KERNEL std::size_t AsciiText(const char* text, std::size_t length, char* out) {
     constexpr std::size_t kBlock = 64;
-    constexpr std::uint64_t kHighBits = 0x8080808080808080;
+    constexpr std::uint64_t kOnes = 0x0101010101010101;
+    // The lowest of these bits belongs to the first byte that is zero or no ASCII.
+    const auto ends = [](std::uint64_t word) { return ((word - kOnes) | word) & kOnes * 0x80; };
     std::size_t at = 0;
     for (; length - at >= kBlock; at += kBlock) {
         std::uint64_t block[kBlock / 8];
         std::memcpy(block, text + at, kBlock);
         std::uint64_t any = 0;
-        for (const std::uint64_t word : block) any |= word;
-        if ((any & kHighBits) != 0) break;
+        for (const std::uint64_t word : block) any |= (word - kOnes) | word;
+        if ((any & kOnes * 0x80) != 0) break;
         if (out != nullptr) std::memcpy(out + at, block, kBlock);
     }
+    std::uint64_t word = 0;
     for (; length - at >= 8; at += 8) {
-        std::uint64_t word;
         std::memcpy(&word, text + at, sizeof word);
-        if ((word & kHighBits) != 0) break;
+        if (ends(word) != 0) break;
         if (out != nullptr) std::memcpy(out + at, &word, sizeof word);
     }
-    for (; at < length && static_cast<unsigned char>(text[at]) < 0x80; ++at) {
-        if (out != nullptr) out[at] = text[at];
+    if (const std::size_t left = length - at; left < 8) {
+        // Zeros follow the last bytes.
+        word = 0;
+        if (length >= 8 && left != 0) {
+            std::memcpy(&word, text + length - 8, sizeof word);
+            word >>= 8 * (8 - left);
+        } else {
+            for (std::size_t i = 0; i < left; ++i) {
+                word |= std::uint64_t{static_cast<unsigned char>(text[at + i])} << 8 * i;
+            }
+        }
     }
-    return at;
+    const auto n = static_cast<std::size_t>(std::countr_zero(ends(word))) / 8;
+    if (out != nullptr) PutBytes(word, n, out + at);
+    return at + n;
 }
 
 }  // namespace ky

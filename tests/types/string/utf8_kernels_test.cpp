@@ -182,13 +182,14 @@ TEST_P(Utf8KernelTest, FindsTheEndOfAscii) {
     for (std::size_t length = 0; length <= 300; ++length) {
         for (std::size_t at = 0; at <= length; at += length < 140 ? 1 : 7) {
             std::string text;
-            for (std::size_t i = 0; i < length; ++i) text += static_cast<char>(i * 7 % 128);
-            if (at < length) text[at] = static_cast<char>(0x80 + at % 128);
+            for (std::size_t i = 0; i < length; ++i) text += static_cast<char>(1 + i * 7 % 127);
+            if (at < length) text[at] = static_cast<char>(at % 3 == 0 ? 0 : 0x80 + at % 128);
             const char* from = in.Put(text);
             char* to = out.Last(length);
             ASSERT_EQ(kernels.asciiRun(from, length), at) << length;
+            std::fill_n(to, length, '\xEE');
             ASSERT_EQ(kernels.copyAscii(from, length, to), at) << length;
-            ASSERT_EQ(std::string(to, at), text.substr(0, at));
+            ASSERT_EQ(std::string(to, length), text.substr(0, at) + std::string(length - at, '\xEE'));
         }
     }
 }
