@@ -53,12 +53,13 @@ public:
     Iconv& operator=(const Iconv&) = delete;
     ~Iconv() { iconv_close(handle); }
 
-    void Convert(const char* from, std::size_t size, std::vector<char>& to) const {
+    /// Returns the bytes written.
+    std::size_t Convert(const char* from, std::size_t size, std::vector<char>& to) const {
         char* in = const_cast<char*>(from);
         char* out = to.data();
         std::size_t room = to.size();
         iconv(handle, &in, &size, &out, &room);
-        benchmark::DoNotOptimize(out);
+        return to.size() - room;
     }
 
 private:
@@ -69,7 +70,19 @@ void ConvertByIconv(benchmark::State& state, const char* to, const char* from, c
     const Iconv iconv(to, from);
     std::vector<char> out(4 * text.size() + 8);
     for (auto _ : state) {
-        iconv.Convert(text.data(), text.size(), out);
+        benchmark::DoNotOptimize(iconv.Convert(text.data(), text.size(), out));
+        benchmark::ClobberMemory();
+    }
+}
+
+void ConvertIntoBlock(benchmark::State& state, const std::string& text) {
+    const Iconv iconv("UTF-16LE", "UTF-8");
+    std::vector<char> out(4 * text.size() + 8);
+    std::unique_ptr<char[]> block;
+    for (auto _ : state) {
+        const std::size_t size = iconv.Convert(text.data(), text.size(), out);
+        block.reset(new char[size + 2]);
+        std::memcpy(block.get(), out.data(), size + 2);
         benchmark::ClobberMemory();
     }
 }
@@ -157,7 +170,8 @@ const bench::AtStart here([] {
             const auto readPeer = [=](benchmark::State& state) { ConvertByIconv(state, "UTF-16LE", "UTF-8", utf8); };
             const auto write = [=](benchmark::State& state) { Write(state, wide, utf8.size()); };
             const auto writePeer = [=](benchmark::State& state) { ConvertByIconv(state, "UTF-8", "UTF-16LE", units); };
-            bench::RegisterPair("multibyte/read/" + shape, twice, read, readPeer);
+            bench::RegisterPair("multibyte/read/" + shape, twice, read,
+                                [=](benchmark::State& state) { ConvertIntoBlock(state, utf8); });
             bench::RegisterPair("multibyte/read_units/" + shape, twice, readUnits, readPeer);
             bench::RegisterPair("multibyte/write/" + shape, twice, write, writePeer);
             if (&text != kTexts) continue;
@@ -166,6 +180,8 @@ const bench::AtStart here([] {
             const auto copy = [=](benchmark::State& state) { Copy(state, utf8); };
             bench::RegisterPair("multibyte/read_memcpy/" + shape, likeMemcpy, read,
                                 [=](benchmark::State& state) { CopyIntoBlock(state, units); });
+            bench::RegisterPair("multibyte/read_units_memcpy/" + shape, likeMemcpy, readUnits,
+                                [=](benchmark::State& state) { Copy(state, units); });
             bench::RegisterPair("multibyte/write_memcpy/" + shape, likeMemcpy, writeNarrow, copy);
         }
     }
