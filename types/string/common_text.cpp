@@ -27,31 +27,32 @@ struct SameCharacters {
 
 }  // namespace
 
-std::size_t CommonBytesFromAny(const char* a, const char* b, std::size_t at, std::size_t limit) {
-    return CommonFrom(SameCharacters<1>(), a, b, at, limit);
+std::size_t CommonBytesAny(const char* a, const char* b, std::size_t limit) {
+    return Common(SameCharacters<1>(), a, b, limit);
 }
 
-std::size_t CommonUnitsFromAny(const char* a, const char* b, std::size_t at, std::size_t limit) {
-    return CommonFrom(SameCharacters<2>(), a, b, at, limit);
+std::size_t CommonUnitsAny(const char* a, const char* b, std::size_t limit) {
+    return Common(SameCharacters<2>(), a, b, limit);
 }
 
-std::size_t CommonRanksFromAny(const unsigned char* ranks, const char* a, const char* b, std::size_t at) {
+std::size_t CommonRanksAny(const unsigned char* ranks, const char* a, const char* b) {
     const auto* bytesA = reinterpret_cast<const unsigned char*>(a);
     const auto* bytesB = reinterpret_cast<const unsigned char*>(b);
+    std::size_t at = 0;
     while (bytesA[at] != 0 && ranks[bytesA[at]] == ranks[bytesB[at]]) ++at;
     return at;
 }
 
-std::size_t CommonWideRanksFromAny(const unsigned char* ranks, const char* a, const char* b, std::size_t at,
-                                   bool swapped) {
+std::size_t CommonWideRanksAny(const unsigned char* ranks, const char* a, const char* b, bool swapped) {
+    std::size_t at = 0;
     while (!WideRankStops(ranks, a + at, b + at, swapped)) at += 2;
     return at;
 }
 
 constinit const CommonTextKernels kCommonTextKernels[kCommonTextVariants] = {
-    {"any", CommonBytesFromAny, CommonUnitsFromAny, CommonRanksFromAny, CommonWideRanksFromAny},
-    {"avx2", CommonBytesFromAvx2, CommonUnitsFromAvx2, CommonRanksFromAny, CommonWideRanksFromAny},
-    {"avx512", CommonBytesFromAvx512, CommonUnitsFromAvx512, CommonRanksFromAvx512, CommonWideRanksFromAvx512},
+    {"any", CommonBytesAny, CommonUnitsAny, CommonRanksAny, CommonWideRanksAny},
+    {"avx2", CommonBytesAvx2, CommonUnitsAvx2, CommonRanksAny, CommonWideRanksAny},
+    {"avx512", CommonBytesAvx512, CommonUnitsAvx512, CommonRanksAvx512, CommonWideRanksAvx512},
 };
 
 KY_RESOLVER int RunnableCommonTextKernels() {
@@ -67,23 +68,23 @@ KY_RESOLVER inline Kernel* Choose(Kernel* any, Kernel* avx2, Kernel* avx512) {
 }  // namespace
 
 extern "C" {
-KY_RESOLVER CommonTextKernel* KyResolveCommonBytesFrom() {
-    return Choose(&CommonBytesFromAny, &CommonBytesFromAvx2, &CommonBytesFromAvx512);
+KY_RESOLVER CommonTextKernel* KyResolveCommonBytes() {
+    return Choose(&CommonBytesAny, &CommonBytesAvx2, &CommonBytesAvx512);
 }
-KY_RESOLVER CommonTextKernel* KyResolveCommonUnitsFrom() {
-    return Choose(&CommonUnitsFromAny, &CommonUnitsFromAvx2, &CommonUnitsFromAvx512);
+KY_RESOLVER CommonTextKernel* KyResolveCommonUnits() {
+    return Choose(&CommonUnitsAny, &CommonUnitsAvx2, &CommonUnitsAvx512);
 }
-KY_RESOLVER CommonRanksKernel* KyResolveCommonRanksFrom() {
-    return Choose(&CommonRanksFromAny, &CommonRanksFromAny, &CommonRanksFromAvx512);
+KY_RESOLVER CommonRanksKernel* KyResolveCommonRanks() {
+    return Choose(&CommonRanksAny, &CommonRanksAny, &CommonRanksAvx512);
 }
-KY_RESOLVER CommonWideRanksKernel* KyResolveCommonWideRanksFrom() {
-    return Choose(&CommonWideRanksFromAny, &CommonWideRanksFromAny, &CommonWideRanksFromAvx512);
+KY_RESOLVER CommonWideRanksKernel* KyResolveCommonWideRanks() {
+    return Choose(&CommonWideRanksAny, &CommonWideRanksAny, &CommonWideRanksAvx512);
 }
 }
 
-__attribute__((ifunc("KyResolveCommonBytesFrom"))) CommonTextKernel CommonBytesFrom;
-__attribute__((ifunc("KyResolveCommonUnitsFrom"))) CommonTextKernel CommonUnitsFrom;
-__attribute__((ifunc("KyResolveCommonRanksFrom"))) CommonRanksKernel CommonRanksFrom;
-__attribute__((ifunc("KyResolveCommonWideRanksFrom"))) CommonWideRanksKernel CommonWideRanksFrom;
+__attribute__((ifunc("KyResolveCommonBytes"))) CommonTextKernel CommonBytes;
+__attribute__((ifunc("KyResolveCommonUnits"))) CommonTextKernel CommonUnits;
+__attribute__((ifunc("KyResolveCommonRanks"))) CommonRanksKernel CommonRanks;
+__attribute__((ifunc("KyResolveCommonWideRanks"))) CommonWideRanksKernel CommonWideRanks;
 
 }  // namespace ky

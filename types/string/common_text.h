@@ -14,25 +14,24 @@
 
 namespace ky {
 
-/// Two texts of one width, up to `limit` bytes each, that are known to be the same, and to go on, before the byte `at`.
-/// Returns the byte offset of the first character that differs or, where none does, of the terminator or `limit`.
-using CommonTextKernel = std::size_t(const char* a, const char* b, std::size_t at, std::size_t limit);
+/// Two texts of one width, up to `limit` bytes each: the byte offset of the first character that differs or, where none
+/// does, of the terminator or `limit`.
+using CommonTextKernel = std::size_t(const char* a, const char* b, std::size_t limit);
 
-CommonTextKernel CommonBytesFrom;  ///< 8-bit characters
-CommonTextKernel CommonUnitsFrom;  ///< 16-bit characters at any address; `at` and `limit` are even
+CommonTextKernel CommonBytes;  ///< 8-bit characters
+CommonTextKernel CommonUnits;  ///< 16-bit characters at any address; `limit` is even
 
 /// The same for whole 8-bit texts of which only the ranks of the characters matter: `ranks` has 256 of them. No
 /// other character has that of the terminator.
-using CommonRanksKernel = std::size_t(const unsigned char* ranks, const char* a, const char* b, std::size_t at);
+using CommonRanksKernel = std::size_t(const unsigned char* ranks, const char* a, const char* b);
 
-CommonRanksKernel CommonRanksFrom;
+CommonRanksKernel CommonRanks;
 
 /// The same for whole 16-bit texts (`swapped`: with swapped bytes), as far as the codes in both are below 256; one that
 /// is not is a stop.
-using CommonWideRanksKernel = std::size_t(const unsigned char* ranks, const char* a, const char* b, std::size_t at,
-                                          bool swapped);
+using CommonWideRanksKernel = std::size_t(const unsigned char* ranks, const char* a, const char* b, bool swapped);
 
-CommonWideRanksKernel CommonWideRanksFrom;
+CommonWideRanksKernel CommonWideRanks;
 
 /// The variants, from the one for any machine to the one for the widest instructions.
 struct CommonTextKernels {
@@ -48,10 +47,10 @@ extern const CommonTextKernels kCommonTextKernels[kCommonTextVariants];
 /// How many of them this machine can run.
 int RunnableCommonTextKernels();
 
-CommonTextKernel CommonBytesFromAny, CommonBytesFromAvx2, CommonBytesFromAvx512;
-CommonTextKernel CommonUnitsFromAny, CommonUnitsFromAvx2, CommonUnitsFromAvx512;
-CommonRanksKernel CommonRanksFromAny, CommonRanksFromAvx512;
-CommonWideRanksKernel CommonWideRanksFromAny, CommonWideRanksFromAvx512;
+CommonTextKernel CommonBytesAny, CommonBytesAvx2, CommonBytesAvx512;
+CommonTextKernel CommonUnitsAny, CommonUnitsAvx2, CommonUnitsAvx512;
+CommonRanksKernel CommonRanksAny, CommonRanksAvx512;
+CommonWideRanksKernel CommonWideRanksAny, CommonWideRanksAvx512;
 
 /// Pages are at least as large.
 inline constexpr std::size_t kPageSize = 4096;
@@ -99,21 +98,24 @@ inline bool WideRankStops(const unsigned char* ranks, const char* a, const char*
     return (bytesA[1 - low] | bytesB[1 - low]) != 0 || bytesA[low] == 0 || ranks[bytesA[low]] != ranks[bytesB[low]];
 }
 
+/// The beginning within which most words differ or end.
 template <unsigned width>
-std::size_t CommonTextFrom(const char* a, const char* b, std::size_t at, std::size_t limit = ~std::size_t{1}) {
-    return width == 1 ? CommonBytesFrom(a, b, at, limit) : CommonUnitsFrom(a, b, at, limit);
+inline constexpr std::size_t kHeadBytes = 16 * width;
+
+/// The same for the heads of two texts, which do not cross a page. The size of the head where they go on behind it.
+template <unsigned width>
+std::size_t CommonHead(const char* a, const char* b) {
+    if constexpr (width == 1) {
+        return static_cast<std::size_t>(std::countr_zero(StopsIn16<1>(a, b) | 0x10000));
+    } else {
+        return static_cast<std::size_t>(std::countr_zero(StopsIn16<2>(a, b) | StopsIn16<2>(a + 16, b + 16) << 16));
+    }
 }
 
-/// The same for whole texts from their beginnings on; `width` 1 or 2 bytes a character. Most words are done here.
 template <unsigned width>
-inline std::size_t CommonText(const char* a, const char* b) {
-    constexpr std::size_t head = 16 * width;
-    if (EitherCrossesPage(a, b, head)) [[unlikely]]
-        return CommonTextFrom<width>(a, b, 0);
-    unsigned stops = StopsIn16<width>(a, b);
-    if constexpr (width == 2) stops |= StopsIn16<width>(a + 16, b + 16) << 16;
-    if (stops == 0) return CommonTextFrom<width>(a, b, head);
-    return static_cast<std::size_t>(std::countr_zero(stops));
+std::size_t CommonText(const char* a, const char* b) {
+    constexpr std::size_t all = ~std::size_t{1};
+    return width == 1 ? CommonBytes(a, b, all) : CommonUnits(a, b, all);
 }
 
 }  // namespace ky

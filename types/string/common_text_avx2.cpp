@@ -47,12 +47,12 @@ struct SameCharacters {
 
 }  // namespace
 
-KY_KERNEL_TARGET std::size_t CommonBytesFromAvx2(const char* a, const char* b, std::size_t at, std::size_t limit) {
-    return CommonFrom(SameCharacters<1>(), a, b, at, limit);
+KY_KERNEL_TARGET std::size_t CommonBytesAvx2(const char* a, const char* b, std::size_t limit) {
+    return Common(SameCharacters<1>(), a, b, limit);
 }
 
-KY_KERNEL_TARGET std::size_t CommonUnitsFromAvx2(const char* a, const char* b, std::size_t at, std::size_t limit) {
-    return CommonFrom(SameCharacters<2>(), a, b, at, limit);
+KY_KERNEL_TARGET std::size_t CommonUnitsAvx2(const char* a, const char* b, std::size_t limit) {
+    return Common(SameCharacters<2>(), a, b, limit);
 }
 
 }  // namespace ky

@@ -114,22 +114,21 @@ private:
 
 }  // namespace
 
-KY_KERNEL_TARGET std::size_t CommonBytesFromAvx512(const char* a, const char* b, std::size_t at, std::size_t limit) {
-    return CommonFrom(SameCharacters<1>(), a, b, at, limit);
+KY_KERNEL_TARGET std::size_t CommonBytesAvx512(const char* a, const char* b, std::size_t limit) {
+    return Common(SameCharacters<1>(), a, b, limit);
 }
 
-KY_KERNEL_TARGET std::size_t CommonUnitsFromAvx512(const char* a, const char* b, std::size_t at, std::size_t limit) {
-    return CommonFrom(SameCharacters<2>(), a, b, at, limit);
+KY_KERNEL_TARGET std::size_t CommonUnitsAvx512(const char* a, const char* b, std::size_t limit) {
+    return Common(SameCharacters<2>(), a, b, limit);
 }
 
-KY_KERNEL_TARGET std::size_t CommonRanksFromAvx512(const unsigned char* ranks, const char* a, const char* b,
-                                                   std::size_t at) {
-    return CommonFrom(SameRanks(ranks), a, b, at, ~std::size_t{0});
+KY_KERNEL_TARGET std::size_t CommonRanksAvx512(const unsigned char* ranks, const char* a, const char* b) {
+    return Common(SameRanks(ranks), a, b, ~std::size_t{0});
 }
 
-KY_KERNEL_TARGET std::size_t CommonWideRanksFromAvx512(const unsigned char* ranks, const char* a, const char* b,
-                                                       std::size_t at, bool swapped) {
-    return CommonFrom(SameWideRanks(ranks, swapped), a, b, at, ~std::size_t{1});
+KY_KERNEL_TARGET std::size_t CommonWideRanksAvx512(const unsigned char* ranks, const char* a, const char* b,
+                                                   bool swapped) {
+    return Common(SameWideRanks(ranks, swapped), a, b, ~std::size_t{1});
 }
 
 }  // namespace ky

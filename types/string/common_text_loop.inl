@@ -50,8 +50,8 @@ KY_UNCHECKED_KERNEL inline bool StopsAtPageEnd(const Texts& texts, const char* a
 }
 
 template <class Texts>
-KY_UNCHECKED_KERNEL inline std::size_t CommonFrom(const Texts& texts, const char* a, const char* b, std::size_t at,
-                                                  std::size_t limit) {
+KY_UNCHECKED_KERNEL inline std::size_t Common(const Texts& texts, const char* a, const char* b, std::size_t limit) {
+    std::size_t at = 0;
     while (at < limit) {
         const std::size_t room = std::min(RoomInPage(a + at), RoomInPage(b + at));
         if (room < kVectorBytes) {

@@ -73,21 +73,24 @@ inline const KeyTable* KeyTableOf(unsigned char codeSet, unsigned char language)
 /// The keys of Unicode in a language below `kTableLanguages`.
 class KeyPages {
 public:
-    explicit KeyPages(unsigned char ofLanguage) : pages(keyPages[ofLanguage]), language(ofLanguage) {}
+    explicit KeyPages(unsigned char ofLanguage) : language(ofLanguage) {}
 
     static constexpr bool AreKept(unsigned char codeSet, unsigned char language) {
         return codeSet == KyCodeSetUnicode && language < kTableLanguages;
     }
 
     unsigned char Language() const { return language; }
-    const KeyTable& FirstPage() const { return static_cast<const KeyTable&>(PageOf(0)); }
     const KeyPage& PageOf(unsigned short code) const {
-        const KeyPage* page = pages[code >> 8].load(std::memory_order_acquire);
+        const KeyPage* page = ReadyPageOf(code);
         return page != nullptr ? *page : MakeKeyPage(language, static_cast<unsigned char>(code >> 8));
     }
+    /// Null: not made yet.
+    const KeyPage* ReadyPageOf(unsigned short code) const {
+        return keyPages[language][code >> 8].load(std::memory_order_acquire);
+    }
+    const KeyTable& FirstPage() const { return static_cast<const KeyTable&>(PageOf(0)); }
 
 private:
-    const std::atomic<const KeyPage*>* pages;
     unsigned char language;
 };
 

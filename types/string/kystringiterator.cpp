@@ -116,9 +116,7 @@ unsigned char KyStringIterator::ClassInList(unsigned short order) const {
 }
 
 unsigned short KyStringIterator::NextStoredOrder(unsigned short withClass) {
-    const auto* bytes = reinterpret_cast<const unsigned char*>(position);
-    const unsigned high = format == 2 ? 0 : 1;
-    const auto order = static_cast<unsigned short>(bytes[1 - high] | bytes[high] << 8);
+    const unsigned short order = ky::ReadOrder(position, format);
     if (order == 0) return 0;
     if (withClass != 0) orderClass = ky::DefaultClass(order);
     Advance();

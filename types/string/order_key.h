@@ -20,6 +20,13 @@ inline constexpr unsigned short kLastCharacterCode = 65519;
 
 constexpr bool IsLetterOrder(unsigned short order) { return order >= kFirstLetter && order < kFirstHan; }
 
+/// An order value in a text of them: low byte first, save in format 2.
+inline unsigned short ReadOrder(const char* p, unsigned char format) {
+    const auto* bytes = reinterpret_cast<const unsigned char*>(p);
+    const unsigned high = format == 2 ? 0 : 1;
+    return static_cast<unsigned short>(bytes[1 - high] | bytes[high] << 8);
+}
+
 /// The class of an order value of which nothing else is known.
 constexpr unsigned char DefaultClass(unsigned short order) {
     if (order < kFirstLetter) return KyClassCommon;

@@ -1,6 +1,7 @@
 #include "string_compare.h"
 
 #include "common_text.h"
+#include "text_keys.h"
 
 namespace ky {
 namespace {
@@ -16,115 +17,84 @@ int CompareReaders(KeyReader a, KeyReader b) {
     }
 }
 
-// --- how the characters of a text are looked up ---
-
-struct NarrowText {
-    static constexpr unsigned width = 1;
-    const KeyTable* table;
-
-    static unsigned Code(const char* p) { return static_cast<unsigned char>(*p); }
-    const KeyPage& PageOf(unsigned) const { return *table; }
-};
-
-struct WideText {
-    static constexpr unsigned width = 2;
-    KeyPages pages;
-    unsigned char format;
-
-    unsigned Code(const char* p) const { return ReadUnit(p, format); }
-    const KeyPage& PageOf(unsigned code) const { return pages.PageOf(static_cast<unsigned short>(code)); }
-};
-
-template <class Text>
-unsigned KeyAt(const Text& text, const char* p) {
-    const unsigned code = text.Code(p);
-    return text.PageOf(code).keys[code & 0xFF];
-}
-
-template <class Text>
-bool LeansBack(const Text& text, const char* p) {
-    const unsigned code = text.Code(p);
-    return (text.PageOf(code).marks[code & 0xFF] & KeyPage::kLeansBack) != 0;
-}
-
-/// Whole order texts hold their orders as they stand.
-struct OrderText {
-    static constexpr unsigned width = 2;
-    unsigned char format;
-};
-
-unsigned KeyAt(const OrderText& text, const char* p) {
-    const auto* bytes = reinterpret_cast<const unsigned char*>(p);
-    const unsigned high = text.format == 2 ? 0 : 1;
-    const auto order = static_cast<unsigned short>(bytes[1 - high] | bytes[high] << 8);
-    return OrderKey(order, DefaultClass(order));
-}
-
 // --- texts that are read alike: equal characters are equal keys ---
 
-/// Where readers have to begin so that they read what stands at `a` right: the characters before it are those of both
-/// texts, as far as they matter.
+/// Where readers have to begin so that they read what stands at `at` right. The texts are equal before.
 template <class Text>
-std::size_t StepBack(const Text& text, const char* start, const char* a, const char* b) {
-    if (a == start || !(LeansBack(text, a) || LeansBack(text, b))) return 0;
-    const char* place = a;
-    do place -= Text::width;
-    while (place != start && LeansBack(text, place));
-    return static_cast<std::size_t>(a - place);
-}
-
-/// How far the texts are equal under the mask where their first characters, of two codes, are. It may be further.
-std::size_t CommonUnder(unsigned mask, const NarrowText& text, const char* a, const char* b) {
-    return CommonRanksFrom(text.table->ranks[KeyTable::MaskNumber(mask)], a, b, 1);
+std::size_t ReadableFrom(const Text& text, const char* a, const char* b, std::size_t at) {
+    if (((text.Marks(a + at) | text.Marks(b + at)) & KeyPage::kLeansBack) == 0) return at;
+    while (at != 0) {
+        at -= Text::width;
+        if ((text.Marks(a + at) & KeyPage::kLeansBack) == 0) break;
+    }
+    return at;
 }
 
 template <class Text>
-std::size_t CommonOneByOne(unsigned mask, const Text& text, const char* a, const char* b) {
-    constexpr std::size_t aWhile = 16 * Text::width;
+[[gnu::noinline]] int Decide(const Text& text, const char* a, const char* b, std::size_t at, unsigned mask) {
+    at = ReadableFrom(text, a, b, at);
+    return CompareReaders({text.View(a + at), ~0u, mask, false}, {text.View(b + at), ~0u, mask, false});
+}
+
+/// Bytes that are equal under the mask from here on, where the texts have different characters that are. There may be
+/// more.
+std::size_t Alike(const NarrowText& text, const char* a, const char* b, unsigned mask) {
+    return CommonRanks(text.table->ranks[KeyTable::MaskNumber(mask)], a, b);
+}
+
+/// The next few, one by one.
+template <class Text>
+std::size_t NextAlike(const Text& text, const char* a, const char* b, unsigned mask) {
+    constexpr std::size_t few = 16 * Text::width;
     for (std::size_t at = Text::width;; at += Text::width) {
-        const unsigned keyA = KeyAt(text, a + at);
-        const unsigned keyB = KeyAt(text, b + at);
+        const unsigned keyA = text.Key(a + at);
+        const unsigned keyB = text.Key(b + at);
         const bool stops = keyA == 0 || KeyPage::IsMarked(keyA | keyB) || ((keyA ^ keyB) & mask) != 0;
-        if (stops || at == aWhile) return at;
+        if (stops || at == few) return at + CommonText<Text::width>(a + at, b + at);
     }
 }
 
-std::size_t CommonUnder(unsigned mask, const WideText& text, const char* a, const char* b) {
+std::size_t Alike(const WideText& text, const char* a, const char* b, unsigned mask) {
     const unsigned char* ranks = text.pages.FirstPage().ranks[KeyTable::MaskNumber(mask)];
-    const std::size_t common = CommonWideRanksFrom(ranks, a, b, WideText::width, text.format == 2);
-    return common != WideText::width ? common : CommonOneByOne(mask, text, a, b);
+    const std::size_t common = CommonWideRanks(ranks, a, b, text.format == 2);
+    if (common == 0) return NextAlike(text, a, b, mask);
+    const bool stops = CharacterStops<WideText::width>(a + common, b + common);
+    return stops ? common : common + CommonText<WideText::width>(a + common, b + common);
 }
 
-std::size_t CommonUnder(unsigned mask, const OrderText& text, const char* a, const char* b) {
-    return CommonOneByOne(mask, text, a, b);
+std::size_t Alike(const OrderText& text, const char* a, const char* b, unsigned mask) {
+    return NextAlike(text, a, b, mask);
 }
 
-/// `decide(start, a, b)` gives the result where a character at the end of the equal beginnings does not rank alone.
-template <class Text, class Decide>
-[[gnu::always_inline]] inline int CompareAlike(const Text& text, const char* a, const char* b, unsigned mask,
-                                               const Decide& decide) {
-    const char* start = a;
-    for (;;) {
-        const std::size_t common = CommonText<Text::width>(a, b);
-        a += common;
-        b += common;
-        const unsigned keyA = KeyAt(text, a);
-        const unsigned keyB = KeyAt(text, b);
-        if (KeyPage::IsMarked(keyA | keyB)) return decide(start, a, b);
+/// The result for texts that are equal before `at`; `alike`: at this place, too, where their codes differ.
+template <class Text>
+[[gnu::noinline]] int CompareFrom(const Text& text, const char* a, const char* b, std::size_t at, bool alike,
+                                  unsigned mask) {
+    for (;; alike = true) {
+        at += alike ? Alike(text, a + at, b + at, mask) : CommonText<Text::width>(a + at, b + at);
+        const unsigned keyA = text.Key(a + at);
+        const unsigned keyB = text.Key(b + at);
+        if constexpr (Text::hasMarks) {
+            if (KeyPage::IsMarked(keyA | keyB)) return Decide(text, a, b, at, mask);
+        }
         if (((keyA ^ keyB) & mask) != 0) return Difference(keyA & mask, keyB & mask);
         if (keyA == 0) return 0;
-        const std::size_t alike = CommonUnder(mask, text, a, b);
-        a += alike;
-        b += alike;
     }
 }
 
+/// The same from the beginning on: straight through for the short texts, and those that soon differ, which most are.
 template <class Text>
-[[gnu::noinline]] int DecideByReaders(const Text& text, const char* start, TextView a, TextView b, unsigned mask) {
-    const std::size_t back = StepBack(text, start, a.text, b.text);
-    a.text -= back;
-    b.text -= back;
-    return CompareReaders({a, ~0u, mask, false}, {b, ~0u, mask, false});
+[[gnu::always_inline]] inline int CompareAlike(const Text& text, const char* a, const char* b, unsigned mask) {
+    constexpr std::size_t head = kHeadBytes<Text::width>;
+    if (EitherCrossesPage(a, b, head)) [[unlikely]]
+        return CompareFrom(text, a, b, 0, false, mask);
+    const std::size_t at = CommonHead<Text::width>(a, b);
+    if (at == head) return CompareFrom(text, a, b, at, false, mask);
+    const unsigned keyA = text.KeyIfReady(a + at);
+    const unsigned keyB = text.KeyIfReady(b + at);
+    if (KeyPage::IsMarked(keyA | keyB)) return Decide(text, a, b, at, mask);
+    if (((keyA ^ keyB) & mask) != 0) return Difference(keyA & mask, keyB & mask);
+    return keyA == 0 ? 0 : CompareFrom(text, a, b, at, true, mask);
 }
 
 // --- texts that are read each in its own way ---
@@ -134,8 +104,8 @@ int ComparePairs(const TextA& textA, const TextB& textB, TextView a, TextView b,
     unsigned beforeA = 0;
     unsigned beforeB = 0;
     for (; limit != 0; --limit, a.text += TextA::width, b.text += TextB::width) {
-        const unsigned keyA = KeyAt(textA, a.text);
-        const unsigned keyB = KeyAt(textB, b.text);
+        const unsigned keyA = textA.Key(a.text);
+        const unsigned keyB = textB.Key(b.text);
         if (KeyPage::IsMarked(keyA | keyB)) {
             return CompareReaders({a, limit, mask, false, beforeA}, {b, limit, mask, false, beforeB});
         }
@@ -160,18 +130,11 @@ void LookUp(const TextView& view, const With& with) {
 }  // namespace
 
 int CompareByTable(const KeyTable& table, const char* a, const char* b, unsigned mask) {
-    return CompareAlike(NarrowText{&table}, a, b, mask, [&](const char* start, const char* atA, const char* atB) {
-        return DecideByReaders(NarrowText{&table}, start, {atA, table.codeSet, table.language, 1},
-                               {atB, table.codeSet, table.language, 1}, mask);
-    });
+    return CompareAlike(NarrowText{&table}, a, b, mask);
 }
 
 int CompareByPages(KeyPages pages, const char* a, const char* b, unsigned char format, unsigned mask) {
-    const WideText text{pages, format};
-    return CompareAlike(text, a, b, mask, [&](const char* start, const char* atA, const char* atB) {
-        return DecideByReaders(text, start, {atA, KyCodeSetUnicode, pages.Language(), format},
-                               {atB, KyCodeSetUnicode, pages.Language(), format}, mask);
-    });
+    return CompareAlike(WideText{pages, format}, a, b, mask);
 }
 
 int CompareKeys(TextView a, TextView b, unsigned limit, unsigned mask) {
@@ -181,7 +144,7 @@ int CompareKeys(TextView a, TextView b, unsigned limit, unsigned mask) {
     const bool whole = limit == CompareLimit(-1);
     if (ReadsDefaultClasses(a.codeSet, b.codeSet)) {
         if (whole && a.codeSet == b.codeSet && a.format == b.format) {
-            return CompareAlike(OrderText{a.format}, a.text, b.text, mask, [](auto...) { return 0; });
+            return CompareFrom(OrderText{a.format}, a.text, b.text, 0, false, mask);
         }
         return CompareReaders({a, limit, mask, true}, {b, limit, mask, true});
     }

@@ -3,6 +3,7 @@
 #include "array_rules.h"
 #include "key_reader.h"
 #include "kystring_slots.h"
+#include "text_keys.h"
 
 namespace {
 
@@ -10,24 +11,49 @@ using ky::KeyPage;
 
 constexpr unsigned With(unsigned hash, unsigned key) { return 9 * hash + key; }
 
-/// The keys of the rest of a text, with `before` the key of the character before it.
+/// Goes on with the rest of a text; `before` is the key of the character before it.
 [[gnu::noinline]] unsigned HashByReader(const ky::TextView& rest, unsigned limit, unsigned before, unsigned hash) {
     ky::KeyReader keys(rest, limit, ~0u, false, before);
     for (unsigned key = keys.Next(); keys.Order() != 0; key = keys.Next()) hash = With(hash, key);
     return hash;
 }
 
-/// `keyAt(p)` looks a character up.
-template <unsigned width, class KeyAt>
-unsigned HashByTable(ky::TextView text, unsigned limit, const KeyAt& keyAt) {
+/// Looks keys up one after the other.
+template <class Text>
+struct KeyCursor {
+    const Text& text;
+
+    unsigned Key(const char* p) { return text.KeyIfReady(p); }
+};
+
+/// Most texts keep to one page.
+template <>
+struct KeyCursor<ky::WideText> {
+    const ky::WideText& text;
+    unsigned high = 0x100;
+    const KeyPage* page = nullptr;
+
+    unsigned Key(const char* p) {
+        const unsigned short code = ky::ReadUnit(p, text.format);
+        if (code >> 8 != high) {
+            high = code >> 8;
+            page = &text.pages.PageOf(code);
+        }
+        return page->keys[code & 0xFF];
+    }
+};
+
+template <class Text>
+unsigned HashByTable(const Text& text, const char* start, unsigned limit) {
+    KeyCursor<Text> cursor{text};
     unsigned hash = 0;
-    unsigned before = 0;
-    for (; limit != 0; --limit, text.text += width) {
-        const unsigned key = keyAt(text.text);
-        if (KeyPage::IsMarked(key)) return HashByReader(text, limit, before, hash);
+    for (const char* p = start; limit != 0; --limit, p += Text::width) {
+        const unsigned key = cursor.Key(p);
         if (key == 0) break;
+        if (KeyPage::IsMarked(key)) {
+            return HashByReader(text.View(p), limit, p != start ? text.Key(p - Text::width) : 0, hash);
+        }
         hash = With(hash, key);
-        before = key;
     }
     return hash;
 }
@@ -45,15 +71,10 @@ unsigned HashString(unsigned char codeSet, unsigned char language, const char* t
     if (text == nullptr) return 0;
     const unsigned limit = length < 0 ? ~0u : static_cast<unsigned>(length);
     if (codeSet == KyCodeSetNative) return HashBytes(text, limit);
-    const ky::TextView view{text, codeSet, language, format};
     if (ky::KeyPages::AreKept(codeSet, language)) {
-        const ky::KeyPages pages(language);
-        return HashByTable<2>(view, limit, [&](const char* p) {
-            const unsigned short code = ky::ReadUnit(p, format);
-            return pages.PageOf(code).keys[code & 0xFF];
-        });
+        return HashByTable(ky::WideText{ky::KeyPages(language), format}, text, limit);
     }
     const ky::KeyTable* table = ky::KeyTableOf(codeSet, language);
-    if (table == nullptr) return HashByReader(view, limit, 0, 0);
-    return HashByTable<1>(view, limit, [&](const char* p) { return table->KeyOf(*p); });
+    if (table != nullptr) return HashByTable(ky::NarrowText{table}, text, limit);
+    return HashByReader({text, codeSet, language, format}, limit, 0, 0);
 }
