@@ -1,7 +1,7 @@
 #ifndef KEY_READER_H
 #define KEY_READER_H
 
-/// The two ways in which a comparison reads a text: as comparison keys, or as plain bytes.
+/// A text as a comparison reads it, key by key.
 
 #include <optional>
 
@@ -45,9 +45,6 @@ public:
             table = KeyTableOf(codeSet, language);
         }
     }
-    KeyReader(const char* text, unsigned char textCodeSet, unsigned char textLanguage, unsigned char textFormat,
-              unsigned limit, unsigned keyMask, bool inDefaultClasses = false)
-        : KeyReader({text, textCodeSet, textLanguage, textFormat}, limit, keyMask, inDefaultClasses) {}
 
     unsigned Next() {
         if (left == 0) return order = 0;
@@ -57,8 +54,6 @@ public:
     }
     /// Order value behind the key that was read last; 0 at the end.
     unsigned short Order() const { return order; }
-    /// The order that was read last does not count towards the limit.
-    void Uncount() { ++left; }
     bool TookContractions() const { return it && it->TookContractions(); }
 
 private:
@@ -106,33 +101,6 @@ private:
     unsigned key;  ///< of the order that was read last, unmasked
     unsigned left;
     unsigned mask;
-};
-
-/// Bytes as their own keys. A null text is empty.
-class ByteReader {
-public:
-    ByteReader(const char* text, unsigned limit) : at(text), left(text != nullptr ? limit : 0) {}
-
-    unsigned Next() {
-        if (left == 0) return order = 0;
-        --left;
-        order = static_cast<unsigned char>(*at);
-        if (order == 0) {
-            left = 0;
-        } else {
-            ++at;
-        }
-        return order;
-    }
-    unsigned short Order() const { return order; }
-    /// Every byte counts towards the limit, whatever it means.
-    static constexpr void Uncount() {}
-    static constexpr bool TookContractions() { return false; }
-
-private:
-    const char* at;
-    unsigned left;
-    unsigned short order = 0;
 };
 
 }  // namespace ky

@@ -1,5 +1,6 @@
 #include "kychar.h"
 
+#include <algorithm>
 #include <cstddef>
 
 #include "code_sets.h"
@@ -114,6 +115,12 @@ unsigned short CaseMapped(const KyCodeSet& set, unsigned short code, unsigned sh
     return mapped != 0 ? mapped : code;
 }
 
+/// The codes of the list, which are those of Unicode, are the same characters in this set.
+bool HasAll(const KyCodeSet& set, const KyWCharList& list) {
+    return std::all_of(list.items, list.items + list.count,
+                       [&](unsigned short unicode) { return set.FromUnicode(unicode) == unicode; });
+}
+
 }  // namespace
 
 KyChar KyChar::ToLower(KyStringIterator*) const {
@@ -131,8 +138,10 @@ KyChar KyChar::ToUpper(KyStringIterator* it) const {
     const KyCodeSet& set = ky::CodeSetOf(codeSet);
     const KyCharProps* record = KyCodeSet::GetUnicodeProps(&set, code, language);
     if (record == nullptr) return *this;
-    if (record->rules != nullptr && record->rules->upperExpansion.count != 0 && it != nullptr) {
-        it->SetOverflow(&record->rules->upperExpansion, 255);
+    if (record->rules != nullptr && record->rules->upperExpansion.count != 0) {
+        const KyWCharList& further = record->rules->upperExpansion;
+        if (!HasAll(set, further) || (record->upper != 0 && set.FromUnicode(record->upper) == 0)) return *this;
+        if (it != nullptr) it->SetOverflow(&further, 255);
     }
     return KyChar(CaseMapped(set, code, record->upper), codeSet, language);
 }

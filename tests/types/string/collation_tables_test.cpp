@@ -64,6 +64,16 @@ constexpr KyCharRules kIRules{.variants = kIVariants};
 
 constexpr KyCharRules kXRules{.upperExpansion = {2, kCapitals}, .orderExpansion = {1, kOrderS}};
 
+// A letter and a symbol that expand into letters, symbols and digits.
+constexpr unsigned short kSymbol = 200;
+constexpr unsigned short kDigit = 16128;
+constexpr unsigned short kAfterLetter[] = {kSymbol, Letter('q'), kDigit, 0x8000};
+constexpr unsigned short kAfterSymbol[] = {Letter('a'), kDigit};
+constexpr KyCharRules kMixedLetterRules{.orderExpansion = {4, kAfterLetter}};
+constexpr KyCharRules kMixedSymbolRules{.orderExpansion = {2, kAfterSymbol}};
+constexpr char kMixedLetter = '\xE2';
+constexpr char kMixedSymbol = '\xE3';
+
 constexpr KyPropertyPage kPage = [] {
     KyPropertyPage page{};
     const auto record = [&](char c) -> KyCharProps& { return page.records[static_cast<unsigned char>(c)]; };
@@ -81,6 +91,8 @@ constexpr KyPropertyPage kPage = [] {
     record('l').rules = &kLRules;
     record('i').rules = &kIRules;
     record('x') = {.order = Letter('k'), .upper = 'E', .orderClass = 1, .rules = &kXRules};
+    record(kMixedLetter) = {.order = Letter('y'), .orderClass = 5, .rules = &kMixedLetterRules};
+    record(kMixedSymbol) = {.order = 300, .orderClass = KyClassCommon, .rules = &kMixedSymbolRules};
     page.records[0xE1] = {.order = Letter('a'), .orderClass = 1};
     return page;
 }();
@@ -224,6 +236,27 @@ TEST(Tables, ContractionsAndExpansions) {
         }
         EXPECT_EQ(OrdersOf(Shifted(text), 0, kTableless), orders) << text << " without a table of its own";
     }
+}
+
+TEST(Tables, OrdersOfAnExpansionHaveTheClassOfTheirKind) {
+    const std::string letter{'a', kMixedLetter, 'a'};
+    const Orders expected = {{Letter('a')},    {Letter('y'), 5},        {kSymbol, KyClassCommon},
+                             {Letter('q'), 5}, {kDigit, KyClassCommon}, {0x8000, KyClassHan},
+                             {Letter('a')}};
+    EXPECT_EQ(OrdersOf(letter), expected) << "letters that of the letter which expands";
+    const std::string symbol{kMixedSymbol};
+    EXPECT_EQ(OrdersOf(symbol), (Orders{{300, KyClassCommon}, {Letter('a'), KyClassLatin}, {kDigit, KyClassCommon}}));
+    KyStringIterator it(letter.c_str(), kTabled, 0, 1);
+    it.GetNextOrder(0);
+    it.GetNextOrder(0);
+    it.GetNextOrder(0);
+    it.GetNextOrder(1);
+    EXPECT_EQ(it.OrderClass(), 5) << "whether or not the class was asked for before";
+    const unsigned short list[] = {Letter('b')};
+    const KyWCharList orders{1, list};
+    it.SetOverflow(&orders, KyCodeSetOrders);
+    it.GetNextOrder(1);
+    EXPECT_EQ(it.OrderClass(), KyClassLatin) << "in a list that is nobody's expansion";
 }
 
 TEST(Tables, VariantsAreForTheLanguagesThatAsk) {

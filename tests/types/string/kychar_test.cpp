@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include <clocale>
 #include <cstring>
 
@@ -212,6 +214,34 @@ TEST(Character, InsideAString) {
     EXPECT_EQ(b.CodeSetGet(), s.CodeSetGet());
     b = 'x';
     EXPECT_STREQ(s.StrGet(), "axc");
+}
+
+TEST(Char, AnUpperCaseThatTheCodeSetCannotWriteIsNone) {
+    const unsigned char latin = KyCodeSetLatin1;
+    constexpr unsigned char greek = 11;
+    const struct {
+        unsigned char codeSet;
+        unsigned short code;
+        unsigned short upper;
+        std::vector<unsigned short> further;
+    } cases[] = {
+        {latin, 0xFF, 0xFF, {}},  // its capital is beyond Latin-1
+        {latin, 0xB5, 0xB5, {}},
+        {latin, 0xDF, 'S', {'S'}},
+        {KyCodeSetWindows1252, 0xDF, 'S', {'S'}},
+        {KyCodeSetUnicode, 0xDF, 'S', {'S'}},
+        {KyCodeSetUnicode, 0x390, 0x399, {0x308, 0x301}},
+        {greek, 0xC0, 0xC0, {}},  // the same character, but the set has no combining marks
+        {greek, 0xE1, 0xC1, {}},
+    };
+    for (const auto& [codeSet, code, upper, further] : cases) {
+        const KyChar c(code, codeSet, 0);
+        KyStringIterator it(c);
+        EXPECT_EQ(c.ToUpper(nullptr).CodeGet(), upper) << int{codeSet} << ' ' << code;
+        EXPECT_EQ(c.ToUpper(&it).CodeGet(), upper) << int{codeSet} << ' ' << code;
+        for (const unsigned short next : further) EXPECT_EQ((*it).CodeGet(), next) << int{codeSet} << ' ' << code;
+        EXPECT_EQ((*it).CodeGet(), code) << "no further ones";
+    }
 }
 
 }  // namespace

@@ -30,6 +30,12 @@ std::string Wide(const std::string& latin1, unsigned char format = 1) {
     return wide;
 }
 
+std::string Units(unsigned short unit, unsigned char format) {
+    const char low = static_cast<char>(unit & 0xFF);
+    const char high = static_cast<char>(unit >> 8);
+    return format == 2 ? std::string{high, low} : std::string{low, high};
+}
+
 TEST(Compare, NullOrdersBelowEverything) {
     const struct {
         unsigned char codeSetA, languageA;
@@ -162,6 +168,63 @@ TEST(Compare, CodeSetsMeetInTheirOrders) {
     EXPECT_NE(KyStrCmp(3, 0, "\xE4", 1, 0, "\xE4", kExact, -1, 1, nullptr), 0);
     EXPECT_EQ(KyStrCmp(254, 0x01, "\x0C\x40\0\0", 1, 0, "A", kExact, -1, 1, nullptr), 0) << "a text of orders";
     EXPECT_EQ(KyStrCmp(1, 0, "A", 254, 1, "\x0C\x40\0\0", kExact, -1, 1, nullptr), 0);
+}
+
+TEST(Compare, WithATextOfOrdersAllIsReadInDefaultClasses) {
+    const auto units = [](std::initializer_list<unsigned> codes, unsigned char format) {
+        std::string text;
+        for (const unsigned code : codes) text += Units(static_cast<unsigned short>(code), format);
+        return text + std::string(2, '\0');
+    };
+    for (const unsigned char format : std::initializer_list<unsigned char>{1, 2}) {
+        const std::string alpha = units({0x3B1}, format);
+        const unsigned order = KyChar(static_cast<unsigned short>(0x3B1), 253, 0).GetOrder();
+        const std::string stored = units({order}, format);
+        const std::string higher = units({order + 4}, format);
+        const auto compare = [&](unsigned char codeSetA, const std::string& a, unsigned char codeSetB,
+                                 const std::string& b, unsigned short op) {
+            return KyStrCmp(codeSetA, 1, a.data(), codeSetB, 1, b.data(), op, -1, format, nullptr);
+        };
+        for (const unsigned short op : std::initializer_list<unsigned short>{kExact, kLiteral, 0}) {
+            EXPECT_EQ(compare(253, alpha, 254, stored, op), 0) << "a Greek letter without its class";
+            EXPECT_EQ(compare(254, stored, 253, alpha, op), 0);
+            EXPECT_EQ(compare(254, stored, 254, stored, op), 0);
+            EXPECT_LT(compare(253, alpha, 254, higher, op), 0);
+            EXPECT_GT(compare(254, higher, 253, alpha, op), 0);
+            EXPECT_LT(compare(254, stored, 254, higher, op), 0);
+        }
+        EXPECT_NE(compare(253, alpha, 253, units({order}, format), kExact), 0);
+        EXPECT_EQ(compare(254, units({0x4000 | 10 << 2, 0x5000 | 3 << 2}, format), 254,
+                          units({0x5000 | 10 << 2, 0x4000 | 3 << 2}, format), 0x30),
+                  0)
+            << "orders have case";
+        EXPECT_EQ(KyStrCmp(254, 0x81, stored.data(), 254, 1, stored.data(), kExact, -1, format, nullptr), 0)
+            << "the mark in the label is no part of the text";
+    }
+}
+
+TEST(Compare, CanReadBothInTheNeutralLanguage) {
+    constexpr unsigned char spanish = 4;
+    const auto compare = [](const char* a, const char* b, unsigned short op) {
+        return Sign(KyStrCmp(1, spanish, a, 1, spanish, b, op, -1, 1, nullptr));
+    };
+    EXPECT_EQ(compare("ll", "lz", 0x10), 1) << "a letter behind l";
+    EXPECT_EQ(compare("ll", "lz", 0x210), -1);
+    EXPECT_EQ(compare("ll", "lz", 0x300), 1) << "not where the comparison is exact";
+    EXPECT_EQ(compare("ll", "??", 0), -1);
+    EXPECT_EQ(compare("ll", "??", 0x200), 0) << "patterns, too";
+    const char* wideA = "l\0l\0\0";
+    const char* wideB = "l\0z\0\0";
+    EXPECT_GT(KyStrCmp(253, spanish, wideA, 253, spanish, wideB, 0x10, -1, 1, nullptr), 0);
+    EXPECT_LT(KyStrCmp(253, spanish, wideA, 253, spanish, wideB, 0x210, -1, 1, nullptr), 0);
+    EXPECT_GT(KyStrCmp(1, spanish, "ll", 253, 0, wideB, 0x10, -1, 1, nullptr), 0) << "each in its own";
+    EXPECT_LT(KyStrCmp(1, spanish, "ll", 253, 0, wideB, 0x210, -1, 1, nullptr), 0);
+}
+
+TEST(Compare, AnEscapeAtTheEndOfAPatternStandsForItself) {
+    EXPECT_EQ(Compare("a\\", "a\\", 0), 0);
+    EXPECT_EQ(Compare("a\\", "*\\", 0), 0);
+    EXPECT_NE(Compare("ab", "a\\", 0), 0);
 }
 
 TEST(Compare, BothByteOrders) {
