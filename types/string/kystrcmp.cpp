@@ -42,7 +42,8 @@ int KyStrCmp(unsigned char codeSetA, unsigned char languageA, const char* a, uns
     const bool alike = ((codeSetA ^ codeSetB) | (languageA ^ languageB)) == 0;
     if (literal && alike && maxLen == -1 && languageA < ky::kTableLanguages && a != nullptr && b != nullptr) {
         const unsigned char language = ky::ReadsNeutral(op) ? KyLanguageNeutral : languageA;
-        if (codeSetA < ky::kTableCodeSets && codeSetA != KyCodeSetNative) {
+        if (codeSetA == KyCodeSetNative) return kystrcmp(a, b, 0);
+        if (codeSetA < ky::kTableCodeSets) {
             const ky::KeyTable* table = ky::keyTables[codeSetA][language].load(std::memory_order_acquire);
             if (table != nullptr) return ky::CompareByTable(*table, a, b, ky::KeyMask(op));
         } else if (codeSetA == KyCodeSetUnicode) {

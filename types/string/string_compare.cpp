@@ -22,18 +22,38 @@ int CompareReaders(KeyReader a, KeyReader b) {
 /// Where readers have to begin so that they read what stands at `at` right. The texts are equal before.
 template <class Text>
 std::size_t ReadableFrom(const Text& text, const char* a, const char* b, std::size_t at) {
-    if (((text.Marks(a + at) | text.Marks(b + at)) & KeyPage::kLeansBack) == 0) return at;
-    while (at != 0) {
-        at -= Text::width;
-        if ((text.Marks(a + at) & KeyPage::kLeansBack) == 0) break;
+    const unsigned marksAt = text.Marks(a + at) | text.Marks(b + at);
+    if ((marksAt & KeyPage::kLeansBack) == 0) return at;
+    // What nothing before it joins begins something new, too, unless it needs its neighbour's class.
+    bool needed = (marksAt & KeyPage::kNeedsIterator) != 0;
+    std::size_t place = at;
+    unsigned marks = KeyPage::kLeansBack;
+    while (place != 0 && (marks & KeyPage::kLeansBack) != 0) {
+        place -= Text::width;
+        marks = text.Marks(a + place);
+        needed = needed || (marks & KeyPage::kJoinsNext) != 0;
     }
-    return at;
+    return needed ? place : at;
 }
 
+/// A character that is one order, read at its place.
+template <class Text>
+bool RanksAlone(const Text& text, const char* p) {
+    const unsigned marks = text.Marks(p);
+    if ((marks & KeyPage::kNeedsIterator) != 0) return false;
+    return (marks & KeyPage::kJoinsNext) == 0 || (text.Marks(p + Text::width) & KeyPage::kLeansBack) == 0;
+}
+
+/// The result where the first characters that differ are marked.
 template <class Text>
 [[gnu::noinline]] int Decide(const Text& text, const char* a, const char* b, std::size_t at, unsigned mask) {
-    at = ReadableFrom(text, a, b, at);
-    return CompareReaders({text.View(a + at), ~0u, mask, false}, {text.View(b + at), ~0u, mask, false});
+    const std::size_t start = ReadableFrom(text, a, b, at);
+    if (start == at && RanksAlone(text, a + at) && RanksAlone(text, b + at)) {
+        const unsigned keyA = text.Key(a + at) & mask & ~KeyPage::kMarked;
+        const unsigned keyB = text.Key(b + at) & mask & ~KeyPage::kMarked;
+        if (keyA != keyB) return Difference(keyA, keyB);
+    }
+    return CompareReaders({text.View(a + start), ~0u, mask, false}, {text.View(b + start), ~0u, mask, false});
 }
 
 /// Bytes that are equal under the mask from here on, where the texts have different characters that are. There may be

@@ -9,6 +9,8 @@ namespace {
 
 using ky::KeyPage;
 
+constexpr unsigned kWhole = ~0u;
+
 constexpr unsigned With(unsigned hash, unsigned key) { return 9 * hash + key; }
 
 /// Goes on with the rest of a text; `before` is the key of the character before it.
@@ -43,19 +45,22 @@ struct KeyCursor<ky::WideText> {
     }
 };
 
+/// The end of a text, or a character that does not rank alone.
+constexpr bool Stops(unsigned key) { return key - 1 >= KeyPage::kMarked - 1; }
+
 template <class Text>
 unsigned HashByTable(const Text& text, const char* start, unsigned limit) {
     KeyCursor<Text> cursor{text};
+    const char* p = start;
     unsigned hash = 0;
-    for (const char* p = start; limit != 0; --limit, p += Text::width) {
-        const unsigned key = cursor.Key(p);
-        if (key == 0) break;
-        if (KeyPage::IsMarked(key)) {
-            return HashByReader(text.View(p), limit, p != start ? text.Key(p - Text::width) : 0, hash);
-        }
-        hash = With(hash, key);
+    unsigned key = 0;
+    if (limit == kWhole) {
+        for (; !Stops(key = cursor.Key(p)); p += Text::width) hash = With(hash, key);
+    } else {
+        for (; limit != 0 && !Stops(key = cursor.Key(p)); p += Text::width, --limit) hash = With(hash, key);
     }
-    return hash;
+    if (!KeyPage::IsMarked(key)) return hash;
+    return HashByReader(text.View(p), limit, p != start ? text.Key(p - Text::width) : 0, hash);
 }
 
 unsigned HashBytes(const char* text, unsigned limit) {
@@ -69,7 +74,7 @@ unsigned HashBytes(const char* text, unsigned limit) {
 unsigned HashString(unsigned char codeSet, unsigned char language, const char* text, int length, unsigned char format) {
     if (ky::IsNullLabel(codeSet, language)) return ky::kNullHash;
     if (text == nullptr) return 0;
-    const unsigned limit = length < 0 ? ~0u : static_cast<unsigned>(length);
+    const unsigned limit = length < 0 ? kWhole : static_cast<unsigned>(length);
     if (codeSet == KyCodeSetNative) return HashBytes(text, limit);
     if (ky::KeyPages::AreKept(codeSet, language)) {
         return HashByTable(ky::WideText{ky::KeyPages(language), format}, text, limit);

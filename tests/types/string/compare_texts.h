@@ -53,7 +53,7 @@ inline Codes AlphabetOf(unsigned char codeSet) {
             const KyCharProps* record = ky::CodeSetOf(KyCodeSetUnicode).GetProperty(c);
             if (record != nullptr) alphabet.push_back(record->order);
         }
-        for (const unsigned order : {1, 79, 80, 16127, 16128, 16383, 0x4000, 0x7FFF, 0x8000, 65519, 65520, 65535}) {
+        for (const int order : {1, 79, 80, 16127, 16128, 16383, 0x4000, 0x7FFF, 0x8000, 65519, 65520, 65535}) {
             alphabet.push_back(static_cast<unsigned short>(order));
         }
         return alphabet;

@@ -166,7 +166,7 @@ TEST(CompareTwinPlaces, BeginningsAreSkippedRightEverywhere) {
     texts::Area areaA;
     texts::Area areaB;
     std::vector<std::size_t> lengths;
-    for (const std::size_t middle : {0, 16, 32, 64, 128, 272, 4096}) {
+    for (const std::size_t middle : std::initializer_list<std::size_t>{0, 16, 32, 64, 128, 272, 4096}) {
         for (std::size_t length = middle - (middle < 3 ? middle : 3); length < middle + 3; ++length)
             lengths.push_back(length);
     }
