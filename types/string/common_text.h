@@ -100,7 +100,7 @@ inline bool WideRankStops(const unsigned char* ranks, const char* a, const char*
 
 /// The beginning within which most words differ or end.
 template <unsigned width>
-inline constexpr std::size_t kHeadBytes = 16 * width;
+inline constexpr std::size_t kHeadBytes = std::size_t{16} * width;
 
 /// The same for the heads of two texts, which do not cross a page. The size of the head where they go on behind it.
 template <unsigned width>

@@ -134,7 +134,7 @@ private:
     public:
         OwnedText() = default;
         OwnedText(const OwnedText&) noexcept {}
-        // NOLINTNEXTLINE(cert-oop54-cpp): does nothing
+        // NOLINTNEXTLINE(bugprone-unhandled-self-assignment,cert-oop54-cpp): does nothing
         OwnedText& operator=(const OwnedText&) noexcept { return *this; }
         ~OwnedText() { Free(); }
 

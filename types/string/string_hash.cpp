@@ -32,8 +32,8 @@ struct KeyCursor {
 template <>
 struct KeyCursor<ky::WideText> {
     const ky::WideText& text;
-    unsigned high = 0x100;
-    const KeyPage* page = nullptr;
+    unsigned high = 0;
+    const KeyPage* page = &text.pages.PageOf(0);
 
     unsigned Key(const char* p) {
         const unsigned short code = ky::ReadUnit(p, text.format);
