@@ -9,7 +9,7 @@ class KyStringIterator;
 
 /// Order of two texts given in their code sets and languages: below, equal to or above zero. A missing buffer
 /// counts as empty; language 254 (or language 0 with code set 254) is null. `b` is the pattern where `op`
-/// allows wildcards (neither 0x10 nor 0x100). maxLen -1: whole texts, else at most that many characters.
+/// allows wildcards (neither 0x10 nor 0x100). maxLen -1: whole texts, else at most that many order values of each.
 /// `format`: byte order of 16-bit texts. `error` is not written and may be null.
 KY_EXPORT int KyStrCmp(unsigned char codeSetA, unsigned char languageA, const char* a, unsigned char codeSetB,
                        unsigned char languageB, const char* b, unsigned short op, short maxLen, unsigned char format,

@@ -83,4 +83,22 @@ TEST(KeyTable, ManyThreadsGetTheSame) {
     EXPECT_NE(seen[0][0], nullptr);
 }
 
+TEST(KeyPages, ManyThreadsGetTheSame) {
+    constexpr unsigned char freshLanguage = 27;
+    std::array<std::array<const KeyPage*, 256>, 8> seen{};
+    std::vector<std::thread> threads;
+    for (auto& mine : seen) {
+        threads.emplace_back([&mine] {
+            const ky::KeyPages pages(freshLanguage);
+            for (unsigned high = 0; high < 256; ++high) {
+                mine[high] = &pages.PageOf(static_cast<unsigned short>(high << 8));
+                if (high == 0x4E && mine[high]->keys[0] == 0) mine[high] = nullptr;
+            }
+        });
+    }
+    for (std::thread& thread : threads) thread.join();
+    for (const auto& mine : seen) EXPECT_EQ(mine, seen[0]);
+    EXPECT_NE(seen[0][0x4E], nullptr);
+}
+
 }  // namespace
