@@ -1,6 +1,6 @@
 #include <algorithm>
 #include <cstring>
-#include <utility>
+#include <memory>
 
 #include "kymultibyte.h"
 #include "kystring.h"
@@ -15,6 +15,54 @@ constexpr std::size_t kBlock = 256;
 constexpr std::size_t kMaxTextBytes = 32767;
 /// Longest form of a character.
 constexpr std::size_t kMaxFormBytes = 6;
+
+/// Decodes a text for a string, block by block.
+class Decoder {
+public:
+    Decoder(const char* in, int inLen)
+        // A zero byte ends the text, whether it ends a character or breaks one. What follows the character that passes
+        // the limit is never looked at.
+        : text(in),
+          length(inLen == 0 ? 0
+                            : strnlen(in, std::min(static_cast<std::size_t>(inLen), kMaxTextBytes + kMaxFormBytes))) {}
+
+    /// Decodes up to a block; returns the characters, a whole block unless the text has ended.
+    std::size_t Next(unsigned short (&units)[kBlock]) {
+        std::size_t count = 0;
+        while (!hasEnded && used < length && count < kBlock) {
+            const std::size_t plain = std::min(length, kMaxTextBytes) - used;
+            const auto [read, written] = ky::Utf8ToUnits(text + used, plain, units + count, kBlock - count);
+            used += read;
+            count += written;
+            if (read == 0) Step(units, count);
+        }
+        return count;
+    }
+
+    /// Bytes used, or why there is no more.
+    int Result() const { return result < 0 ? result : static_cast<int>(used); }
+
+private:
+    const char* text;
+    std::size_t length;
+    std::size_t used = 0;
+    int result = 0;
+    bool hasEnded = false;
+
+    /// One character of any form.
+    void Step(unsigned short (&units)[kBlock], std::size_t& count) {
+        unsigned short unit = 0;
+        const int size = ky_mbtowc(&unit, text + used, length - used);
+        hasEnded = size < 0 || unit == 0;
+        if (size < 0) result = size;
+        if (hasEnded) return;
+        units[count++] = unit;
+        used += static_cast<std::size_t>(size);
+        if (used <= kMaxTextBytes) return;
+        result = -2;
+        hasEnded = true;
+    }
+};
 
 }  // namespace
 
@@ -41,48 +89,29 @@ int KyMultiByteStr2WCharStr(unsigned short* out, int outMax, const char* in, int
 }
 
 int KyMBS2KyString(const char* in, KyString& out, int inLen) {
-    const KyString old(std::move(out));  // `in` may lie in it
-    out = KyString(KyCodeSetUnicode, old.LanguageGet());
-    if (in == nullptr || inLen <= 0) return 0;
-
-    // A zero byte ends the text, whether it ends a character or breaks one. What follows the character that passes the
-    // limit is never looked at.
-    const std::size_t length = strnlen(in, std::min(static_cast<std::size_t>(inLen), kMaxTextBytes + kMaxFormBytes));
+    Decoder decoder(in, in == nullptr ? 0 : std::max(inLen, 0));
     unsigned short units[kBlock];
-    std::size_t gathered = 0;
-    std::size_t appended = 0;
-    const auto append = [&] {
-        const auto* text = reinterpret_cast<const char*>(units);
-        const auto count = static_cast<unsigned short>(gathered);
-        if (appended == 0) {
-            out.MakeString(text, KyCodeSetUnicode, static_cast<short>(count), 1);
-        } else if (count != 0) {
-            out.BuildString(text, KyCodeSetUnicode, static_cast<unsigned short>(appended), 0, count, 1, ky::kAppend, 1);
-        }
-        appended += gathered;
-        gathered = 0;
-    };
-    int result = 0;
-    std::size_t used = 0;
-    while (used < length) {
-        if (gathered == kBlock) append();
-        const std::size_t plain = std::min(length, kMaxTextBytes) - used;
-        const auto [read, written] = ky::Utf8ToUnits(in + used, plain, units + gathered, kBlock - gathered);
-        used += read;
-        gathered += written;
-        if (read != 0) continue;
-        const int size = ky_mbtowc(units + gathered, in + used, length - used);
-        if (size < 0) result = size;
-        if (size < 0 || units[gathered] == 0) break;
-        ++gathered;
-        used += static_cast<std::size_t>(size);
-        if (used > kMaxTextBytes) {
-            result = -2;
-            break;
-        }
+    const auto* text = reinterpret_cast<const char*>(units);
+    std::size_t count = decoder.Next(units);
+    // `in` may lie in the text that goes.
+    const std::unique_ptr<char[]> old(out.buffer);
+    const std::size_t bytes = count * sizeof *units;
+    out.codeSet = KyCodeSetUnicode;
+    out.buffer = nullptr;
+    out.bufferSize = 0;
+    if (count == 0) return decoder.Result();
+    out.buffer = new char[bytes + sizeof *units];
+    out.bufferSize = static_cast<unsigned short>(bytes + sizeof *units);
+    ky::CopyText(out.buffer, text, bytes);
+    ky::WriteUnit(out.buffer + bytes, 0, 1);
+
+    for (std::size_t length = count; count == kBlock; length += count) {
+        count = decoder.Next(units);
+        if (count == 0) break;
+        out.BuildString(text, KyCodeSetUnicode, static_cast<unsigned short>(length), 0,
+                        static_cast<unsigned short>(count), 1, ky::kAppend, 1);
     }
-    append();
-    return result < 0 ? result : static_cast<int>(used);
+    return decoder.Result();
 }
 
 int KyMultiByteString2KyString(const char* in, KyString& out, int inLen) { return KyMBS2KyString(in, out, inLen); }

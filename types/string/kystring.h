@@ -234,6 +234,7 @@ private:
     friend KyString operator+(const KyString& a, const KyString& b);
     friend KyString& ky::AssignText(KyString& out, const char* text, std::size_t length);
     friend class ky::LentText;
+    friend int KyMBS2KyString(const char* in, KyString& out, int inLen);
 
     // Counts that are never negative and may exceed 32767, unlike those of the operations above.
     KyString(unsigned char codeSet, unsigned char language, const char* text, std::size_t bytes);

@@ -134,6 +134,18 @@ TEST(MbsToString, FromItself) {
     EXPECT_EQ(Text16(t), u"a\u00E9");
 }
 
+TEST(MbsToString, FromItselfAcrossBlocks) {
+    std::string bytes;
+    std::u16string units;
+    for (int i = 0; i < 1000; ++i) {
+        bytes += "a\xC3\xA9";
+        units += u"a\u00E9";
+    }
+    KyString s = Narrow(bytes);
+    EXPECT_EQ(KyMultiByteString2KyString(s, s), 3000);
+    EXPECT_EQ(Text16(s), units);
+}
+
 TEST(MbsToString, Kept_Of16BitTextAsManyBytesAreReadAsItHasCharacters) {
     KyString out;
     const std::u16string units = {static_cast<char16_t>('a' | 'b' << 8), static_cast<char16_t>('c' | 'd' << 8)};
