@@ -77,7 +77,7 @@ int CompareByKeys(const ByteKeys& keysA, const char* a, const ByteKeys& keysB, c
 [[gnu::noinline]] int CompareFrom(const ByteKeys& keys, const char* a, const char* b, std::size_t at,
                                   std::size_t limit) {
     return CompareByKeys(keys, a, keys, b, at, limit, [&](const char* fromA, const char* fromB, std::size_t bytes) {
-        return std::min(ky::CommonRanksFrom(keys.marks, fromA, fromB, 0), bytes);
+        return std::min(ky::CommonRanks(keys.marks, fromA, fromB), bytes);
     });
 }
 
