@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <numeric>
 #include <random>
 #include <string>
 #include <vector>
@@ -17,7 +18,12 @@
 
 namespace {
 
-constexpr std::size_t kWords = 1024;
+/// Texts together that fit into the cache next to the processor's.
+constexpr std::size_t kMostBytes = 300'000;
+/// Length of texts that are words of different lengths.
+constexpr std::size_t kWord = 0;
+
+std::size_t Count(std::size_t length) { return kMostBytes / std::max<std::size_t>(length, 16); }
 
 std::vector<std::string> Words(std::size_t length) {
     static const char* const syllables[] = {"be",   "der", "ge",  "ung",  "kon", "ti", "on", "ver", "en",
@@ -25,10 +31,11 @@ std::vector<std::string> Words(std::size_t length) {
     std::mt19937 random(14);
     std::vector<std::string> words;
     std::string word;
-    while (words.size() < kWords) {
-        word.resize(random() % 4 == 0 ? 0 : length / 2);
-        while (word.size() < length) word += syllables[random() % std::size(syllables)];
-        word.resize(length);
+    while (words.size() < Count(length)) {
+        const std::size_t wanted = length != kWord ? length : 3 + random() % 7 + random() % 7;
+        word.resize(random() % 4 == 0 ? 0 : std::min(wanted, word.size()) / 2);
+        while (word.size() < wanted) word += syllables[random() % std::size(syllables)];
+        word.resize(wanted);
         words.push_back(word);
     }
     std::sort(words.begin(), words.end());
@@ -40,6 +47,14 @@ enum class Pairs {
     equal,       ///< each word and a copy
     otherCase,   ///< each word and the same in capitals
 };
+
+/// Pairs of texts are met in no order that could be learnt.
+std::vector<std::size_t> Places(std::size_t count) {
+    std::vector<std::size_t> places(count);
+    std::iota(places.begin(), places.end(), std::size_t{0});
+    std::shuffle(places.begin(), places.end(), std::mt19937(15));
+    return places;
+}
 
 /// Texts one behind the other at any address.
 class Pool {
@@ -70,12 +85,13 @@ std::vector<std::string> Partners(std::vector<std::string> words, Pairs pairs) {
 template <class Compare>
 void Run(benchmark::State& state, std::size_t length, Pairs pairs, const Compare& compare) {
     const std::vector<std::string> words = Words(length);
+    const std::vector<std::size_t> places = Places(words.size());
     const Pool first(words);
     const Pool second(Partners(words, pairs));
     std::size_t i = 0;
     for (auto _ : state) {
-        benchmark::DoNotOptimize(compare(first[i], second[i]));
-        i = (i + 1) % kWords;
+        benchmark::DoNotOptimize(compare(first[places[i]], second[places[i]]));
+        if (++i == places.size()) i = 0;
     }
 }
 
@@ -94,7 +110,7 @@ void RegisterCompare(const std::string& shape, std::size_t length, Pairs pairs) 
     const auto apart = [=](benchmark::State& state) {
         Run(state, length, pairs, [](const char* a, const char* b) { return kyistrcmp(a, b, 0, 0, 0); });
     };
-    const std::string tail = shape + "/" + std::to_string(length);
+    const std::string tail = shape + "/" + (length == kWord ? "words" : std::to_string(length));
     bench::RegisterPair("dictionary/alike/" + tail, bench::AtLeast(2), alike, peer);
     // Where case counts, words in other letters differ at once.
     if (pairs != Pairs::otherCase) bench::RegisterPair("dictionary/apart/" + tail, bench::AtLeast(2), apart, peer);
@@ -103,8 +119,9 @@ void RegisterCompare(const std::string& shape, std::size_t length, Pairs pairs) 
 // --- the row ---
 
 /// What is stored, against the comparer on the same texts.
-void RunStored(benchmark::State& state, std::size_t length) {
-    const std::vector<std::string> words = Words(length);
+void RunStored(benchmark::State& state) {
+    const std::vector<std::string> words = Words(kWord);
+    const std::vector<std::size_t> places = Places(words.size());
     const KyTypeTab& row = *KyNewtypetab[KyCASEISTRING_T];
     std::vector<unsigned char> bytes;
     std::vector<std::size_t> starts;
@@ -114,29 +131,28 @@ void RunStored(benchmark::State& state, std::size_t length) {
         bytes.resize(bytes.size() + row.SizeGet(&value, KyFormMemory, KyFormNative, 1));
         row.Store(&bytes[starts.back()], &value, KyFormNative, 1);
     }
+    starts.push_back(starts.front());
     std::size_t i = 0;
     int err = 0;
     for (auto _ : state) {
-        const std::size_t next = (i + 1) % kWords;
+        const std::size_t place = places[i];
         benchmark::DoNotOptimize(
-            row.Compare(KyFormNative, 0, &bytes[starts[i]], 0, &bytes[starts[next]], KyCmpExact, 1, err));
-        i = next;
+            row.Compare(KyFormNative, 0, &bytes[starts[place]], 0, &bytes[starts[place + 1]], KyCmpExact, 1, err));
+        if (++i == places.size()) i = 0;
     }
 }
 
-void RunComparer(benchmark::State& state, std::size_t length) {
-    Run(state, length, Pairs::neighbours, [](const char* a, const char* b) { return kycaseistrcmp(a, b, 0, 0, 0); });
+void RunComparer(benchmark::State& state) {
+    Run(state, kWord, Pairs::neighbours, [](const char* a, const char* b) { return kycaseistrcmp(a, b, 0, 0, 0); });
 }
 
 const bench::AtStart here([] {
-    for (const std::size_t length : {8, 12, 30, 200, 10000}) {
+    for (const std::size_t length : {kWord, std::size_t{8}, std::size_t{30}, std::size_t{200}, std::size_t{10000}}) {
         RegisterCompare("equal", length, Pairs::equal);
         RegisterCompare("neighbours", length, Pairs::neighbours);
         RegisterCompare("otherCase", length, Pairs::otherCase);
     }
-    bench::RegisterPair(
-        "dictionary/stored/12", bench::AtMostMore(8), [](benchmark::State& state) { RunStored(state, 12); },
-        [](benchmark::State& state) { RunComparer(state, 12); });
+    bench::RegisterPair("dictionary/stored/words", bench::AtMostMore(8), RunStored, RunComparer);
 });
 
 }  // namespace

@@ -81,22 +81,20 @@ inline constexpr ByteKeys kByteKeys[4] = {
 
 inline constexpr ByteKeys kKeysOfKeys = MakeKeysOfKeys();
 
+/// Of a text that is no key.
 template <class Order>
-const ByteKeys& ByteKeysOf(unsigned char mode) {
-    if ((mode & kModeKey) != 0) return kKeysOfKeys;
+const ByteKeys& ByteKeysOfText(unsigned char mode) {
     constexpr unsigned significant = Order::alike ? kModeDiskForm | kModeAccents : kModeDiskForm;
     return kByteKeys<Order>[(mode & significant) / kModeAccents];
 }
 
-/// Second keys in text[0, length).
-inline std::size_t SecondKeys(const ByteKeys& keys, const char* text, std::size_t length) {
-    std::size_t count = 0;
-    for (std::size_t i = 0; i < length; ++i) {
-        const auto c = static_cast<unsigned char>(text[i]);
-        for (const unsigned char pair : keys.pairs) count += pair != 0 && c == pair;
-    }
-    return count;
+template <class Order>
+const ByteKeys& ByteKeysOf(unsigned char mode) {
+    return (mode & kModeKey) != 0 ? kKeysOfKeys : ByteKeysOfText<Order>(mode);
 }
+
+/// Second keys in text[0, length).
+std::size_t SecondKeys(const ByteKeys& keys, const char* text, std::size_t length);
 
 /// Keys of text[0, length), which has no terminator.
 inline std::size_t KeyCount(const ByteKeys& keys, const char* text, std::size_t length) {

@@ -10,8 +10,8 @@ namespace {
 
 using ky::ByteKeys;
 
-/// What "all" means: that many keys.
-constexpr std::size_t kMostKeys = 65535;
+/// Keys that are compared at most.
+std::size_t Limit(unsigned short maxLen) { return maxLen != 0 ? maxLen : 65535; }
 
 unsigned char Code(char c) { return static_cast<unsigned char>(c); }
 
@@ -81,11 +81,6 @@ int CompareByKeys(const ByteKeys& keysA, const char* a, const ByteKeys& keysB, c
     });
 }
 
-[[gnu::noinline]] int CompareUnlike(const ByteKeys& keysA, const char* a, const ByteKeys& keysB, const char* b,
-                                    std::size_t limit) {
-    return CompareByKeys(keysA, a, keysB, b, 0, limit, [](auto...) { return std::size_t{0}; });
-}
-
 /// A bit for each of 16 bytes that is not the same in both texts (`alike`: nor the same letter of ASCII) or ends both.
 template <bool alike>
 __attribute__((KY_UNINSTRUMENTED)) inline unsigned StopsIn16(const char* a, const char* b) {
@@ -103,23 +98,52 @@ __attribute__((KY_UNINSTRUMENTED)) inline unsigned StopsIn16(const char* a, cons
     return static_cast<unsigned>(_mm_movemask_epi8(_mm_andnot_si128(ends, equal))) ^ 0xFFFF;
 }
 
-/// Two texts that are looked up alike, none of them empty. Most words are decided by their first characters.
+/// Where the first 16 bytes of two texts that go on behind the byte `at` stop, or where they end. False: they lie on
+/// two pages.
 template <bool alike>
-[[gnu::always_inline]] inline int CompareAlike(const ByteKeys& keys, const char* a, const char* b, std::size_t limit) {
-    const int first = (keys.keys[Code(*a)] & 0xFF) - (keys.keys[Code(*b)] & 0xFF);
-    if (first != 0) return first;
-    constexpr std::size_t head = 16;
-    std::size_t at = 0;
-    if (!ky::EitherCrossesPage(a, b, head)) [[likely]] {
-        const unsigned differ = StopsIn16<alike>(a, b);
-        at = differ != 0 ? static_cast<std::size_t>(std::countr_zero(differ)) : head;
+[[gnu::always_inline]] inline bool PassHead(const char* a, const char* b, std::size_t& at) {
+    constexpr std::size_t step = 16;
+    constexpr std::size_t head = 4 * step;
+    for (;;) {
+        if (ky::EitherCrossesPage(a + at, b + at, step)) [[unlikely]]
+            return false;
+        if (const unsigned stops = StopsIn16<alike>(a + at, b + at)) {
+            at += static_cast<std::size_t>(std::countr_zero(stops));
+            return true;
+        }
+        at += step;
+        if (at == head) return false;
     }
-    const unsigned keyA = keys.keys[Code(a[at])];
-    const unsigned keyB = keys.keys[Code(b[at])];
-    if ((keyA | keyB) == 0) return 0;
-    if (keyA == keyB || ByteKeys::HasSecond(keyA | keyB) || 2 * at >= limit) [[unlikely]]
-        return CompareFrom(keys, a, b, at, limit);
-    return static_cast<int>(keyA) - static_cast<int>(keyB);
+}
+
+/// Two texts that are looked up alike. Most words are decided by their first characters.
+template <bool alike>
+[[gnu::always_inline]] inline int CompareAlike(const ByteKeys& keys, const char* a, const char* b,
+                                               unsigned short maxLen) {
+    const int first = (keys.keys[Code(*a)] & 0xFF) - (keys.keys[Code(*b)] & 0xFF);
+    if (first != 0) return *a == 0 || *b == 0 ? Code(*a) - Code(*b) : first;
+    std::size_t at = 0;
+    if (PassHead<alike>(a, b, at)) [[likely]] {
+        const unsigned keyA = keys.keys[Code(a[at])];
+        const unsigned keyB = keys.keys[Code(b[at])];
+        const bool isSame = (keyA == keyB) & (keyA != 0);
+        // A byte is one or two keys. No limit is 0, and none is reached here.
+        const bool mayBeOutside = 2 * at > maxLen - 1u;
+        if (!(ByteKeys::HasSecond(keyA | keyB) | isSame | mayBeOutside)) [[likely]]
+            return static_cast<int>(keyA) - static_cast<int>(keyB);
+    }
+    return CompareFrom(keys, a, b, at, Limit(maxLen));
+}
+
+/// Two texts of which one is a key, or in two forms.
+template <class Order>
+[[gnu::noinline]] int CompareOfModes(const char* a, const char* b, unsigned short maxLen, unsigned char modeA,
+                                     unsigned char modeB) {
+    const ByteKeys& keysA = ky::ByteKeysOf<Order>(modeA);
+    const ByteKeys& keysB = ky::ByteKeysOf<Order>(modeB);
+    if (&keysA == &keysB) return CompareAlike<false>(keysA, a, b, maxLen);
+    if (*a == 0 || *b == 0) return Code(*a) - Code(*b);
+    return CompareByKeys(keysA, a, keysB, b, 0, Limit(maxLen), [](auto...) { return std::size_t{0}; });
 }
 
 template <class Order>
@@ -127,13 +151,9 @@ template <class Order>
                                           unsigned char modeB) {
     if (b == nullptr) return a != nullptr;
     if (a == nullptr) return -1;
-    if (*a == 0 || *b == 0) return Code(*a) - Code(*b);
-    const std::size_t limit = maxLen != 0 ? maxLen : kMostKeys;
-    const ByteKeys& keysA = ky::ByteKeysOf<Order>(modeA);
-    const ByteKeys& keysB = ky::ByteKeysOf<Order>(modeB);
-    if (&keysA != &keysB) return CompareUnlike(keysA, a, keysB, b, limit);
-    if (Order::alike && (modeA & ky::kModeKey) == 0) return CompareAlike<true>(keysA, a, b, limit);
-    return CompareAlike<false>(keysA, a, b, limit);
+    if (modeA != modeB || (modeA & ky::kModeKey) != 0) [[unlikely]]
+        return CompareOfModes<Order>(a, b, maxLen, modeA, modeB);
+    return CompareAlike<Order::alike>(ky::ByteKeysOfText<Order>(modeA), a, b, maxLen);
 }
 
 }  // namespace

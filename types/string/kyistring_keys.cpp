@@ -125,6 +125,15 @@ unsigned SizeOfObjects(const void* objects, unsigned char flag, unsigned count) 
 
 }  // namespace
 
+std::size_t ky::SecondKeys(const ByteKeys& keys, const char* text, std::size_t length) {
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < length; ++i) {
+        const auto c = static_cast<unsigned char>(text[i]);
+        for (const unsigned char pair : keys.pairs) count += pair != 0 && c == pair;
+    }
+    return count;
+}
+
 unsigned _KyIMapString(unsigned char* dst, const unsigned char* src, unsigned max) {
     return MapString<CaseApart>(dst, src, max);
 }

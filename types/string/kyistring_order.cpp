@@ -11,6 +11,8 @@
 namespace {
 
 using ky::DictionaryText;
+template <class Self>
+using Walk = ky::DictionaryWalk<Self>;
 
 /// The longest key that an index holds, without its terminator.
 constexpr std::size_t kLongestKey = 253;
@@ -60,13 +62,17 @@ private:
 };
 
 template <class Order>
-bool IsTooLong(const DictionaryText& s) {
-    const std::size_t most = std::min(s.room, kLongestPart);
-    if (2 * most <= kLongestKey) return false;
+[[gnu::noinline]] bool IsKeyTooLong(const DictionaryText& s, std::size_t most) {
     const std::size_t length = strnlen(s.text, most);
     if (2 * length <= kLongestKey) return false;
     const auto& keys = ky::ByteKeysOf<Order>(s.mode & (ky::kModeKey | ky::kModeDiskForm));
     return ky::KeyCount(keys, s.text, length) > kLongestKey;
+}
+
+template <class Order>
+bool IsTooLong(const DictionaryText& s) {
+    const std::size_t most = std::min(s.room, kLongestPart);
+    return 2 * most > kLongestKey && IsKeyTooLong<Order>(s, most);
 }
 
 /// Position of the first wildcard or escape of a comparand; -1: there is none.
@@ -77,6 +83,8 @@ int FindWildcard(const char* text, unsigned char mode) {
     return text[at] != 0 ? static_cast<int>(at) : -1;
 }
 
+bool AllowsWildcards(unsigned short op) { return (op & (KyCmpExact | KyCmpStringExact)) == 0; }
+
 int Sign(int number) { return ky::Order(number, 0); }
 
 /// Keys that a text has for certain, at most so many.
@@ -85,22 +93,16 @@ std::size_t CertainKeys(const DictionaryText& s, const char* text, std::size_t m
     return s.cutShort ? std::min(most, ky::KeyCount(ky::ByteKeysOf<Order>(s.mode), text, std::strlen(text))) : most;
 }
 
-/// Two texts, neither missing. `lengthA` and `lengthB`: bytes of the whole texts where the buffer does not hold them.
+/// A comparand that may be a pattern, or texts that are not all there.
 template <class Self>
-int CompareTexts(const DictionaryText& a, std::size_t lengthA, const DictionaryText& b, std::size_t lengthB,
-                 unsigned short op, int& err) {
+[[gnu::noinline]] int CompareOpen(const Walk<Self>& walkA, const Walk<Self>& walkB, unsigned short op, int& err) {
     using Order = typename Functions<Self>::Order;
-    if (IsTooLong<Order>(b)) {
-        err = KyErrNotSupported;
-        return -1;
-    }
-    if (a.IsEmpty() || b.IsEmpty()) return static_cast<int>(b.IsEmpty()) - static_cast<int>(a.IsEmpty());
-
+    const DictionaryText& a = walkA.Current();
+    const DictionaryText& b = walkB.Current();
     const Terminated textA(a);
     const Terminated textB(b);
     const char* pattern = textB.Text();
-    const bool allowsWildcards = (op & (KyCmpExact | KyCmpStringExact)) == 0;
-    const int position = allowsWildcards ? FindWildcard<Self>(pattern, b.mode) : -1;
+    const int position = AllowsWildcards(op) ? FindWildcard<Self>(pattern, b.mode) : -1;
     if (position < 0 && !a.cutShort && !b.cutShort) {
         return Sign(Functions<Self>::Compare(textA.Text(), pattern, 0, a.mode, b.mode));
     }
@@ -120,7 +122,21 @@ int CompareTexts(const DictionaryText& a, std::size_t lengthA, const DictionaryT
     }
     if (result != 0) return result;
     err = KyErrBufferEnd;
-    return byComparer ? 0 : ky::Order(lengthA, lengthB);
+    return byComparer ? 0 : ky::Order(walkA.TextLength(), walkB.TextLength());
+}
+
+/// The current texts of both, neither missing.
+template <class Self>
+int CompareTexts(const Walk<Self>& walkA, const Walk<Self>& walkB, unsigned short op, int& err) {
+    const DictionaryText& a = walkA.Current();
+    const DictionaryText& b = walkB.Current();
+    if (IsTooLong<typename Functions<Self>::Order>(b)) {
+        err = KyErrNotSupported;
+        return -1;
+    }
+    if (a.IsEmpty() || b.IsEmpty()) return static_cast<int>(b.IsEmpty()) - static_cast<int>(a.IsEmpty());
+    if (AllowsWildcards(op) || !a.terminated || !b.terminated) return CompareOpen(walkA, walkB, op, err);
+    return Sign(Functions<Self>::Compare(a.text, b.text, 0, a.mode, b.mode));
 }
 
 }  // namespace
@@ -139,8 +155,7 @@ int DictionaryOrder<Self>::Compare(unsigned char flag, unsigned len1, void* a, u
         return 0;
     }
     for (;;) {
-        const int result =
-            CompareTexts<Self>(walkA.Current(), walkA.TextLength(), walkB.Current(), walkB.TextLength(), op, err);
+        const int result = CompareTexts(walkA, walkB, op, err);
         if (--count == 0 || err < 0) return result;
         if (!walkA.Next() || !walkB.Next()) err = KyErrBufferEnd;
         if (result != 0 || err != 0) return result;
