@@ -62,7 +62,7 @@ private:
 };
 
 template <class Order>
-[[gnu::noinline]] bool IsKeyTooLong(const DictionaryText& s, std::size_t most) {
+[[gnu::noinline]] bool IsKeyTooLong(DictionaryText s, std::size_t most) {
     const std::size_t length = strnlen(s.text, most);
     if (2 * length <= kLongestKey) return false;
     const auto& keys = ky::ByteKeysOf<Order>(s.mode & (ky::kModeKey | ky::kModeDiskForm));
@@ -93,9 +93,10 @@ std::size_t CertainKeys(const DictionaryText& s, const char* text, std::size_t m
     return s.cutShort ? std::min(most, ky::KeyCount(ky::ByteKeysOf<Order>(s.mode), text, std::strlen(text))) : most;
 }
 
-/// A comparand that may be a pattern, or texts that are not all there.
+/// A comparand that may be a pattern, or texts that are not all there. Copies, so that the caller's walks stay in
+/// registers.
 template <class Self>
-[[gnu::noinline]] int CompareOpen(const Walk<Self>& walkA, const Walk<Self>& walkB, unsigned short op, int& err) {
+[[gnu::noinline]] int CompareOpen(Walk<Self> walkA, Walk<Self> walkB, unsigned short op, int& err) {
     using Order = typename Functions<Self>::Order;
     const DictionaryText& a = walkA.Current();
     const DictionaryText& b = walkB.Current();
@@ -127,7 +128,8 @@ template <class Self>
 
 /// The current texts of both, neither missing.
 template <class Self>
-int CompareTexts(const Walk<Self>& walkA, const Walk<Self>& walkB, unsigned short op, int& err) {
+[[gnu::always_inline]] inline int CompareTexts(const Walk<Self>& walkA, const Walk<Self>& walkB, unsigned short op,
+                                               int& err) {
     const DictionaryText& a = walkA.Current();
     const DictionaryText& b = walkB.Current();
     if (IsTooLong<typename Functions<Self>::Order>(b)) {
