@@ -24,7 +24,7 @@ Replacements FindAll(const KyString& text, const ky::Searcher& from, unsigned to
                      std::pmr::memory_resource* memory) {
     Replacements found{.positions = std::pmr::vector<unsigned short>(memory), .oldEnd = text.Len()};
     const unsigned maxLength = KyString::MaxBytes / ky::CharWidth(text.CodeSetGet()) - 1;
-    for (unsigned short at; (at = from.Find(text, start, found.oldEnd)) != KyString::NotFound;) {
+    for (unsigned short at; (at = from.Find(start, found.oldEnd)) != KyString::NotFound;) {
         found.positions.push_back(at);
         found.newLength += at - found.lastEnd + toLength;
         found.lastEnd = at + from.Length();
@@ -43,7 +43,7 @@ Replacements FindAll(const KyString& text, const ky::Searcher& from, unsigned to
 KyString& KyString::ReplaceAll(const KyString& from, const KyString& to, unsigned short start) {
     std::byte area[1024];
     std::pmr::monotonic_buffer_resource memory(area, sizeof area);
-    const ky::Searcher searcher(from, KyCmpDefault);
+    const ky::Searcher searcher(*this, from, KyCmpDefault);
     const Replacements found = FindAll(*this, searcher, to.Len(), start, &memory);
     if (found.positions.empty()) return *this;
 

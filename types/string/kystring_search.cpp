@@ -1,7 +1,10 @@
 #include "kystring_search.h"
 
-#include "code_mapping.h"
+#include <algorithm>
+
+#include "code_sets.h"
 #include "kytypes.h"
+#include "segment_search.h"
 
 namespace {
 
@@ -12,34 +15,115 @@ bool AllowsWildcards(unsigned short op) { return (op & (KyCmpExact | KyCmpString
 
 namespace ky {
 
-Searcher::Searcher(const KyString& searched, unsigned short givenOp)
-    : pattern(searched), length(searched.Len()), op(givenOp), wild(AllowsWildcards(givenOp)) {
-    if (op != KyCmpDefault) return;
-    op = KyString::GetDefaultCmpOp();
-    if (AllowsWildcards(op)) op |= KyCmpExact;
+Searcher::Searcher(const KyString& searched, const KyString& searchedFor, unsigned short givenOp)
+    : text(searched), pattern(searchedFor), length(pattern.Len()), op(givenOp), wild(AllowsWildcards(givenOp)) {
+    if (op == KyCmpDefault) {
+        op = KyString::GetDefaultCmpOp();
+        if (AllowsWildcards(op)) op |= KyCmpExact;
+    }
+    PrepareKeys();
 }
 
-PrefixMatch Searcher::MatchAt(const KyString& text, const char* position) const {
+void Searcher::PrepareKeys() {
+    if (text.IsNullValue() || pattern.IsNullValue()) return;
+    if (text.CodeSetGet() == KyCodeSetNative && pattern.CodeSetGet() == KyCodeSetNative) {
+        textKeys.emplace();
+        if (wild) {
+            ReadBytesUpToRun(pattern.StrGet(), beginning);
+        } else {
+            textKeys->Read(pattern.StrGet(), length, beginning.Reserve(length));
+            beginning.Take(length);
+        }
+        return;
+    }
+    if (ReadsDefaultClasses(text.CodeSetGet(), pattern.CodeSetGet())) return;
+    const unsigned mask = KeyMask(op);
+    const bool neutral = ReadsNeutral(op);
+    textKeys.emplace(text.CodeSetGet(), neutral ? KyLanguageNeutral : text.LanguageGet(), mask);
+    if (!textKeys->Exist()) {
+        textKeys.reset();
+        return;
+    }
+    const TextView view{pattern.StrGet(), pattern.CodeSetGet(), neutral ? KyLanguageNeutral : pattern.LanguageGet(), 1};
+    if (wild) {
+        ReadUpToRun(view, mask, beginning);
+    } else {
+        KeyReader reader(view, length, mask, false);
+        while (const unsigned key = reader.Next()) beginning.Append(key);
+    }
+}
+
+PrefixMatch Searcher::MatchAt(unsigned position) const {
+    const char* const place = text.StrGet() + std::size_t{position} * CharWidth(text.CodeSetGet());
     if (wild && !pattern.IsNullValue()) {
-        return MatchPrefix({position, text.CodeSetGet(), text.LanguageGet(), 1},
+        return MatchPrefix({place, text.CodeSetGet(), text.LanguageGet(), 1},
                            {pattern.StrGet(), pattern.CodeSetGet(), pattern.LanguageGet(), 1}, op);
     }
     const auto maxLen = static_cast<short>(wild ? KyString::NotFound : length);
-    const int order = KyStrCmp(text.CodeSetGet(), text.LanguageGet(), position, pattern.CodeSetGet(),
+    const int order = KyStrCmp(text.CodeSetGet(), text.LanguageGet(), place, pattern.CodeSetGet(),
                                pattern.LanguageGet(), pattern.StrGet(), op, maxLen, 1, nullptr);
     return order == 0 ? PrefixMatch::yes : PrefixMatch::no;
 }
 
-unsigned short Searcher::Find(const KyString& text, unsigned start, unsigned limit) const {
+unsigned short Searcher::Find(unsigned start, unsigned limit) const {
     if (length == 0 || start + length > limit) return KyString::NotFound;
-    const unsigned width = CharWidth(text.CodeSetGet());
-    const char* position = text.StrGet() + std::size_t{start} * width;
-    for (unsigned at = start; at + length <= limit; ++at, position += width) {
-        const PrefixMatch match = MatchAt(text, position);
+    const unsigned lastPosition = limit - length;
+    return textKeys ? FindByKeys(start, lastPosition, limit) : FindOneByOne(start, lastPosition);
+}
+
+unsigned short Searcher::FindOneByOne(unsigned start, unsigned lastPosition) const {
+    for (unsigned at = start; at <= lastPosition; ++at) {
+        const PrefixMatch match = MatchAt(at);
         if (match == PrefixMatch::yes) return static_cast<unsigned short>(at);
         if (match == PrefixMatch::never) break;
     }
     return KyString::NotFound;
+}
+
+unsigned short Searcher::FindByKeys(unsigned start, unsigned lastPosition, unsigned limit) const {
+    const unsigned width = CharWidth(text.CodeSetGet());
+    SmallBuffer<unsigned, 256> keys;
+    // The text is read in growing pieces: most searches end soon.
+    unsigned piece = 64;
+    for (unsigned at = start; at <= lastPosition; at += piece, piece = std::min(2 * piece, 4096u)) {
+        const unsigned places = std::min(piece, lastPosition + 1 - at);
+        const std::size_t count = std::min(places + beginning.Size(), std::size_t{limit} - at);
+        keys.Clear();
+        textKeys->Read(text.StrGet() + std::size_t{at} * width, count, keys.Reserve(count));
+        keys.Take(count);
+        const Piece result = FindInPiece(at, places, keys.Items());
+        if (result.ended) return result.position;
+    }
+    return KyString::NotFound;
+}
+
+/// `keys` are those of the characters from the position `start` on, more than the `places` that are tried.
+Searcher::Piece Searcher::FindInPiece(unsigned start, unsigned places, std::span<const unsigned> keys) const {
+    const Segment<unsigned> wanted(beginning.Items(), 0);
+    auto unclear = keys.begin();
+    for (unsigned place = 0; place < places; ++place) {
+        unclear = std::find(std::max(unclear, keys.begin() + place), keys.end(), CharacterKeys::kUnclear);
+        // Where all characters that are asked for rank alone, equal keys decide.
+        const std::size_t clear = static_cast<std::size_t>(unclear - keys.begin()) - place;
+        bool fits = false;
+        if (clear >= wanted.length) {
+            const std::size_t tried = std::min<std::size_t>(clear - wanted.length + 1, places - place);
+            const std::size_t found = FindSegment(&keys[place], tried, wanted);
+            place += static_cast<unsigned>(found);
+            if (place == places) break;
+            fits = found != tried;
+        }
+        if (!fits && !MayBeginWith(keys[place])) continue;
+        const PrefixMatch match = MatchAt(start + place);
+        if (match == PrefixMatch::yes) return {true, static_cast<unsigned short>(start + place)};
+        if (match == PrefixMatch::never) return {true, KyString::NotFound};
+    }
+    return {false, KyString::NotFound};
+}
+
+bool Searcher::MayBeginWith(unsigned key) const {
+    return key == CharacterKeys::kUnclear || beginning.Size() == 0 || beginning.Data()[0] == 0 ||
+           beginning.Data()[0] == key;
 }
 
 }  // namespace ky
@@ -47,7 +131,7 @@ unsigned short Searcher::Find(const KyString& text, unsigned start, unsigned lim
 unsigned short KyString::Find(const KyString& pattern, unsigned short start, unsigned short op) const {
     const unsigned length = Len();
     if (length == 0 || start > length || pattern.IsEmpty()) return NotFound;
-    return ky::Searcher(pattern, op).Find(*this, start, length);
+    return ky::Searcher(*this, pattern, op).Find(start, length);
 }
 
 unsigned short KyString::Find(unsigned short c, unsigned short start, unsigned short op) const {

@@ -1,20 +1,15 @@
 #include "kywildcard.h"
 
-#include <array>
 #include <cstring>
 #include <memory>
 
 #include "code_sets.h"
+#include "dictionary_keys.h"
 #include "kydiskform.h"
-#include "kydiskform_table.h"
-#include "kyistring_map_tables.h"
 #include "kystring.h"
 #include "wildcard_bytes.h"
 
 namespace {
-
-constexpr unsigned char kInDiskForm = 0x40;
-constexpr unsigned char kIsKey = 0x80;
 
 // Wildcards and escapes are ASCII: the conversion to disk form neither makes nor removes one.
 constexpr bool ConversionKeepsAscii() {
@@ -25,9 +20,9 @@ constexpr bool ConversionKeepsAscii() {
 }
 static_assert(ConversionKeepsAscii());
 
-template <class Unit, class Pattern, class Text>
+template <class Pattern, class Text>
 int Matches(Pattern pattern, Text&& text) {
-    return ky::Match<Unit>(pattern, text).ending == ky::Ending::match ? 1 : 0;
+    return ky::Match<unsigned char>(pattern, text).ending == ky::Ending::match ? 1 : 0;
 }
 
 }  // namespace
@@ -42,7 +37,9 @@ int istrwc(char* pattern, unsigned char) { return strwc(pattern); }
 int caseistrwc(char* pattern, unsigned char) { return strwc(pattern); }
 
 int strwild(char* pattern, char* text) {
-    return Matches<unsigned char>(ky::BytePattern<true>(pattern, ky::kNoLimit), ky::ByteText(text, ky::kNoLimit));
+    const bool beginsAlike = pattern != nullptr && text != nullptr && *pattern == *text;
+    const std::size_t equal = beginsAlike ? ky::EqualLiterals(pattern, text) : 0;
+    return Matches(ky::BytePattern<true>(pattern + equal, ky::kNoLimit), ky::ByteText(text + equal, ky::kNoLimit));
 }
 
 // --- in disk form ---
@@ -53,7 +50,7 @@ namespace {
 class DiskText {
 public:
     DiskText(char* text, unsigned char mode) : start(text) {
-        if ((mode & kInDiskForm) != 0 || text == nullptr) return;
+        if ((mode & ky::kModeDiskForm) != 0 || text == nullptr) return;
         copy.reset(new char[std::strlen(text) + 1]);
         start = copy.get();
         _KyEncodeString(reinterpret_cast<unsigned char*>(start), reinterpret_cast<unsigned char*>(text), 0);
@@ -85,105 +82,67 @@ int istrwild(char* pattern, char* text, unsigned char patternMode, unsigned char
 
 namespace {
 
-/// What each byte is compared by: its key, and its extra times 256.
-using KeyMap = std::array<unsigned short, 256>;
-
-template <class KeyOf>
-constexpr KeyMap MakeKeyMap(KeyOf keyOf) {
-    KeyMap map{};
-    for (unsigned c = 0; c < 256; ++c) map[c] = keyOf(static_cast<unsigned char>(c));
-    return map;
+constexpr ky::DictionaryKey KeyOf(unsigned char c, unsigned char mode) {
+    if ((mode & ky::kModeDiskForm) == 0) c = c < 0x80 ? c : ky::kToDiskForm[c - 0x80];
+    if ((mode & ky::kModeKey) != 0) return {c, 0};
+    return ky::DictionaryKeyOf(ky::kCaseIStringTables, c);
 }
 
-constexpr KeyMap kKeysOfDiskForm =
-    MakeKeyMap([](unsigned char c) { return ky::DictionaryKeyOf(ky::kCaseIStringTables, c).Both(); });
-constexpr KeyMap kKeysOfMemoryForm =
-    MakeKeyMap([](unsigned char c) { return kKeysOfDiskForm[c < 0x80 ? c : ky::kToDiskForm[c - 0x80]]; });
-constexpr KeyMap kKeysOfKeys = MakeKeyMap([](unsigned char c) { return static_cast<unsigned short>(c); });
-constexpr KeyMap kKeysOfConvertedKeys =
-    MakeKeyMap([](unsigned char c) { return static_cast<unsigned short>(c < 0x80 ? c : ky::kToDiskForm[c - 0x80]); });
+constexpr bool HasSecondKey(ky::DictionaryKey key) { return key.extra >= ky::kFirstSecondKey; }
 
-const KeyMap& KeyMapOf(unsigned char mode) {
-    if ((mode & kIsKey) != 0) return (mode & kInDiskForm) != 0 ? kKeysOfKeys : kKeysOfConvertedKeys;
-    return (mode & kInDiskForm) != 0 ? kKeysOfDiskForm : kKeysOfMemoryForm;
+/// A number for each key and extra, by the bytes that have them: the first of those in disk form.
+constexpr ky::ByteMap NumbersOf(unsigned char mode) {
+    ky::ByteMap numbers{};
+    unsigned short keys[256]{};
+    for (unsigned c = 0; c < 256; ++c) keys[c] = KeyOf(static_cast<unsigned char>(c), ky::kModeDiskForm).Both();
+    for (unsigned c = 0; c < 256; ++c) {
+        const unsigned short wanted = KeyOf(static_cast<unsigned char>(c), mode).Both();
+        while (keys[numbers.of[c]] != wanted) ++numbers.of[c];
+    }
+    return numbers;
+}
+constexpr ky::ByteMap kNumbersOfDiskForm = NumbersOf(ky::kModeDiskForm);
+constexpr ky::ByteMap kNumbersOfMemoryForm = NumbersOf(0);
+
+const ky::ByteMap& NumberMapOf(unsigned char mode) {
+    return (mode & ky::kModeDiskForm) != 0 ? kNumbersOfDiskForm : kNumbersOfMemoryForm;
 }
 
-struct MappedUnits {
-    const KeyMap* map;
-    unsigned operator()(unsigned char c) const { return (*map)[c]; }
-};
-
-/// A pattern for a text that is a key ends at its first any one.
-class KeyPattern {
-public:
-    KeyPattern(const char* pattern, unsigned char mode, bool forKeys)
-        : whole(pattern, ky::kNoLimit, {&KeyMapOf(mode)}), endsAtAnyOne(forKeys) {}
-    ky::Token Next(unsigned& unit) {
-        const ky::Token token = whole.Next(unit);
-        return token == ky::Token::anyOne && endsAtAnyOne ? ky::Token::openEnd : token;
+bool HoldsSecondKeys(const char* pattern, unsigned char mode) {
+    for (; *pattern != 0; ++pattern) {
+        if (static_cast<unsigned char>(*pattern) >= 0x80 &&
+            HasSecondKey(KeyOf(static_cast<unsigned char>(*pattern), mode)))
+            return true;
     }
-
-private:
-    ky::BytePattern<true, MappedUnits> whole;
-    bool endsAtAnyOne;
-};
-
-class KeyText {
-public:
-    KeyText(const char* text, const KeyMap& keys) : at(text), map(keys) {}
-    unsigned Next() {
-        const unsigned unit = map[static_cast<unsigned char>(*at)];
-        if (unit != 0) ++at;
-        return unit;
-    }
-    std::span<const unsigned> Rest() {
-        const std::size_t length = std::strlen(at);
-        unsigned* units = rest.Reserve(length);
-        for (std::size_t i = 0; i < length; ++i) units[i] = map[static_cast<unsigned char>(at[i])];
-        rest.Take(length);
-        return rest.Items();
-    }
-
-private:
-    const char* at;
-    const KeyMap& map;
-    ky::SmallBuffer<unsigned, 256> rest;
-};
-
-bool HasSecondKey(unsigned unit) { return unit >> 8 >= ky::kFirstSecondKey; }
-
-bool HoldsSecondKeys(KeyPattern pattern) {
-    for (;;) {
-        unsigned unit = 0;
-        const ky::Token token = pattern.Next(unit);
-        if (token == ky::Token::literal && HasSecondKey(unit)) return true;
-        if (token != ky::Token::literal && token != ky::Token::anyOne && token != ky::Token::anyRun) return false;
-    }
+    return false;
 }
 
 /// Character by character, since a pattern with second keys can end the match with success at every place that is
 /// tried, and a text that ends before its pattern ends the match with failure.
-int MatchesStepByStep(KeyPattern pattern, const char* text, const KeyMap& keys) {
-    KeyPattern behindRun = pattern;
+int MatchesStepByStep(const char* patternText, const char* text, unsigned char patternMode, unsigned char textMode) {
+    ky::BytePattern<true> pattern(patternText, ky::kNoLimit);
+    ky::BytePattern<true> behindRun = pattern;
     const char* runEnd = nullptr;
     for (;;) {
-        unsigned wanted = 0;
-        const ky::Token token = pattern.Next(wanted);
-        if (token == ky::Token::openEnd) return 1;
+        unsigned char c = 0;
+        const ky::Token token = pattern.Next(c);
         if (token == ky::Token::broken) return 0;
         if (token == ky::Token::anyRun) {
             behindRun = pattern;
             runEnd = text;
             continue;
         }
-        const unsigned unit = keys[static_cast<unsigned char>(*text)];
-        if (unit == 0) return token == ky::Token::end ? 1 : 0;
-        if (token == ky::Token::anyOne || unit == wanted) {
+        // KEPT: also at the end of the key.
+        if (token == ky::Token::anyOne && (textMode & ky::kModeKey) != 0) return 1;
+        if (*text == 0) return token == ky::Token::end ? 1 : 0;
+        const ky::DictionaryKey found = KeyOf(static_cast<unsigned char>(*text), textMode);
+        const ky::DictionaryKey wanted = KeyOf(c, patternMode);
+        if (token == ky::Token::anyOne || (token == ky::Token::literal && wanted.Both() == found.Both())) {
             ++text;
             continue;
         }
         // KEPT: that the second key follows isn't asked.
-        if (HasSecondKey(wanted) && ((wanted ^ unit) & 0xFF) == 0) return 1;
+        if (token == ky::Token::literal && HasSecondKey(wanted) && wanted.key == found.key) return 1;
         if (runEnd == nullptr) return 0;
         text = ++runEnd;
         pattern = behindRun;
@@ -193,11 +152,12 @@ int MatchesStepByStep(KeyPattern pattern, const char* text, const KeyMap& keys) 
 }  // namespace
 
 int caseistrwild(char* pattern, char* text, unsigned char patternMode, unsigned char textMode) {
-    const KeyPattern keyPattern(pattern, patternMode, (textMode & kIsKey) != 0);
-    const KeyMap& keys = KeyMapOf(textMode);
-    const char* keyText = text != nullptr ? text : "";
-    if (HoldsSecondKeys(keyPattern)) return MatchesStepByStep(keyPattern, keyText, keys);
-    return Matches<unsigned>(keyPattern, KeyText(keyText, keys));
+    const char* const patternText = pattern != nullptr ? pattern : "";
+    if (((patternMode | textMode) & ky::kModeKey) != 0 || HoldsSecondKeys(patternText, patternMode)) {
+        return MatchesStepByStep(patternText, text != nullptr ? text : "", patternMode, textMode);
+    }
+    return Matches(ky::BytePattern<true>(patternText, ky::kNoLimit, &NumberMapOf(patternMode)),
+                   ky::MappedText(text, NumberMapOf(textMode)));
 }
 
 // --- of texts in code sets ---

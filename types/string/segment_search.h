@@ -4,30 +4,29 @@
 /// Search for a stretch of a pattern in a text, many places at a time. Texts are bytes or 32-bit keys, never 0.
 
 #include <cstddef>
+#include <span>
 
 namespace ky {
 
-/// In a segment: any one unit of the text.
-inline constexpr unsigned kAnyOne = 0;
-
-/// What stands between two runs of a pattern. Keeps a pointer to the units.
+/// What stands between two runs of a pattern; units equal to `any` stand for any one. Keeps a pointer to the units.
 template <class Unit>
 struct Segment {
-    Segment(const Unit* segmentUnits, std::size_t segmentLength)
-        : units(segmentUnits), length(segmentLength), first(0), last(segmentLength) {
-        while (first != length && units[first] == kAnyOne) ++first;
-        while (last > first && units[last - 1] == kAnyOne) --last;
+    Segment(std::span<const Unit> segment, Unit anyOne)
+        : units(segment.data()), length(segment.size()), any(anyOne), first(0), last(segment.size()) {
+        while (first != length && units[first] == any) ++first;
+        while (last > first && units[last - 1] == any) --last;
         if (last != 0) --last;
     }
 
     const Unit* units;
     std::size_t length;
+    Unit any;
     std::size_t first;  ///< index of the first unit that isn't any one; `length`: there is none
     std::size_t last;   ///< of the last one
 
     bool FitsAt(const Unit* text) const {
         for (std::size_t i = first; i < length; ++i) {
-            if (units[i] != kAnyOne && units[i] != text[i]) return false;
+            if (units[i] != text[i] && units[i] != any) return false;
         }
         return true;
     }

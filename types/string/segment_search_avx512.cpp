@@ -23,23 +23,33 @@ KY_KERNEL_TARGET inline std::uint64_t WhereEqual(std::uint64_t places, const uns
                                         _mm512_set1_epi32(static_cast<int>(unit)));
 }
 
+/// Those of the places from `text` on at which the segment fits. No comparison waits for the one before it.
+template <class Unit>
+KY_KERNEL_TARGET inline std::uint64_t WhereFits(std::uint64_t places, const Unit* text, const Segment<Unit>& segment) {
+    const Unit* const units = segment.units;
+    const std::size_t first = segment.first;
+    const std::size_t last = segment.last;
+    std::uint64_t fitting = WhereEqual(places, text + first, units[first]);
+    fitting &= WhereEqual(places, text + last, units[last]);
+    for (std::size_t i = first + 1; fitting != 0 && i < last; ++i) {
+        if (units[i] != segment.any) fitting &= WhereEqual(places, text + i, units[i]);
+    }
+    return fitting;
+}
+
 template <class Unit>
 KY_KERNEL_TARGET inline std::size_t Find(const Unit* text, std::size_t places, const Segment<Unit>& segment) {
     constexpr std::size_t lanes = Lanes<Unit>;
-    if (places == 0 || segment.first == segment.length) return 0;
-    const Unit first = segment.units[segment.first];
-    const Unit last = segment.units[segment.last];
-    for (std::size_t at = 0; at < places; at += lanes) {
-        const std::size_t unused = places - at < lanes ? 64 - (places - at) : 64 - lanes;
-        std::uint64_t fitting = WhereEqual(~std::uint64_t{0} >> unused, text + at + segment.first, first);
-        if (fitting == 0) continue;
-        fitting = WhereEqual(fitting, text + at + segment.last, last);
-        for (std::size_t i = segment.first + 1; fitting != 0 && i < segment.last; ++i) {
-            if (segment.units[i] != kAnyOne) fitting = WhereEqual(fitting, text + at + i, segment.units[i]);
-        }
+    constexpr std::uint64_t all = ~std::uint64_t{0} >> (64 - lanes);
+    if (segment.first == segment.length) return 0;
+    std::size_t at = 0;
+    for (; places - at > lanes; at += lanes) {
+        const std::uint64_t fitting = WhereFits(all, text + at, segment);
         if (fitting != 0) return at + static_cast<std::size_t>(__builtin_ctzll(fitting));
     }
-    return places;
+    if (places == 0) return 0;
+    const std::uint64_t fitting = WhereFits(all >> (lanes - (places - at)), text + at, segment);
+    return fitting != 0 ? at + static_cast<std::size_t>(__builtin_ctzll(fitting)) : places;
 }
 
 }  // namespace

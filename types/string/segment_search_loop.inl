@@ -9,7 +9,7 @@ KY_KERNEL_TARGET inline unsigned FittingPlaces(const Unit* text, const Segment<U
     if (fitting == 0) return 0;
     fitting &= Equal(text + segment.last, segment.units[segment.last]);
     for (std::size_t i = segment.first + 1; fitting != 0 && i < segment.last; ++i) {
-        if (segment.units[i] != kAnyOne) fitting &= Equal(text + i, segment.units[i]);
+        if (segment.units[i] != segment.any) fitting &= Equal(text + i, segment.units[i]);
     }
     return fitting;
 }

@@ -1,4 +1,5 @@
 set(folder_sources
+  class_map.cpp
   code_map_kernels.cpp
   code_mapping.cpp
   common_text.cpp
@@ -53,6 +54,7 @@ set(folder_sources
   string_hash.cpp
   string_records.cpp
   text_format.cpp
+  translate_bytes.cpp
   utf8_kernels.cpp
   utf8_kernels_avx2.cpp
   utf8_kernels_avx512.cpp

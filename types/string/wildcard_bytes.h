@@ -5,6 +5,8 @@
 
 #include <cstring>
 
+#include "pattern_bytes.h"
+#include "translate_bytes.h"
 #include "wildcard_match.h"
 
 namespace ky {
@@ -21,9 +23,12 @@ public:
         --left;
         return static_cast<unsigned char>(*at++);
     }
-    std::span<const unsigned char> Rest() const {
-        if (left == 0) return {};
-        return {reinterpret_cast<const unsigned char*>(at), left > kNoLimit / 2 ? std::strlen(at) : strnlen(at, left)};
+    static constexpr bool IsUnclear(unsigned char) { return false; }
+    bool Rest(std::span<const unsigned char>& units) const {
+        if (left == 0) return true;
+        const std::size_t length = left > kNoLimit / 2 ? std::strlen(at) : strnlen(at, left);
+        units = {reinterpret_cast<const unsigned char*>(at), length};
+        return true;
     }
 
 private:
@@ -31,21 +36,43 @@ private:
     std::size_t left;
 };
 
-struct OwnUnit {
-    unsigned char operator()(unsigned char c) const { return c; }
+/// A zero-terminated text whose bytes a map turns into units; null: empty.
+class MappedText {
+public:
+    MappedText(const char* text, const ByteMap& unitOf) : at(text != nullptr ? text : ""), map(unitOf) {}
+
+    unsigned char Next() {
+        const unsigned char unit = map(*at);
+        if (unit != 0) ++at;
+        return unit;
+    }
+    bool IsUnclear(unsigned char unit) const { return unit == map.unclear && unit != 0; }
+    bool Rest(std::span<const unsigned char>& units) {
+        const std::size_t length = std::strlen(at);
+        const bool unclear = TranslateBytes(rest.Reserve((length + 63) / 64 * 64), at, length, map);
+        rest.Take(length);
+        units = rest.Items();
+        return !unclear;
+    }
+
+private:
+    const char* at;
+    const ByteMap& map;
+    SmallBuffer<unsigned char, 512> rest;
 };
 
 /// The first `limit` bytes, up to a zero; a null pattern is empty. `kEscapes`: a backslash makes the next byte a
-/// literal (r, t and n: carriage return, tab, line feed); at the end it breaks the pattern. `Units` makes literals
-/// units.
-template <bool kEscapes, class Units = OwnUnit>
+/// literal (r, t and n: carriage return, tab, line feed); at the end it breaks the pattern. A map of 256 turns literals
+/// into units; null: they are their own.
+template <bool kEscapes>
 class BytePattern {
 public:
-    BytePattern(const char* pattern, std::size_t limit, Units unitOf = {})
-        : at(pattern), left(pattern != nullptr ? limit : 0), units(unitOf) {}
+    static constexpr unsigned char kAnyInPlace = '?';
 
-    template <class Unit>
-    Token Next(Unit& unit) {
+    BytePattern(const char* pattern, std::size_t limit, const ByteMap* unitOf = nullptr)
+        : at(pattern), left(pattern != nullptr ? limit : 0), map(unitOf) {}
+
+    Token Next(unsigned char& unit) {
         unsigned char c = NextByte();
         switch (c) {
             case 0:
@@ -64,8 +91,23 @@ public:
             default:
                 break;
         }
-        unit = units(c);
+        unit = map != nullptr ? map->of[c] : c;
         return Token::literal;
+    }
+
+    Token SegmentInPlace(std::span<const unsigned char>& units) {
+        if (map != nullptr || left < kNoLimit / 2) return Token::unclear;
+        if (*at == 0) {
+            units = {};
+            return Token::end;
+        }
+        const char* const end = ends.NextFrom(at);
+        if (*end == '\\') return Token::unclear;
+        units = {reinterpret_cast<const unsigned char*>(at), static_cast<std::size_t>(end - at)};
+        at = end;
+        if (*end == 0) return Token::end;
+        ++at;
+        return *at == 0 ? Token::openEnd : Token::anyRun;
     }
 
 private:
@@ -78,7 +120,8 @@ private:
 
     const char* at;
     std::size_t left;
-    [[no_unique_address]] Units units;
+    const ByteMap* map;
+    SegmentEnds ends;
 };
 
 }  // namespace ky

@@ -1,5 +1,8 @@
 #include "wildcard_compare.h"
 
+#include <optional>
+
+#include "class_map.h"
 #include "key_reader.h"
 #include "kystring.h"
 #include "kytypes.h"
@@ -14,14 +17,23 @@ public:
     explicit KeyText(KeyReader& textReader) : reader(textReader) {}
 
     unsigned Next() { return reader.Next(); }
-    std::span<const unsigned> Rest() {
+    static constexpr bool IsUnclear(unsigned) { return false; }
+    bool Rest(std::span<const unsigned>& units) {
         while (const unsigned key = reader.Next()) keys.Append(key);
-        return keys.Items();
+        units = keys.Items();
+        return true;
     }
 
 private:
     KeyReader& reader;
     SmallBuffer<unsigned, 256> keys;
+};
+
+/// The orders that mean something in a pattern.
+struct Wildcards {
+    unsigned short asterisk = KyString::GetAsterisk();
+    unsigned short question = KyString::GetQuestion();
+    unsigned short escape = KyString::GetEscape();
 };
 
 /// Keys of a pattern, of which at most `limit` have to match.
@@ -34,10 +46,10 @@ public:
         key = reader.Next();
         const unsigned short order = reader.Order();
         if (order == 0) return Token::end;
-        if (order == asterisk) return Token::anyRun;
+        if (order == wildcards.asterisk) return Token::anyRun;
         --left;
-        if (order == question) return Token::anyOne;
-        if (order == escape) {
+        if (order == wildcards.question) return Token::anyOne;
+        if (order == wildcards.escape) {
             const unsigned own = key;
             key = reader.Next();
             if (reader.Order() == 0) key = own;
@@ -48,9 +60,34 @@ public:
 private:
     KeyReader& reader;
     unsigned left;
-    unsigned short asterisk = KyString::GetAsterisk();
-    unsigned short question = KyString::GetQuestion();
-    unsigned short escape = KyString::GetEscape();
+    Wildcards wildcards;
+};
+
+/// An 8-bit pattern as the groups of its characters.
+class GroupPattern {
+public:
+    GroupPattern(const char* pattern, const KeyTable& patternTable, const ClassMap& classMap)
+        : at(pattern), table(patternTable), map(classMap) {}
+
+    Token Next(unsigned char& group) {
+        if (*at == 0) return Token::end;
+        const unsigned short order = table.OrderOf(*at);
+        group = map.groups(*at++);
+        if (group == ClassMap::kUnclear) return Token::unclear;
+        if (order == wildcards.asterisk) return Token::anyRun;
+        if (order == wildcards.question) return Token::anyOne;
+        if (order == wildcards.escape && *at != 0) {
+            group = map.groups(*at++);
+            if (group == ClassMap::kUnclear) return Token::unclear;
+        }
+        return Token::literal;
+    }
+
+private:
+    const char* at;
+    const KeyTable& table;
+    const ClassMap& map;
+    Wildcards wildcards;
 };
 
 /// Matches a beginning.
@@ -94,7 +131,51 @@ PrefixMatch MatchPrefix(TextView text, TextView pattern, unsigned short op) {
     return ending == Ending::nowhere && !tookContractions ? PrefixMatch::never : PrefixMatch::no;
 }
 
+namespace {
+
+template <class Pattern, class Unit>
+void ReadUpToRunOf(Pattern&& pattern, Unit unit, PatternKeys& keys) {
+    for (;;) {
+        const Token token = pattern.Next(unit);
+        if (token != Token::literal && token != Token::anyOne) return;
+        keys.Append(token == Token::literal ? unit : 0);
+    }
+}
+
+}  // namespace
+
+void ReadUpToRun(const TextView& pattern, unsigned mask, PatternKeys& keys) {
+    KeyReader reader(pattern, CompareLimit(-1), mask, false);
+    ReadUpToRunOf(KeyPattern(reader, CompareLimit(-1)), 0u, keys);
+}
+
+void ReadBytesUpToRun(const char* pattern, PatternKeys& keys) {
+    ReadUpToRunOf(BytePattern<false>(pattern, kNoLimit), static_cast<unsigned char>(0), keys);
+}
+
+namespace {
+
+/// Whole texts that are read alike, where that can be done byte by byte.
+std::optional<int> CompareGroups(const TextView& text, const TextView& pattern, unsigned mask) {
+    if (text.codeSet != pattern.codeSet || text.language != pattern.language) return {};
+    if (text.text == nullptr || pattern.text == nullptr) return {};
+    const KeyTable* table = KeyTableOf(text.codeSet, text.language);
+    const ClassMap* map = table != nullptr ? ClassMapOf(*table, mask) : nullptr;
+    if (map == nullptr) return {};
+    MappedText groups(text.text, map->groups);
+    GroupPattern groupPattern(pattern.text, *table, *map);
+    const Outcome<unsigned char> outcome = Match<unsigned char>(groupPattern, groups);
+    if (outcome.ending == Ending::unclear) return {};
+    if (outcome.ending == Ending::nowhere) return -1;
+    return static_cast<int>(map->keys[outcome.text] - map->keys[outcome.pattern]);
+}
+
+}  // namespace
+
 int CompareWithWildcards(const TextView& text, const TextView& pattern, unsigned limit, unsigned mask) {
+    if (limit == CompareLimit(-1)) {
+        if (const std::optional<int> result = CompareGroups(text, pattern, mask)) return *result;
+    }
     const bool inDefaultClasses = ReadsDefaultClasses(text.codeSet, pattern.codeSet);
     KeyReader reader(text, limit, mask, inDefaultClasses);
     KeyReader patternReader(pattern, CompareLimit(-1), mask, inDefaultClasses);

@@ -4,6 +4,7 @@
 /// Comparison with a pattern that may hold wildcards.
 
 #include "key_reader.h"
+#include "small_buffer.h"
 
 namespace ky {
 
@@ -23,6 +24,11 @@ enum class PrefixMatch {
 ///
 /// The bits of `op` are those of `KyStrCmp`; neither 0x10 nor 0x100 is set. A text labelled null is read as it is.
 PrefixMatch MatchPrefix(TextView text, TextView pattern, unsigned short op);
+
+/// Keys, or the bytes themselves, that a text has to begin with to match a pattern; 0 for any one.
+using PatternKeys = SmallBuffer<unsigned, 64>;
+void ReadUpToRun(const TextView& pattern, unsigned mask, PatternKeys& keys);
+void ReadBytesUpToRun(const char* pattern, PatternKeys& keys);
 
 /// Order of a text and a pattern, by their keys under `mask`: 0 for a match, -1 when what follows a run is nowhere to
 /// be found, else the difference of the first keys that do not match (0 at the end of either). Both count as ended

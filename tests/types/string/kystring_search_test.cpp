@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <iterator>
+#include <random>
+
 #include "kystring.h"
 #include "kytypes.h"
 #include "string_texts.h"
@@ -110,6 +113,74 @@ TEST(KyStringFind, FarAndLong) {
     EXPECT_EQ(KyString(text.c_str()).Find('b', 65000, kDefault), 65000);
     EXPECT_EQ(KyString(("x" + text).c_str()).Find(text.c_str(), 0, kDefault), 1) << "a pattern above 32767 characters";
     EXPECT_EQ(KyString(("x" + text).c_str()).Find((text + "c").c_str(), 0, kDefault), kNone);
+}
+
+// --- every position, one after the other ---
+
+unsigned short SlowFind(const KyString& text, const KyString& pattern, unsigned start, unsigned short op) {
+    const unsigned length = pattern.Len();
+    const bool wild = op != kDefault && (op & 0x110) == 0;
+    if (op == kDefault) op = KyString::GetDefaultCmpOp();
+    KyString sought = pattern;
+    if (wild) sought += '*';
+    const std::size_t width = text.NullLen();
+    for (unsigned at = start; length != 0 && at + length <= text.Len(); ++at) {
+        const int order = KyStrCmp(text.CodeSetGet(), text.LanguageGet(), text.StrGet() + at * width,
+                                   sought.CodeSetGet(), sought.LanguageGet(), sought.StrGet(), op,
+                                   wild ? static_cast<short>(-1) : static_cast<short>(length), 1, nullptr);
+        if (order == 0) return static_cast<unsigned short>(at);
+    }
+    return kNone;
+}
+
+KyString RandomText(std::mt19937& random, unsigned char codeSet, unsigned char language, const std::u16string& letters,
+                    std::size_t longest) {
+    std::u16string content;
+    for (std::size_t n = random() % (longest + 1); n != 0; --n) content += letters[random() % letters.size()];
+    KyString text = Wide(content);
+    text.LanguageSet(language);
+    if (codeSet == KyCodeSetNative) {
+        text.MapToCodeSet(KyCodeSetLatin1);
+        text.SetCodeSetCode(KyCodeSetNative);
+    } else {
+        text.MapToCodeSet(codeSet);
+    }
+    return text;
+}
+
+TEST(KyStringFind, AgreesWithTryingEveryPosition) {
+    std::mt19937 random(91);
+    const std::u16string alphabets[] = {u"aab",  u"abA\u00E4\u00DFs",      u"chlC",
+                                        u"dzsD", u"ab\uFFFF\u0378\u00E6e", u"a\u0301ab"};
+    const unsigned char codeSets[] = {0, 1, 2, 253};
+    const unsigned short ops[] = {0x10, 0x100, 0x30, 0x70, 0x210, 0, 0x20, 0x60, 0x200, kDefault};
+    for (int round = 0; round < 150000; ++round) {
+        const std::u16string& letters = alphabets[random() % std::size(alphabets)];
+        const auto codeSet = codeSets[random() % std::size(codeSets)];
+        const auto patternCodeSet = random() % 2 == 0 ? codeSet : codeSets[random() % std::size(codeSets)];
+        const auto language = static_cast<unsigned char>(random() % 20);
+        const auto patternLanguage = random() % 4 == 0 ? static_cast<unsigned char>(random() % 40) : language;
+        const auto op = ops[random() % std::size(ops)];
+        const std::size_t longest = random() % 16 == 0 ? 200 : 20;
+        const KyString text = RandomText(random, codeSet, language, letters, longest);
+        const KyString pattern = RandomText(random, patternCodeSet, patternLanguage, letters + u"*?", 5);
+        const auto start = static_cast<unsigned short>(random() % 3);
+        ASSERT_EQ(text.Find(pattern, start, op), SlowFind(text, pattern, start, op))
+            << int{codeSet} << ' ' << int{patternCodeSet} << ' ' << int{language} << ' ' << int{patternLanguage} << ' '
+            << op << ' ' << round;
+    }
+}
+
+TEST(KyStringFind, NearMissesInLongTexts) {
+    const std::string text(60000, 'a');
+    const std::string pattern = std::string(20000, 'a').append("b").append(20000, 'a');
+    EXPECT_EQ(KyString(text.c_str()).Find(pattern.c_str(), 0, 0x100), kNone);
+    EXPECT_EQ(KyString((text.substr(20000) + pattern.substr(20000)).c_str())
+                  .Find(pattern.substr(10000, 20000).c_str(), 0, 0x30),
+              30000);
+    KyString wide(text.c_str());
+    wide.MapToCodeSet(253);
+    EXPECT_EQ(wide.Find(pattern.substr(10000, 10001).c_str(), 0, 0x100), kNone);
 }
 
 TEST(KyStringFind, SubStringPos) {
