@@ -42,10 +42,10 @@ KY_UNCHECKED_KERNEL inline bool StopsAtPageEnd(const Texts& texts, const char* a
         }
         return false;
     }
-    // The vector that ends with the page: what is known to be the same is examined again.
-    const std::size_t first = at + room - kVectorBytes;
-    const StopBits stops = texts.StopsIn(a + first, b + first);
-    at = stops != 0 ? first + FirstStop<Texts>(stops) : at + room;
+    // The vector that ends with the page. Its first characters are known to be the same, which `texts` need not see.
+    const std::size_t known = kVectorBytes - room;
+    const StopBits stops = texts.StopsIn(a + at - known, b + at - known) >> (known / Texts::bytesPerStop);
+    at += stops != 0 ? FirstStop<Texts>(stops) : room;
     return stops != 0;
 }
 
