@@ -9,7 +9,8 @@
 
 namespace {
 
-/// Decoded characters gather in blocks of this size, so that the growing string is rebuilt once for each.
+/// Characters are decoded in steps of this size; what ends within the first needs no other memory than the string
+/// itself.
 constexpr std::size_t kBlock = 256;
 /// Longest multibyte text that becomes a string.
 constexpr std::size_t kMaxTextBytes = 32767;
@@ -27,7 +28,7 @@ public:
                             : strnlen(in, std::min(static_cast<std::size_t>(inLen), kMaxTextBytes + kMaxFormBytes))) {}
 
     /// Decodes up to a block; returns the characters, a whole block unless the text has ended.
-    std::size_t Next(unsigned short (&units)[kBlock]) {
+    std::size_t Next(unsigned short* units) {
         std::size_t count = 0;
         while (!hasEnded && used < length && count < kBlock) {
             const std::size_t plain = std::min(length, kMaxTextBytes) - used;
@@ -38,6 +39,8 @@ public:
         }
         return count;
     }
+
+    std::size_t Left() const { return length - used; }
 
     /// Bytes used, or why there is no more.
     int Result() const { return result < 0 ? result : static_cast<int>(used); }
@@ -50,7 +53,7 @@ private:
     bool hasEnded = false;
 
     /// One character of any form.
-    void Step(unsigned short (&units)[kBlock], std::size_t& count) {
+    void Step(unsigned short* units, std::size_t& count) {
         unsigned short unit = 0;
         const int size = ky_mbtowc(&unit, text + used, length - used);
         hasEnded = size < 0 || unit == 0;
@@ -100,17 +103,19 @@ int KyMBS2KyString(const char* in, KyString& out, int inLen) {
     out.buffer = nullptr;
     out.bufferSize = 0;
     if (count == 0) return decoder.Result();
+    if (count == kBlock) {
+        // A longer text gathers whole, so that the string's block is made once. Each character takes a byte at least.
+        const std::unique_ptr<unsigned short[]> longer(new unsigned short[decoder.Left() + 2 * kBlock]);
+        std::memcpy(longer.get(), units, sizeof units);
+        std::size_t length = count;
+        while ((count = decoder.Next(longer.get() + length)) != 0) length += count;
+        out.MakeString(reinterpret_cast<const char*>(longer.get()), KyCodeSetUnicode, static_cast<short>(length), 1);
+        return decoder.Result();
+    }
     out.buffer = new char[bytes + sizeof *units];
     out.bufferSize = static_cast<unsigned short>(bytes + sizeof *units);
     ky::CopyText(out.buffer, text, bytes);
     ky::WriteUnit(out.buffer + bytes, 0, 1);
-
-    for (std::size_t length = count; count == kBlock; length += count) {
-        count = decoder.Next(units);
-        if (count == 0) break;
-        out.BuildString(text, KyCodeSetUnicode, static_cast<unsigned short>(length), 0,
-                        static_cast<unsigned short>(count), 1, ky::kAppend, 1);
-    }
     return decoder.Result();
 }
 
