@@ -4,8 +4,11 @@
 
 #include <cstdlib>
 #include <new>
+#include <utility>
 
+#include "kyistring.h"
 #include "kystring.h"
+#include "kytypes.h"
 #include "string_texts.h"
 
 namespace {
@@ -219,6 +222,86 @@ TEST(KyStringAllocation, FailureOfAMappedCopyLeavesNoBuffer) {
     blocksLeft = -1;
     EXPECT_EQ(s.BufferSizeGet(), 0);
     EXPECT_EQ(Text(s), "");
+}
+
+// --- dictionary strings ---
+
+TEST(DictionaryStringAllocation, EachContentTakesOneBlockOfTheExactSize) {
+    EXPECT_EQ(TakenBy([] { const KyIString s("twelve bytes"); }), (Taken{1, 13}));
+    EXPECT_EQ(TakenBy([] { const KyIString s(""); }), (Taken{0, 0}));
+    EXPECT_EQ(TakenBy([] { const KyCaseIString s(12); }), (Taken{1, 3}));
+    KyIString s("twelve bytes");
+    const KyIString other("four");
+    EXPECT_EQ(TakenBy([&] { const KyIString copy(s); }), (Taken{1, 13}));
+    EXPECT_EQ(TakenBy([&] { s += other; }), (Taken{1, 17}));
+    EXPECT_EQ(TakenBy([&] { s.Insert(other, 2); }), (Taken{1, 21}));
+    EXPECT_EQ(TakenBy([&] { s.Cut(0, 4); }), (Taken{1, 17}));
+    EXPECT_EQ(TakenBy([&] { s = other; }), (Taken{1, 5}));
+    EXPECT_EQ(TakenBy([&] { s = std::move(s); }), (Taken{0, 0}));
+    EXPECT_EQ(TakenBy([&] { s = "text"; }), (Taken{1, 5}));
+    EXPECT_EQ(TakenBy([&] { s.Fill(3, 'x'); }), (Taken{1, 4}));
+    EXPECT_EQ(TakenBy([&] { s.Cut(0, -1); }), (Taken{1, 1})) << "given up again";
+    EXPECT_EQ(TakenBy([&] { s.SpaceToZero(); }), (Taken{0, 0}));
+    EXPECT_EQ(TakenBy([&] { static_cast<void>(s.Find(other, 0, 0)); }), (Taken{0, 0}));
+    EXPECT_EQ(TakenBy([&] { static_cast<void>(s == other); }), (Taken{0, 0}));
+    EXPECT_EQ(TakenBy([&] { static_cast<void>(static_cast<int>(s)); }), (Taken{0, 0}));
+}
+
+TEST(DictionaryStringAllocation, FailureLeavesTheTextAsItWas) {
+    const KyIString argument("argument");
+    const auto check = [&](auto edit) {
+        KyIString s("a-b-c");
+        s.ModeSet(0x40);
+        blocksLeft = 0;
+        EXPECT_THROW(edit(s), std::bad_alloc);
+        blocksLeft = -1;
+        EXPECT_STREQ(s.StrGet(), "a-b-c");
+        EXPECT_EQ(s.ModeGet(), 0x40);
+    };
+    check([&](KyIString& s) { s = argument; });
+    check([&](KyIString& s) { s += argument; });
+    check([&](KyIString& s) { s.Insert(argument, 1); });
+    check([&](KyIString& s) { s.ReplaceAll("-", argument, 0); });
+    check([&](KyIString& s) { s.ToUpper(); });
+}
+
+TEST(DictionaryStringAllocation, ComparingStoredValuesTakesNone) {
+    KyIString values[2] = {"twelve bytes", "twelve Bytes"};
+    unsigned char a[16];
+    unsigned char b[16];
+    KyIStringTab.Store(a, values, 1, 1);
+    KyIStringTab.Store(b, values + 1, 1, 1);
+    int err = 0;
+    EXPECT_EQ(TakenBy([&] {
+                  KyIStringTab.Compare(1, 16, a, 16, b, KyCmpExact, 1, err);
+                  KyIStringTab.Compare(1, 16, a, 16, b, 0, 1, err);
+                  KyIStringTab.Compare(1, 9, a, 16, b, 0, 1, err);
+              }),
+              (Taken{0, 0}));
+    EXPECT_EQ(TakenBy([&] { KyIStringTab.Load(values, a, 1, 1); }), (Taken{1, 13}));
+}
+
+std::size_t askedFor = 0;
+
+TEST(DictionaryStringAllocation, LoadWithoutMemoryCallsTheHandler) {
+    const unsigned char stored[] = {0x40, 7, 0, 'a', 'b', 'c', 0, 'd', 'e', 0};
+    KyIString values[2] = {"old", "old"};
+    const auto load = [&] { return KyIStringTab.Load(values, stored, 1, 2); };
+    blocksLeft = 0;
+    EXPECT_THROW(load(), std::bad_alloc);
+    blocksLeft = -1;
+    EXPECT_STREQ(values[0].StrGet(), "old");
+
+    const KyMemoryHandler previous = KySetMemoryHandler([](std::size_t size) {
+        askedFor = size;
+        blocksLeft = -1;
+    });
+    blocksLeft = 0;
+    EXPECT_EQ(load(), 10u) << "a handler that returns leaves the value empty";
+    KySetMemoryHandler(previous);
+    EXPECT_EQ(askedFor, 4u);
+    EXPECT_STREQ(values[0].StrGet(), "");
+    EXPECT_STREQ(values[1].StrGet(), "de");
 }
 
 }  // namespace
