@@ -127,7 +127,8 @@ KyDictionaryString<Self>::KyDictionaryString(const KyDictionaryString& other)
 
 template <class Self>
 KyDictionaryString<Self>& KyDictionaryString<Self>::operator=(const KyDictionaryString& other) {
-    return *this = KyDictionaryString(other);
+    *this = KyDictionaryString(other);
+    return *this;
 }
 
 template <class Self>
@@ -139,6 +140,7 @@ KyDictionaryString<Self>& KyDictionaryString<Self>::operator=(KyDictionaryString
     return *this;
 }
 
+// NOLINTBEGIN(misc-unconventional-assign-operator): it is the derived class that is assigned
 template <class Self>
 Self& KyDictionaryString<Self>::operator=(const char* s) {
     return static_cast<Self&>(*this = KyDictionaryString(s));
@@ -148,6 +150,7 @@ template <class Self>
 Self& KyDictionaryString<Self>::operator=(const KyString& s) {
     return static_cast<Self&>(*this = KyDictionaryString(s));
 }
+// NOLINTEND(misc-unconventional-assign-operator)
 
 // --- state ---
 

@@ -55,12 +55,14 @@ public:
 
     KyDictionaryString& operator=(const KyDictionaryString& other);
     KyDictionaryString& operator=(KyDictionaryString&& other) noexcept;
+    // NOLINTBEGIN(misc-unconventional-assign-operator): it is the derived class that is assigned
     Self& operator=(const char* s);  ///< may point into the string itself
     Self& operator=(const KyString& s);
     template <class Value, class = std::enable_if_t<std::is_arithmetic_v<Value>>>
     Self& operator=(Value value) {
         return static_cast<Self&>(*this = KyDictionaryString(value));
     }
+    // NOLINTEND(misc-unconventional-assign-operator)
 
     // --- content and state ---
     char* StrGet() const { return text != nullptr ? text : emptyText; }
