@@ -72,13 +72,24 @@ void CheckWildcard(const Characters& characters, unsigned short wildcard) {
     }
 }
 
-void CheckLanguage(const LanguageData& language, const Occupants& neutral) {
+/// A language moves nothing to a symbol's place, but an expansion may name any character.
+void CheckNoWildcardFollows(const Tailoring& entry, const Characters& characters) {
+    for (const unsigned short wildcard : kWildcards) {
+        const Codes& further = entry.expansion;
+        if (std::find(further.begin(), further.end(), characters.at(wildcard).order) != further.end()) {
+            throw BadData(entry.at, "the expansion has the order of the wildcard " + CodeName(wildcard));
+        }
+    }
+}
+
+void CheckLanguage(const LanguageData& language, const Characters& characters, const Occupants& neutral) {
     std::set<unsigned short> moved;
     for (const Tailoring& entry : language.tailorings) {
         if (entry.sequence.size() == 1) moved.insert(entry.sequence.front());
     }
     std::set<OrderPlace> own;
     for (const Tailoring& entry : language.tailorings) {
+        CheckNoWildcardFollows(entry, characters);
         const OrderPlace place(entry.orderClass, entry.order, entry.expansion);
         const auto occupant = neutral.find(place);
         if (occupant != neutral.end() && !moved.contains(occupant->second)) {
@@ -108,7 +119,7 @@ void CheckCodeSets(const std::vector<CodeSetData>& sets, const Characters& chara
 
 void CheckLanguages(const std::vector<LanguageData>& languages, const Characters& characters) {
     const Occupants neutral = OccupiedPlaces(characters);
-    for (const LanguageData& language : languages) CheckLanguage(language, neutral);
+    for (const LanguageData& language : languages) CheckLanguage(language, characters, neutral);
 }
 
 }  // namespace ky::tables

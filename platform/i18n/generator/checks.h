@@ -16,7 +16,7 @@ void CheckCharacters(const Characters& characters);
 /// Every character of a code set has a record.
 void CheckCodeSets(const std::vector<CodeSetData>& sets, const Characters& characters);
 
-/// What a language adds or moves shares its place with nothing that the language sees.
+/// What a language adds or moves shares its place with nothing that the language sees, and expands into no wildcard.
 void CheckLanguages(const std::vector<LanguageData>& languages, const Characters& characters);
 
 }  // namespace ky::tables

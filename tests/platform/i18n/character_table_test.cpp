@@ -4,7 +4,7 @@
 
 #include <map>
 #include <set>
-#include <tuple>
+#include <string>
 #include <vector>
 
 #include "kyi18n.h"
@@ -20,6 +20,30 @@ std::vector<unsigned short> FurtherOrders(const KyCharProps& record) {
     if (record.rules == nullptr) return {};
     const KyWCharList& list = record.rules->orderExpansion;
     return {list.items, list.items + list.count};
+}
+
+/// Calls `see` with a record and all that languages and contractions put in its place.
+template <class See>
+void WithVariants(const KyCharProps& record, const See& see) {
+    see(record);
+    if (record.rules == nullptr) return;
+    for (const KyLanguageVariant& entry : record.rules->variants) WithVariants(*entry.record, see);
+    for (const KyContraction& entry : record.rules->contractions) WithVariants(*entry.record, see);
+}
+
+/// Calls `see` with each code of each code set and the records of the code, as above.
+template <class See>
+void WithEveryRecord(const See& see) {
+    for (unsigned number = 1; number < KyCodeSetOrders; ++number) {
+        const KyCodeSet* set = KyLanguageContext::QueryCodeSet(static_cast<unsigned char>(number));
+        if (set == nullptr) continue;
+        for (unsigned code = 1; code < 0x10000; ++code) {
+            const KyCharProps* record = set->GetProperty(static_cast<unsigned short>(code));
+            if (record == nullptr) continue;
+            const auto describe = [&] { return std::to_string(number) + ": " + std::to_string(code); };
+            WithVariants(*record, [&](const KyCharProps& each) { see(code, each, describe); });
+        }
+    }
 }
 
 constexpr unsigned kFirstSymbol = 80;
@@ -128,21 +152,32 @@ TEST(CharacterTable, ClassesCarryTheScript) {
 }
 
 TEST(CharacterTable, EveryOrderFitsItsClass) {
-    for (unsigned code = 1; code < 0x10000; ++code) {
-        const KyCharProps* record = RecordAt(code);
-        if (record == nullptr) continue;
-        const int orderClass = record->orderClass;
-        EXPECT_LT(record->order, kFirstMarker);
-        if (record->order < kFirstDigit) {
-            EXPECT_EQ(orderClass, KyClassCommon) << std::hex << code;
-        } else if (record->order < kFirstLetter) {
-            EXPECT_TRUE(orderClass >= KyClassCommon && orderClass <= KyClassLastDigits) << std::hex << code;
-        } else if (record->order < kFirstHan) {
-            EXPECT_TRUE(orderClass >= KyClassLatin && orderClass < KyClassHan) << std::hex << code;
+    unsigned seen = 0;
+    WithEveryRecord([&](unsigned, const KyCharProps& record, const auto& describe) {
+        ++seen;
+        const int orderClass = record.orderClass;
+        EXPECT_LT(record.order, kFirstMarker) << describe();
+        if (record.order < kFirstDigit) {
+            EXPECT_EQ(orderClass, KyClassCommon) << describe();
+        } else if (record.order < kFirstLetter) {
+            EXPECT_TRUE(orderClass >= KyClassCommon && orderClass <= KyClassLastDigits) << describe();
+        } else if (record.order < kFirstHan) {
+            EXPECT_TRUE(orderClass >= KyClassLatin && orderClass < KyClassHan) << describe();
         } else {
-            EXPECT_EQ(orderClass, KyClassHan) << std::hex << code;
+            EXPECT_EQ(orderClass, KyClassHan) << describe();
+        }
+    });
+    EXPECT_GT(seen, 70000u);
+}
+
+TEST(CharacterTable, CodesThatAreHalvesOrForPrivateUseAreSymbols) {
+    for (unsigned code = 0xD800; code <= 0xF8FF; ++code) {
+        EXPECT_TRUE(OrderOf(code) >= kFirstSymbol && OrderOf(code) < kFirstDigit) << std::hex << code;
+        if (code != 0xD800) {
+            EXPECT_EQ(OrderOf(code), OrderOf(code - 1) + 1) << std::hex << code;
         }
     }
+    for (const unsigned code : {0xFDD0u, 0xFDEFu, 0xFFFEu, 0xFFFFu}) EXPECT_EQ(RecordAt(code), nullptr) << code;
 }
 
 TEST(CharacterTable, HanIsOrderedByCodeWithinABlock) {
@@ -217,33 +252,31 @@ TEST(CharacterTable, CaseLeadsToCharacters) {
 TEST(CharacterTable, WildcardsAreAloneWithTheirOrders) {
     const std::set<unsigned> wildcards{OrderOf('*'), OrderOf('?'), OrderOf('\\')};
     EXPECT_EQ(wildcards.size(), 3u);
-    for (unsigned code = 1; code < 0x10000; ++code) {
-        const KyCharProps* record = RecordAt(code);
-        if (record == nullptr || code == '*' || code == '?' || code == '\\') continue;
-        EXPECT_FALSE(wildcards.contains(record->order)) << std::hex << code;
-        for (const unsigned order : FurtherOrders(*record)) EXPECT_FALSE(wildcards.contains(order)) << std::hex << code;
-    }
+    WithEveryRecord([&](unsigned code, const KyCharProps& record, const auto& describe) {
+        const bool wildcard = code == '*' || code == '?' || code == '\\';
+        EXPECT_EQ(wildcards.contains(record.order), wildcard) << describe();
+        if (wildcard) {
+            EXPECT_EQ(record.order, OrderOf(code)) << describe();
+        }
+        for (const unsigned order : FurtherOrders(record)) EXPECT_FALSE(wildcards.contains(order)) << describe();
+    });
     // A code without a record is its own order.
     for (const unsigned order : wildcards) EXPECT_NE(RecordAt(order), nullptr);
 }
 
 TEST(CharacterTable, ExpansionsKeepTheClass) {
     std::map<unsigned, std::set<int>> classesOfOrder;
-    for (unsigned code = 1; code < 0x10000; ++code) {
-        const KyCharProps* record = RecordAt(code);
-        if (record != nullptr && FurtherOrders(*record).empty())
-            classesOfOrder[record->order].insert(record->orderClass);
-    }
-    for (unsigned code = 1; code < 0x10000; ++code) {
-        const KyCharProps* record = RecordAt(code);
-        if (record == nullptr) continue;
-        const bool letter = record->order >= kFirstLetter && record->order < kFirstHan;
-        for (const unsigned order : FurtherOrders(*record)) {
+    WithEveryRecord([&](unsigned, const KyCharProps& record, const auto&) {
+        if (FurtherOrders(record).empty()) classesOfOrder[record.order].insert(record.orderClass);
+    });
+    WithEveryRecord([&](unsigned, const KyCharProps& record, const auto& describe) {
+        const bool letter = record.order >= kFirstLetter && record.order < kFirstHan;
+        for (const unsigned order : FurtherOrders(record)) {
             int expected = order < kFirstLetter ? KyClassCommon : KyClassHan;
-            if (order >= kFirstLetter && order < kFirstHan) expected = letter ? record->orderClass : KyClassLatin;
-            EXPECT_TRUE(classesOfOrder[order].contains(expected)) << std::hex << code;
+            if (order >= kFirstLetter && order < kFirstHan) expected = letter ? record.orderClass : KyClassLatin;
+            EXPECT_TRUE(classesOfOrder[order].contains(expected)) << describe();
         }
-    }
+    });
 }
 
 }  // namespace
