@@ -53,8 +53,9 @@ inline constexpr unsigned char KyClassHan = 120;
 /// Case field of a letter order.
 enum KyLetterCase : unsigned char { KyCaseUpper, KyCaseTitle, KyCaseLower, KyCaseSmall };
 
-/// Accent field of a Latin letter order, in the order in which letters that differ only there are sorted. Part of the
-/// frozen tables. Rarer marks give a letter another variant.
+/// Accent field of a Latin letter order of variant 0, in the order in which letters that differ only there are sorted.
+/// Part of the frozen tables. Rarer marks give a letter another variant; there, and in other classes, the field only
+/// numbers the letters that share an identity, as do what a language adds to variant 0.
 enum KyAccent : unsigned char {
     KyAccentNone,
     KyAccentAcute,

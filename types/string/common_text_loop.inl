@@ -3,8 +3,7 @@
 //     width           bytes of a character
 //     bytesPerStop    how many bytes each bit of a `StopBits` stands for
 //     StopsIn         examines a vector: bits set where characters are not the same or end both texts, the lowest one
-//     for
-//                     the first
+//                     for the first
 //     StopsInBlock    whether there is such a place in four vectors
 //     StopsAt         examines one character
 //

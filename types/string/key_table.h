@@ -19,9 +19,8 @@ struct KeyPage {
     enum Mark : unsigned char {
         /// May be the first of characters that count as one: with a neighbour behind it that leans back.
         kJoinsNext = 1,
-        /// May be a further one of them, or takes its class from what precedes it. Not so a character without this
-        /// mark:
-        /// it begins something new, and a reader may begin with it.
+        /// May be a further one of them, or takes its class from what precedes it. A character without this mark begins
+        /// something new, and a reader may begin with it.
         kLeansBack = 2,
         /// Has no key here: it expands or has no record.
         kNeedsIterator = 4

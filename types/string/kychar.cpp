@@ -85,6 +85,7 @@ unsigned short KyChar::GetOrder() const {
     return record != nullptr ? record->order : code;
 }
 
+// KEPT: the end of a text, order 0, counts as a space; who trims looks at what stands before it.
 bool KyChar::IsSpace() const { return GetOrder() < ky::kFirstSymbol; }
 
 bool KyChar::IsSymbol() const {
@@ -115,10 +116,12 @@ unsigned short CaseMapped(const KyCodeSet& set, unsigned short code, unsigned sh
     return mapped != 0 ? mapped : code;
 }
 
-/// The codes of the list, which are those of Unicode, are the same characters in this set.
+/// The list of what follows an upper-case form holds characters of this set: those of a record of its own always do,
+/// and Unicode's do where they have the same codes.
 bool HasAll(const KyCodeSet& set, const KyWCharList& list) {
-    return std::all_of(list.items, list.items + list.count,
-                       [&](unsigned short unicode) { return set.FromUnicode(unicode) == unicode; });
+    return set.HasPropertyTable() || std::all_of(list.items, list.items + list.count, [&](unsigned short unicode) {
+               return set.FromUnicode(unicode) == unicode;
+           });
 }
 
 }  // namespace

@@ -169,9 +169,10 @@ std::string LetterNameOf(unsigned short order) {
     name += letterCase == KyCaseUpper ? ", upper" : ", lower";
     if (letterCase == KyCaseTitle) name += " in title case";
     if (letterCase == KyCaseSmall) name += " in small form";
-    if (variant != 0) name += Formatted(", variant %u", variant);
-    if (accent != KyAccentNone) name += std::string(", with ") + kAccentNames[accent];
-    return name;
+    if (variant == 0) return accent == KyAccentNone ? name : name + ", with " + kAccentNames[accent];
+    // In the variants an accent is but a number.
+    name += Formatted(", variant %u", variant);
+    return accent == 0 ? name : name + Formatted(", form %u", accent);
 }
 
 std::string NameOf(unsigned short order, unsigned char codeSet) {

@@ -22,7 +22,7 @@ KY_EXPORT int KyConvertOrderToChar(unsigned short order, unsigned char codeSet, 
 /// A name for an order value in place of the content of `text`: "symbol full stop", "digit 7",
 /// "letter A, upper, with accent acute". Returns 0; -2002 for "undefined ordering indicator", which is 0, everything
 /// above 65519 and what lies between the digits and the letters. The name of a Han character ends in a line feed.
-/// Symbols of no 8-bit code set are numbered.
+/// Symbols of no 8-bit code set are numbered, and so are the letters that share a variant.
 KY_EXPORT int KyConvertOrderToString(unsigned short order, unsigned char codeSet, KyString& text);
 
 #endif

@@ -101,6 +101,14 @@ TEST(Character, ClassesFollowTheOrder) {
         {Unicode('a'), "alpha"},
         {Unicode(0x9E00), "han"},
         {Unicode(0xFFFF), "han"},
+        {Unicode(0xD800), "symbol"},
+        {Unicode(0xDFFF), "symbol"},
+        {Unicode(0xE000), "symbol"},
+        {Unicode(0xFFFD), "symbol"},
+        {Unicode(0xAC00), "alpha"},
+        {Unicode(0x3042), "alpha"},
+        {Unicode(0x3400), "han"},
+        {Unicode(0xF900), "han"},
         {Unicode(0x0300), "symbol"},
         {KyChar('a', 2, 0), "alpha"},
         {KyChar(' ', 2, 0), "space"},
@@ -140,6 +148,12 @@ TEST(Character, Kept_ACodeWithoutARecordIsItsOwnOrder) {
     EXPECT_TRUE(Unicode(0xA48D).IsHan());
 }
 
+TEST(Character, Kept_TheEndOfATextCountsAsASpace) {
+    EXPECT_TRUE(Latin('\0').IsSpace());
+    EXPECT_TRUE(Unicode(0).IsSpace());
+    EXPECT_STREQ(KyString(" ").Trim().StrGet(), "") << "trimming stops there";
+}
+
 TEST(Character, HasTheOrderOfItsUnicodeCharacter) {
     EXPECT_EQ(KyChar(static_cast<char>(0x80), 2, 0).GetOrder(), Unicode(0x20AC).GetOrder());
     EXPECT_EQ(KyChar(static_cast<char>(0xE1), 11, 0).GetOrder(), Unicode(0x03B1).GetOrder());
@@ -174,6 +188,32 @@ TEST(Character, LowerAndUpper) {
         EXPECT_EQ(c.ToUpper(nullptr).CodeGet(), upper) << int{codeSet} << ' ' << code;
         EXPECT_EQ(c.ToUpper(nullptr).CodeSetGet(), codeSet);
     }
+}
+
+TEST(Character, CaseInEverySetIsUnicodesWhereTheSetHasIt) {
+    unsigned mapped = 0;
+    for (unsigned char codeSet = 1; codeSet <= 26; ++codeSet) {
+        const KyCodeSet& set = *KyLanguageContext::QueryCodeSet(codeSet);
+        for (unsigned short code = 1; code < 0x100; ++code) {
+            const KyChar c(code, codeSet, 0);
+            const unsigned short unicode = set.ToUnicode(code);
+            const auto expected = [&](unsigned short unicodeForm) {
+                const unsigned short form = unicode != 0 ? set.FromUnicode(unicodeForm) : 0;
+                return form != 0 ? form : code;
+            };
+            EXPECT_EQ(c.ToLower(nullptr).CodeGet(), expected(Unicode(unicode).ToLower(nullptr).CodeGet()))
+                << int{codeSet} << ' ' << code;
+            const KyChar upper = c.ToUpper(nullptr);
+            if (upper.CodeGet() != code) ++mapped;
+            if (unicode == 0x0390 || unicode == 0x03B0 || unicode == 0x0149 || unicode == 0x01F0) {
+                EXPECT_EQ(upper.CodeGet(), code) << "no set has all that it would become";
+                continue;
+            }
+            EXPECT_EQ(upper.CodeGet(), expected(Unicode(unicode).ToUpper(nullptr).CodeGet()))
+                << int{codeSet} << ' ' << code;
+        }
+    }
+    EXPECT_GT(mapped, 26u * 26u);
 }
 
 TEST(Character, ComparesByCollation) {

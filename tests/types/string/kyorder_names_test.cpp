@@ -206,7 +206,9 @@ TEST(OrderToString, PartsOfLetters) {
     EXPECT_EQ(Name(0x4000 | 1 << 12 | 14 << 2), "letter L, lower in title case");
     EXPECT_EQ(Name(0x4000 | 3 << 12 | 3 << 2 | 2), "letter A, lower in small form, variant 2");
     EXPECT_EQ(Name(0x4000 | 2 << 2), "letter number 2, upper");
-    EXPECT_EQ(Name(0x7FFF), "letter number 31, lower in small form, variant 3, with accent circumflex and dot below");
+    EXPECT_EQ(Name(0x7FFF), "letter number 31, lower in small form, variant 3, form 31");
+    EXPECT_EQ(Name(0x7FFC), "letter number 31, lower in small form, with accent circumflex and dot below");
+    EXPECT_EQ(Name(OrderOf(0x1D8F)), "letter A, lower, variant 2, form 1") << "a retroflex hook is no acute";
 }
 
 TEST(OrderToString, TheRest) {
