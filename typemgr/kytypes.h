@@ -115,6 +115,8 @@ inline constexpr unsigned short KyCmpDefault = 0xFFFF;          ///< strings: th
 // ---------------------------------------------------------------------------------------------
 
 inline constexpr int KyErrBufferEnd = 2101;      ///< a buffer ended before the element count, or a wildcard comparison
+inline constexpr int KyErrFirstMarked = 2114;    ///< strings: the first operand does not tell everything
+inline constexpr int KyErrSecondMarked = 2115;   ///< strings: only the second operand does not
 inline constexpr int KyErrNoSuccessor = 2091;    ///< the value has no successor
 inline constexpr int KyErrNotSupported = -2999;  ///< operation or form not supported
 inline constexpr int KyErrRefused = -2002;       ///< a code set change or an order of another class

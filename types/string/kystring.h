@@ -27,6 +27,11 @@ class LentText;
 /// `out` becomes a text of the default 8-bit code set and the default language, as by the assignment of a text, whose
 /// length is known: text[length] is its first zero.
 KyString& AssignText(KyString& out, const char* text, std::size_t length);
+
+/// `out` becomes a text with this label, as a record of `form` holds it: `bytes` bytes, whole characters. None: no
+/// buffer.
+void LoadText(KyString& out, unsigned char codeSet, unsigned char language, const char* text, std::size_t bytes,
+              unsigned char form);
 }  // namespace ky
 
 /// A heap-held, zero-terminated text that knows its code set and language and can be null, which is not
@@ -235,6 +240,8 @@ private:
     friend KyString& ky::AssignText(KyString& out, const char* text, std::size_t length);
     friend class ky::LentText;
     friend int KyMBS2KyString(const char* in, KyString& out, int inLen);
+    friend void ky::LoadText(KyString& out, unsigned char codeSet, unsigned char language, const char* text,
+                             std::size_t bytes, unsigned char form);
 
     // Counts that are never negative and may exceed 32767, unlike those of the operations above.
     KyString(unsigned char codeSet, unsigned char language, const char* text, std::size_t bytes);
@@ -258,6 +265,12 @@ KY_EXPORT KyString operator+(const KyString& a, const KyString& b);
 /// the same count. Allocates as the string row's Create does, so the row's Delete frees it too.
 KY_EXPORT KyString* KyStringCreate(unsigned count);
 KY_EXPORT int KyStringDelete(void* values, unsigned count);
+
+/// Hash of a string in memory: h = 9h + c over its characters, from 0. Those of Unicode are 16-bit units, all others
+/// bytes with their sign, up to the first zero. Not the hash of stored strings, and of other values.
+KY_EXPORT unsigned HashKyString(const KyString& s);
+/// The same over the low seven bits of each.
+KY_EXPORT unsigned HashKyString7(const KyString& s);
 
 /// Next trimmed item of a separated list from `pos` on: 0, or -2005 with `item` unchanged at the end.
 KY_EXPORT int KySplitList(const KyString& list, KyString& item, const KyString& separator, unsigned short& pos);

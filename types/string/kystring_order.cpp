@@ -1,129 +1,105 @@
-/// Compare and Hash of arrays of strings.
+/// Compare of arrays of strings.
 
-#include <cstring>
+#include <atomic>
 
-#include "array_rules.h"
-#include "code_mapping.h"
-#include "kybase.h"
-#include "kyi18n.h"
-#include "kystrcmp.h"
+#include "compare_rules.h"
+#include "kystring.h"
 #include "kystring_slots.h"
+#include "string_compare.h"
+#include "string_pair.h"
 #include "string_records.h"
 
 namespace {
 
-/// Parts of cut-short records from this size on are not hashed.
-constexpr std::size_t kLongestPartHashed = 254;
-/// Contents up to this size are terminated on the stack.
-constexpr std::size_t kLongestOnStack = 254;
+using ky::StoredText;
 
-/// Byte order of 16-bit units, as the comparer takes it.
-unsigned char UnitOrder(unsigned char flag) { return (flag & KyFormMask) == KyFormReversed ? 2 : 1; }
+constexpr int Sign(int number) { return ky::Order(number, 0); }
 
-/// A stored text with a terminator behind it: where it stands, if it has one there, else a copy.
-class Terminated {
-public:
-    explicit Terminated(const ky::StoredText& s) {
-        if (s.terminated) {
-            text = s.text;
-            return;
-        }
-        char* copy = local;
-        if (s.bytes > kLongestOnStack) copy = heap = static_cast<char*>(mmKymalloc(s.bytes + 2));
-        if (copy == nullptr) return;
-        ky::CopyBytes(copy, s.text, s.bytes);
-        copy[s.bytes] = copy[s.bytes + 1] = 0;
-        // Half a unit at the end is no character.
-        if (ky::CharWidth(s.codeSet) == 2 && s.bytes % 2 != 0) copy[s.bytes - 1] = 0;
-        text = copy;
+/// Two texts of which one or both are absent. A null one is first where texts are compared exactly.
+int CompareAbsent(const StoredText& a, const StoredText& b, bool aIsAbsent, bool bIsAbsent, unsigned short op) {
+    if (aIsAbsent != bIsAbsent) return aIsAbsent ? -1 : 1;
+    return ky::AllowsWildcards(op) ? 0 : ky::Order(b.IsNull(), a.IsNull());
+}
+
+int CompareTexts(const StoredText& a, const StoredText& b, unsigned short op, unsigned char form, int& err) {
+    if (a.IsMarked()) {
+        err = KyErrFirstMarked;
+    } else if (b.IsMarked()) {
+        err = KyErrSecondMarked;
     }
-    Terminated(const Terminated&) = delete;
-    Terminated& operator=(const Terminated&) = delete;
-    ~Terminated() {
-        if (heap != nullptr) mmKyfree(heap);
-    }
-
-    /// Null when there was no memory.
-    const char* Text() const { return text; }
-
-private:
-    const char* text = nullptr;
-    char* heap = nullptr;
-    char local[kLongestOnStack + 2];
-};
-
-/// Order of two strings; a missing one is first. `err` is set when memory fails.
-int CompareTexts(const ky::StoredText& a, const ky::StoredText& b, unsigned short op, unsigned char format, int& err) {
-    if (a.text == nullptr || b.text == nullptr) return (a.text != nullptr) - (b.text != nullptr);
-    const Terminated textA(a);
-    const Terminated textB(b);
-    if (textA.Text() == nullptr || textB.Text() == nullptr) {
+    const bool aIsAbsent = a.IsAbsent();
+    const bool bIsAbsent = b.IsAbsent();
+    if (aIsAbsent || bIsAbsent) return CompareAbsent(a, b, aIsAbsent, bIsAbsent, op);
+    if (const std::optional<int> result = ky::CompareInPlace(a, b, op, form)) return Sign(*result);
+    ky::StringPair pair(a, b, op, form);
+    if (!pair.HasTexts()) {
         err = KyErrNotSupported;
         return 0;
     }
-    return KyStrCmp(a.codeSet, a.language, textA.Text(), b.codeSet, b.language, textB.Text(), op, -1, format, nullptr);
+    return Sign(ky::ComparePair(pair, op, err));
 }
 
 int StringCompareCommon(unsigned char flag, unsigned len1, void* a, unsigned len2, void* b, unsigned short op,
-                        unsigned count, int& err, bool oldLayout) {
-    err = 0;
-    if (count == 0) return 0;
-    ky::StringWalk walkA(a, len1, flag, oldLayout);
-    ky::StringWalk walkB(b, len2, flag, oldLayout);
-    for (;;) {
-        const int result = CompareTexts(walkA.Current(), walkB.Current(), op, UnitOrder(flag), err);
-        if (err == 0 && (walkA.Current().cutShort || walkB.Current().cutShort)) err = KyErrBufferEnd;
-        if (--count == 0) return result;
-        if (!walkA.Next() || !walkB.Next()) err = KyErrBufferEnd;
-        if (result != 0 || err != 0) return result;
-    }
+                        unsigned count, int& err, ky::LayoutRule rule) {
+    ky::StringWalk walkA(a, len1, flag, rule);
+    ky::StringWalk walkB(b, len2, flag, rule);
+    return ky::CompareArrays(walkA, walkB, count, err, [&](int& pairErr) {
+        return CompareTexts(walkA.Current(), walkB.Current(), op, ky::FormOf(flag), pairErr);
+    });
 }
 
-unsigned StringHashCommon(unsigned char flag, unsigned len, void* data, unsigned count, int& err, bool oldLayout) {
-    err = 0;
-    if (count == 0 || data == nullptr) return 0;
-    unsigned accumulated = 0;
-    ky::StringWalk walk(data, len, flag, oldLayout);
-    for (;;) {
-        const ky::StoredText& s = walk.Current();
-        if (s.cutShort && s.bytes >= kLongestPartHashed) {
-            err = KyErrNotSupported;
-            return 0;
-        }
-        const Terminated text(s);
-        if (text.Text() == nullptr) {
-            err = KyErrNotSupported;
-            return 0;
-        }
-        const bool marked = s.codeSet == KyCodeSetOrders && (s.language & 0x80) != 0;
-        const auto language = static_cast<unsigned char>(marked ? s.language & 0x7F : s.language);
-        const int length = s.cutShort ? static_cast<int>(s.bytes / ky::CharWidth(s.codeSet)) : -1;
-        accumulated ^= HashString(s.codeSet, language, text.Text(), length, UnitOrder(flag));
-        if (--count == 0) break;
-        if (!walk.Next()) {
-            err = KyErrBufferEnd;
-            break;
-        }
-    }
-    return accumulated * ky::kHashFactor;
+/// What nearly all comparisons of stored strings are of: one complete record each, 8-bit texts of one label, compared
+/// without wildcards. Null: something else.
+struct PlainRecords {
+    const ky::KeyTable* table = nullptr;
+    const char* textA = nullptr;
+    const char* textB = nullptr;
+};
+
+/// The bytes behind the content of a record that was not damaged.
+constexpr unsigned short kRecordEnd = 0xFF00;
+
+inline PlainRecords FindPlainRecords(unsigned char flag, unsigned len1, const void* a, unsigned len2, const void* b) {
+    const unsigned char form = ky::FormOf(flag);
+    const auto isShort = [](unsigned len) { return len - 1 < ky::kEmptyRecord; };
+    if (form == KyFormMemory || a == nullptr || b == nullptr || isShort(len1) || isShort(len2)) return {};
+    const unsigned lengthA = ky::ReadLength(a, form);
+    const unsigned lengthB = ky::ReadLength(b, form);
+    // No length given is one beyond all.
+    if (lengthA + ky::kLengthField - 1 > len1 - 1 || lengthB + ky::kLengthField - 1 > len2 - 1) return {};
+    if (lengthA <= ky::kRecordHead || lengthB <= ky::kRecordHead) return {};
+    const unsigned char* recordA = ky::Advance(a, 0);
+    const unsigned char* recordB = ky::Advance(b, 0);
+    const bool sameLabel = ky::LoadAs<unsigned short>(recordA + 2) == ky::LoadAs<unsigned short>(recordB + 2);
+    const bool sound = ky::LoadAs<unsigned short>(recordA + lengthA) == kRecordEnd &&
+                       ky::LoadAs<unsigned short>(recordB + lengthB) == kRecordEnd;
+    const unsigned char codeSet = recordA[2];
+    const unsigned char language = recordA[3];
+    if (!sameLabel || !sound || codeSet == KyCodeSetNative) return {};
+    if (codeSet >= ky::kTableCodeSets || language >= ky::kTableLanguages) return {};
+    // Empty texts are absent ones.
+    if (recordA[ky::kRecordHead] == 0 || recordB[ky::kRecordHead] == 0) return {};
+    return {ky::keyTables[codeSet][language].load(std::memory_order_acquire),
+            reinterpret_cast<const char*>(recordA + ky::kRecordHead),
+            reinterpret_cast<const char*>(recordB + ky::kRecordHead)};
 }
 
 }  // namespace
 
 int StringCompare(unsigned char flag, unsigned len1, void* a, unsigned len2, void* b, unsigned short op, unsigned count,
                   int& err) {
-    return StringCompareCommon(flag, len1, a, len2, b, op, count, err, false);
+    const bool plain = !ky::AllowsWildcards(op) && !ky::ReadsNeutral(op) && count == 1;
+    if (plain) [[likely]] {
+        const PlainRecords records = FindPlainRecords(flag, len1, a, len2, b);
+        if (records.table != nullptr) [[likely]] {
+            err = 0;
+            return Sign(ky::CompareByTable(*records.table, records.textA, records.textB, ky::KeyMask(op)));
+        }
+    }
+    return StringCompareCommon(flag, len1, a, len2, b, op, count, err, ky::LayoutRule::byLastByte);
 }
 
 int StringOldCompare(unsigned char flag, unsigned len1, void* a, unsigned len2, void* b, unsigned short op,
                      unsigned count, int& err) {
-    return StringCompareCommon(flag, len1, a, len2, b, op, count, err, true);
-}
-
-unsigned StringHash(unsigned char flag, unsigned len, void* data, unsigned count, int& err) {
-    return StringHashCommon(flag, len, data, count, err, false);
-}
-
-unsigned StringOldHash(unsigned char flag, unsigned len, void* data, unsigned count, int& err) {
-    return StringHashCommon(flag, len, data, count, err, true);
+    return StringCompareCommon(flag, len1, a, len2, b, op, count, err, ky::LayoutRule::old);
 }

@@ -1,17 +1,25 @@
 /// Store, Load and the sizes of strings.
 
 #include <cstring>
+#include <limits>
 
-#include "code_mapping.h"
+#include "key_reader.h"
 #include "kybase.h"
 #include "kystring.h"
+#include "kystring_build.h"
 #include "kystring_slots.h"
 #include "mem_file_bytes.h"
+#include "old_layout.h"
 #include "string_records.h"
 
 namespace {
 
-constexpr unsigned char Form(unsigned char flag) { return flag & KyFormMask; }
+using ky::FormOf;
+
+/// Bits of a target flag that ask for another size of 8-bit content: as if it were mapped into the default 16-bit code
+/// set, or turned into order values.
+constexpr unsigned char kSizeOfUnits = 0x20;
+constexpr unsigned char kSizeOfOrders = 0x40;
 
 const KyString& ValueAt(const void* values, unsigned i) { return static_cast<const KyString*>(values)[i]; }
 
@@ -20,145 +28,191 @@ std::size_t StoreRecord(unsigned char* record, const KyString& s, unsigned char 
     ky::WriteLength(record, static_cast<unsigned>(ky::RecordSize(content) - ky::kLengthField), form);
     record[2] = s.CodeSetGet();
     record[3] = s.LanguageGet();
-    if (content != 0) {
-        auto* text = reinterpret_cast<char*>(record + ky::kRecordHead);
+    auto* text = reinterpret_cast<char*>(record + ky::kRecordHead);
+    if (form == KyFormReversed && s.NullLen() == 2 && content != 0) {
         // A half unit at the end is one of the zeros behind the text; swapping leaves it out.
         text[content - 1] = 0;
-        KyMemCpy(text, s.StrGet(), static_cast<short>(s.NullLen()), form, static_cast<unsigned>(content));
+        KyMemCpy(text, s.StrGet(), 2, form, static_cast<unsigned>(content));
+    } else {
+        ky::CopyText(text, s.StrGet(), content);
     }
-    record[ky::kRecordHead + content] = 0;
-    record[ky::kRecordHead + content + 1] = ky::kEndMarker;
+    text[content] = 0;
+    text[content + 1] = static_cast<char>(ky::kEndMarker);
     return ky::RecordSize(content);
-}
-
-/// The 8-bit text of a string as the old layout holds it: bytes as they are, 16-bit characters mapped.
-std::size_t StoreOldText(unsigned char* to, const KyString& s) {
-    if (s.NullLen() == 1) {
-        const std::size_t size = ky::OldTextSize(s);
-        std::memcpy(to, s.StrGet(), size);
-        return size;
-    }
-    KyString narrow(KyString::GetDefault8CodeSet(), s.LanguageGet());
-    narrow += s;
-    return StoreOldText(to, narrow);
 }
 
 std::size_t LoadRecord(KyString& s, const unsigned char* record, unsigned char form) {
     const unsigned length = ky::ReadLength(record, form);
-    const unsigned char codeSet = record[2];
-    s.Destroy();
-    s.SetCodeSet(codeSet);
-    s.LanguageSet(record[3]);
-    const std::size_t count = length > ky::kRecordHead ? (length - ky::kRecordHead) / ky::CharWidth(codeSet) : 0;
-    s.MakeString(reinterpret_cast<const char*>(record) + ky::kRecordHead, codeSet, static_cast<short>(count), form);
+    const unsigned char codeSet = length >= 1 ? record[2] : KyCodeSetNative;
+    const unsigned char language = length >= 2 ? record[3] : KyLanguageNeutral;
+    const unsigned width = ky::CharWidth(codeSet);
+    ky::LoadText(s, codeSet, language, reinterpret_cast<const char*>(record) + ky::kRecordHead,
+                 ky::ContentOf(length) / width * width, form);
     return ky::kLengthField + length;
 }
 
-void LoadOldTexts(KyString* strings, const unsigned char* texts, unsigned count) {
+/// Nothing behind `length` bytes is read; strings that are not there become empty.
+void LoadOldTexts(KyString* strings, const unsigned char* texts, std::size_t length, unsigned count) {
     for (unsigned i = 0; i < count; ++i) {
-        strings[i] = reinterpret_cast<const char*>(texts);
-        texts += strings[i].BufferSizeGet();
+        const char* text = reinterpret_cast<const char*>(texts);
+        const std::size_t size = length != 0 ? strnlen(text, length) : 0;
+        ky::AssignText(strings[i], text, size);
+        const std::size_t step = size < length ? size + 1 : size;
+        texts += step;
+        length -= step;
     }
 }
 
+std::size_t OrdersOf(const ky::StoredText& s, unsigned char form) {
+    const ky::TerminatedText text(s);
+    ky::KeyReader reader(text.Text(), s.codeSet, s.ReadingLanguage(), form, ~0u, ~0u);
+    std::size_t orders = 0;
+    while (reader.Next(), reader.Order() != 0) ++orders;
+    return orders;
+}
+
+/// Bytes of a string's record, as the options of the target flag ask for it.
+std::size_t SizeOf(const ky::StoredText& s, unsigned char form, unsigned char toFlag) {
+    if (s.Width() == 1 && !s.IsNull()) {
+        if ((toFlag & kSizeOfOrders) != 0) return ky::RecordSize(2 * OrdersOf(s, form));
+        if ((toFlag & kSizeOfUnits) != 0) return ky::RecordSize(2 * s.Characters());
+    }
+    return ky::RecordSize(s.length);
+}
+
+constexpr bool HasOptions(unsigned char toFlag) { return (toFlag & (kSizeOfOrders | kSizeOfUnits)) != 0; }
+
+bool BeginsOldLayout(const void* array, unsigned length, unsigned char flag) {
+    return (flag & ky::kCurrentLayout) == 0 && ky::IsOldLayout(array, length);
+}
+
 /// Bytes of `count` records from `at` on, or of the old layout's array.
-unsigned StoredSize(const void* at, unsigned char form, unsigned count) {
-    unsigned total = 0;
+std::size_t StoredSize(const void* at, unsigned char flag, unsigned char toFlag, unsigned count) {
+    if (count == 0) return 0;
+    const unsigned first = ky::ReadLength(at, FormOf(flag));
+    if (BeginsOldLayout(at, first, flag)) return ky::kLengthField + first;
+    std::size_t stored = 0;
+    std::size_t total = 0;
     for (unsigned i = 0; i < count; ++i) {
-        const unsigned length = ky::ReadLength(ky::Advance(at, total), form);
-        if (i == 0 && ky::IsOldLayout(at, length)) return static_cast<unsigned>(ky::kLengthField) + length;
-        total += static_cast<unsigned>(ky::kLengthField) + length;
+        const void* record = ky::Advance(at, stored);
+        const std::size_t size = ky::kLengthField + ky::ReadLength(record, FormOf(flag));
+        if (HasOptions(toFlag)) {
+            const ky::StringWalk one(record, 0, flag | ky::kCurrentLayout, ky::LayoutRule::byLastByte);
+            total += SizeOf(one.Current(), FormOf(flag), toFlag);
+        } else {
+            total += size;
+        }
+        stored += size;
     }
     return total;
 }
 
-/// Old-layout bytes of `count` strings given in any form.
-unsigned OldSizeOf(const void* value, unsigned char flag, unsigned count) {
-    if (Form(flag) != KyFormMemory) {
-        const unsigned length = ky::ReadLength(value, Form(flag));
-        if (ky::IsOldLayout(value, length)) return static_cast<unsigned>(ky::kLengthField) + length;
-    }
-    std::size_t total = ky::kLengthField;
-    ky::StringWalk walk(value, 0, flag, true);
+/// Bytes of the records at the file's position; `options`: as of a target flag.
+std::size_t SizeInFile(MemFile& file, unsigned char flag, unsigned char options, unsigned count) {
+    long stored = 0;
+    std::size_t total = 0;
     for (unsigned i = 0; i < count; ++i) {
-        if (i != 0 && !walk.Next()) break;
-        const ky::StoredText& s = walk.Current();
-        std::size_t length = 0;
-        const unsigned width = ky::CharWidth(s.codeSet);
-        while ((length + 1) * width <= s.bytes) {
-            const char* p = s.text + length * width;
-            if (p[0] == 0 && p[width - 1] == 0) break;
-            ++length;
-        }
-        total += length + 1;
+        const unsigned char* head = ky::BytesOfFile(file, stored, ky::kLengthField);
+        if (head == nullptr) break;
+        const unsigned length = ky::ReadLength(head, FormOf(flag));
+        const long size = static_cast<long>(ky::kLengthField + length);
+        const unsigned char* record = ky::BytesOfFile(file, stored, size);
+        stored += size;
+        const bool old = record != nullptr && i == 0 && BeginsOldLayout(record, length, flag);
+        const bool asIs = record == nullptr || old || !HasOptions(options);
+        total += asIs ? static_cast<std::size_t>(size) : StoredSize(record, flag | ky::kCurrentLayout, options, 1);
+        if (record == nullptr || old) break;
     }
-    return static_cast<unsigned>(total);
+    return total;
 }
 
 }  // namespace
 
+void ky::LoadText(KyString& out, unsigned char codeSet, unsigned char language, const char* text, std::size_t bytes,
+                  unsigned char form) {
+    char* block = nullptr;
+    const unsigned width = CharWidth(codeSet);
+    if (bytes != 0) {
+        block = new char[bytes + width];
+        if (form == KyFormReversed && width == 2) {
+            KyMemCpy(block, text, 2, form, static_cast<unsigned>(bytes));
+        } else {
+            CopyText(block, text, bytes);
+        }
+        block[bytes] = block[bytes + width - 1] = 0;
+    }
+    delete[] out.buffer;
+    out.buffer = block;
+    out.bufferSize = static_cast<unsigned short>(bytes != 0 ? bytes + width : 0);
+    out.codeSet = codeSet;
+    out.language = language;
+}
+
 unsigned StringStore(void* dst, const void* src, unsigned char flag, unsigned count) {
     std::size_t total = 0;
     for (unsigned i = 0; i < count; ++i) {
-        total += StoreRecord(ky::Advance(dst, total), ValueAt(src, i), Form(flag));
+        total += StoreRecord(ky::Advance(dst, total), ValueAt(src, i), FormOf(flag));
     }
     return static_cast<unsigned>(total);
 }
 
 unsigned StringOldStore(void* dst, const void* src, unsigned char flag, unsigned count) {
-    std::size_t total = 0;
-    for (unsigned i = 0; i < count; ++i) {
-        total += StoreOldText(ky::Advance(dst, ky::kLengthField + total), ValueAt(src, i));
-    }
-    const auto field = static_cast<unsigned short>(total);
-    ShortStoreOne(dst, &field, flag);
-    return static_cast<unsigned>(total + ky::kLengthField);
+    ky::ByteSink sink(dst, std::numeric_limits<std::size_t>::max());
+    const ky::StringWalk walk(count != 0 ? src : nullptr, 0, KyFormMemory, ky::LayoutRule::old);
+    ky::StoreOldLayout(sink, walk, KyFormNative, FormOf(flag), count);
+    return static_cast<unsigned>(sink.Written());
 }
 
 unsigned StringLoad(void* dst, const void* src, unsigned char flag, unsigned count) {
     auto* strings = static_cast<KyString*>(dst);
-    const unsigned length = ky::ReadLength(src, Form(flag));
-    if (ky::IsOldLayout(src, length)) {
-        LoadOldTexts(strings, ky::Advance(src, ky::kLengthField), count);
-        // KEPT: the size of the whole array, whatever the count.
-        return static_cast<unsigned>(ky::kLengthField) + length;
+    const unsigned char form = FormOf(flag);
+    if ((flag & ky::kCurrentLayout) == 0) {
+        const unsigned length = ky::ReadLength(src, form);
+        if (ky::IsOldLayout(src, length)) {
+            LoadOldTexts(strings, ky::Advance(src, ky::kLengthField), length, count);
+            // KEPT: the size of the whole array, whatever the count.
+            return static_cast<unsigned>(ky::kLengthField) + length;
+        }
     }
     std::size_t total = 0;
-    for (unsigned i = 0; i < count; ++i) total += LoadRecord(strings[i], ky::Advance(src, total), Form(flag));
+    for (unsigned i = 0; i < count; ++i) total += LoadRecord(strings[i], ky::Advance(src, total), form);
     return static_cast<unsigned>(total);
 }
 
 unsigned StringNullSizeGet(unsigned count) { return static_cast<unsigned>(ky::kEmptyRecord) * count; }
 
 unsigned StringSizeGet(const void* value, unsigned char fromFlag, unsigned char toFlag, unsigned count) {
-    if (Form(toFlag) == KyFormMemory) return static_cast<unsigned>(sizeof(KyString)) * count;
+    if (FormOf(toFlag) == KyFormMemory) return static_cast<unsigned>(sizeof(KyString)) * count;
     if (value == nullptr) return StringNullSizeGet(count);
-    if (Form(fromFlag) != KyFormMemory) return StoredSize(value, Form(fromFlag), count);
+    if (FormOf(fromFlag) != KyFormMemory) return static_cast<unsigned>(StoredSize(value, fromFlag, toFlag, count));
     std::size_t total = 0;
-    for (unsigned i = 0; i < count; ++i) total += ky::RecordSize(ky::RecordContent(ValueAt(value, i)));
-    return static_cast<unsigned>(total);
-}
-
-unsigned StringOldSizeGet(const void* value, unsigned char fromFlag, unsigned char toFlag, unsigned count) {
-    if (Form(toFlag) == KyFormMemory) return static_cast<unsigned>(sizeof(KyString)) * count;
-    if (value == nullptr) return static_cast<unsigned>(ky::kLengthField) + count;
-    return OldSizeOf(value, fromFlag, count);
-}
-
-unsigned StringSizeGetFromMemFile(MemFile* file, unsigned char flag, unsigned count) {
-    long total = 0;
     for (unsigned i = 0; i < count; ++i) {
-        const unsigned char* head = ky::BytesOfFile(*file, total, ky::kLengthField);
-        if (head == nullptr) break;
-        const unsigned length = ky::ReadLength(head, Form(flag));
-        const long size = static_cast<long>(ky::kLengthField + length);
-        const unsigned char* record = ky::BytesOfFile(*file, total, size);
-        total += size;
-        if (record == nullptr || (i == 0 && ky::IsOldLayout(record, length))) break;
+        const KyString& s = ValueAt(value, i);
+        if (HasOptions(toFlag)) {
+            const ky::StringWalk one(&s, 0, KyFormMemory, ky::LayoutRule::byLastByte);
+            total += SizeOf(one.Current(), KyFormNative, toFlag);
+        } else {
+            total += ky::RecordSize(ky::RecordContent(s));
+        }
     }
     return static_cast<unsigned>(total);
 }
 
+unsigned StringOldSizeGet(const void* value, unsigned char fromFlag, unsigned char toFlag, unsigned count) {
+    if (FormOf(toFlag) == KyFormMemory) return static_cast<unsigned>(sizeof(KyString)) * count;
+    if (value == nullptr) return static_cast<unsigned>(ky::kLengthField) + count;
+    if (FormOf(fromFlag) != KyFormMemory) {
+        const unsigned length = ky::ReadLength(value, FormOf(fromFlag));
+        if (BeginsOldLayout(value, length, fromFlag)) return static_cast<unsigned>(ky::kLengthField) + length;
+    }
+    const ky::StringWalk walk(count != 0 ? value : nullptr, 0, fromFlag, ky::LayoutRule::byLastByte);
+    return static_cast<unsigned>(ky::OldLayoutSize(walk, count));
+}
+
+unsigned StringSizeGetFromMemFile(MemFile* file, unsigned char flag, unsigned count) {
+    return static_cast<unsigned>(SizeInFile(*file, flag, flag, count));
+}
+
 unsigned StringOldSizeGetFromMemFile(MemFile* file, unsigned char flag, unsigned count) {
-    return StringSizeGetFromMemFile(file, flag, count);
+    return static_cast<unsigned>(SizeInFile(*file, flag, 0, count));
 }

@@ -4,6 +4,7 @@
 #include "kyi18n.h"
 #include "kystring.h"
 #include "kystring_slots.h"
+#include "order_print.h"
 #include "text_constants.h"
 #include "text_format.h"
 
@@ -16,22 +17,32 @@ unsigned char OutputCodeSet(const KyString& out) {
     return codeSet != KyCodeSetNative ? codeSet : KyLanguageContext::GetNativeCodeSet();
 }
 
-/// Takes over what was printed under the output's own language; an output that was null is so no more.
-KyString& Take(KyString& out, KyString&& printed) {
+/// An output that has text gets more of it. One that is empty takes over what was printed under its own language; one
+/// that was null is so no more.
+KyString& Append(KyString& out, KyString&& printed) {
+    if (!out.IsEmpty()) return out += printed;
     printed.LanguageSet(out.IsNullValue() ? KyString::GetDefaultLanguage() : out.LanguageGet());
     return out = std::move(printed);
+}
+
+KyString PrintText(const KyString& text, const char* format, const KyString& out) {
+    KyString shown(text);
+    if (text.CodeSetGet() == KyCodeSetUnicode) shown.MapToCodeSet(OutputCodeSet(out));
+    if (format == nullptr || std::strcmp(format, "%s") == 0) return shown;
+    const auto parts = ky::ParseTextFormat(format);
+    return parts ? parts->Print(shown) : KyString(shown.CodeSetGet(), shown.LanguageGet());
 }
 
 }  // namespace
 
 KyString& KyStringPrintToKyString(KyString& out, void* value, const char* format, unsigned) {
     const KyString& text = *static_cast<const KyString*>(value);
-    if (text.IsNullValue()) return out = ky::NullPrintString();
-    if (text.IsEmpty()) return out = text;
+    const bool hasText = !out.IsEmpty();
+    if (text.IsNullValue()) return hasText ? out += ky::NullPrintString() : out = ky::NullPrintString();
+    if (text.IsEmpty()) return hasText ? out : out = text;
+    if (text.CodeSetGet() != KyCodeSetOrders) return Append(out, PrintText(text, format, out));
 
-    KyString shown(text);
-    if (text.CodeSetGet() == KyCodeSetUnicode) shown.MapToCodeSet(OutputCodeSet(out));
-    if (format == nullptr || std::strcmp(format, "%s") == 0) return Take(out, std::move(shown));
-    const auto parts = ky::ParseTextFormat(format);
-    return Take(out, parts ? parts->Print(shown) : KyString(shown.CodeSetGet(), shown.LanguageGet()));
+    ky::PrintedOrders printed = ky::PrintOrders(text, format != nullptr ? format : "%s");
+    if (!printed.isAscii) printed.text.MapToCodeSet(OutputCodeSet(out));
+    return Append(out, std::move(printed.text));
 }

@@ -24,7 +24,7 @@ constinit KyTypeTab KyStringTab = {
     .Destructor = KyStringDestructor,
     .Assignment = KyStringAssignment,
     .Copy = KyStringCopy,
-    .Translate = KyIllegalTranslate,
+    .Translate = KyStringTranslate,
     .IsNull = KyStringIsNull,
     .SetNull = KyStringSetNull,
     .printFormat = "%s",
@@ -32,7 +32,7 @@ constinit KyTypeTab KyStringTab = {
     .ScanFromKyString = KyStringScanFromKyString,
     .sizeWord = sizeof(KyString),
     .DefaultValue = KyStringDefaultValue,
-    .GetValue = KyGetValueFuncDummy,
+    .GetValue = KyGetValueKyString,
     .end = nullptr,
 };
 
@@ -55,7 +55,7 @@ constinit KyTypeTab KyOldStringTab = {
     .Destructor = KyStringDestructor,
     .Assignment = KyStringAssignment,
     .Copy = KyStringCopy,
-    .Translate = KyIllegalTranslate,
+    .Translate = KyStringOldTranslate,
     .IsNull = NoIsNullDefined,
     .SetNull = nullptr,
     .printFormat = "%s",

@@ -9,6 +9,9 @@
 
 namespace {
 
+/// The one form that GetValue takes: records in machine byte order, known to be in the current layout.
+constexpr unsigned char kFormStepped = 0x81;
+
 KyString& StringAt(void* value) { return *static_cast<KyString*>(value); }
 
 }  // namespace
@@ -61,4 +64,18 @@ void* KyStringScanFromKyString(void* value, KyString& text, const char*, unsigne
         StringAt(value) = text;
     }
     return value;
+}
+
+int KyGetValueKyString(void*, unsigned, unsigned char form, unsigned char what) {
+    if (form != kFormStepped) return KyErrNotSupported;
+    switch (what) {
+        case KyValueKeep:
+            return 0;
+        case KyValueStep:
+        case KyValueStepNext:
+            // A record cannot grow where it stands, and a collation order has no next string.
+            return KyErrNoSuccessor;
+        default:
+            return KyErrNotSupported;
+    }
 }

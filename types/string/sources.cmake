@@ -32,6 +32,7 @@ set(folder_sources
   kystring_defaults.cpp
   kystring_edit.cpp
   kystring_extract.cpp
+  kystring_hash.cpp
   kystring_number.cpp
   kystring_number_text.cpp
   kystring_order.cpp
@@ -42,16 +43,20 @@ set(folder_sources
   kystring_search.cpp
   kystring_slots.cpp
   kystring_split.cpp
+  kystring_translate.cpp
   kystring_wildcard.cpp
   kystringiterator.cpp
   kywildcard.cpp
   kywstring.cpp
+  old_layout.cpp
+  order_print.cpp
   order_values.cpp
   segment_search.cpp
   segment_search_avx2.cpp
   segment_search_avx512.cpp
   string_compare.cpp
   string_hash.cpp
+  string_pair.cpp
   string_records.cpp
   text_format.cpp
   translate_bytes.cpp

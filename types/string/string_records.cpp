@@ -4,16 +4,18 @@
 #include <cstdint>
 #include <cstring>
 
-#include "code_mapping.h"
+#include "kybase.h"
 #include "kystring.h"
-#include "kytypes.h"
+#include "kystring_build.h"
 
 namespace {
 
-/// Flag bit: the records are in the current layout, whatever their last byte.
-constexpr unsigned char kCurrentLayout = 0x80;
-
 constexpr std::size_t kUnknown = SIZE_MAX;
+
+/// A byte of a record's head; 0 where the record's own length leaves it out.
+unsigned char HeadByte(const unsigned char* record, unsigned length, std::size_t offset) {
+    return offset < ky::kLengthField + length ? record[offset] : 0;
+}
 
 }  // namespace
 
@@ -24,38 +26,47 @@ std::size_t RecordContent(const KyString& s) {
     return size > s.NullLen() ? size - s.NullLen() : 0;
 }
 
-std::size_t OldTextSize(const KyString& s) { return std::size_t{s.Len()} + 1; }
-
-StringWalk::StringWalk(const void* array, std::size_t length, unsigned char flag, bool oldLayout)
-    : at(static_cast<const unsigned char*>(array)), left(length != 0 ? length : kUnknown), form(flag & KyFormMask) {
-    if (at == nullptr) return;
-    if (form != KyFormMemory) BeginPersistent(flag, oldLayout);
-    Read();
+unsigned char StoredText::ReadingLanguage() const {
+    if (codeSet != KyCodeSetOrders || IsNull()) return language;
+    const auto shownIn = static_cast<unsigned char>(language & ~kMark);
+    return shownIn != 0 ? shownIn : KyCodeSetLatin1;
 }
 
-void StringWalk::BeginPersistent(unsigned char flag, bool oldLayout) {
-    layout = oldLayout ? Layout::old : Layout::records;
-    if (left >= kLengthField) {
-        const unsigned length = ReadLength(at, form);
-        const std::size_t size = kLengthField + length;
-        if ((flag & kCurrentLayout) != 0) {
-            layout = Layout::records;
-        } else if (size <= left) {
-            layout = IsOldLayout(at, length) ? Layout::old : Layout::records;
-        }
-        if (layout == Layout::old) left = std::min(left, size);
-    }
-    if (layout == Layout::old) {
-        const std::size_t head = std::min(left, kLengthField);
-        at += head;
-        left -= head;
-    }
+std::size_t StoredText::Characters() const { return text != nullptr ? TextLength(text, Width(), bytes / Width()) : 0; }
+
+bool StoredText::IsAbsent() const {
+    if (bytes >= Width()) return AtEnd(text, Width());
+    return !cutShort || length < Width();
+}
+
+StringWalk::StringWalk(const void* array, std::size_t length, unsigned char flag, LayoutRule rule)
+    : at(static_cast<const unsigned char*>(array)), left(length != 0 ? length : kUnknown), form(FormOf(flag)) {
+    if (at == nullptr) return;
+    if (form != KyFormMemory) BeginPersistent(flag, rule);
+    if (!isMissing) Read();
+}
+
+void StringWalk::BeginPersistent(unsigned char flag, LayoutRule rule) {
+    isMissing = left < kLengthField;
+    if (isMissing) return;
+    const unsigned length = ReadLength(at, form);
+    const std::size_t size = kLengthField + length;
+    const bool lastByteIsThere = size <= left;
+    bool old = lastByteIsThere ? IsOldLayout(at, length) : rule != LayoutRule::byLastByte;
+    if (rule == LayoutRule::old) old = true;
+    if ((flag & kCurrentLayout) != 0) old = false;
+    layout = old ? Layout::old : Layout::records;
+    if (!old) return;
+    at += kLengthField;
+    left = std::min(left, size) - kLengthField;
+    told = length;
 }
 
 bool StringWalk::Next() {
-    if (at == nullptr || step >= left) return false;
+    if (at == nullptr || isMissing || step >= left) return false;
     at += step;
     if (left != kUnknown) left -= step;
+    told -= std::min(told, step);
     Read();
     return true;
 }
@@ -73,8 +84,10 @@ void StringWalk::Read() {
 
 void StringWalk::ReadObject() {
     const auto& s = *reinterpret_cast<const KyString*>(at);
+    const std::size_t content = RecordContent(s);
     current = {.text = s.StrGet(),
-               .bytes = RecordContent(s),
+               .bytes = content,
+               .length = content,
                .codeSet = s.CodeSetGet(),
                .language = s.LanguageGet(),
                .terminated = true,
@@ -84,34 +97,56 @@ void StringWalk::ReadObject() {
 
 void StringWalk::ReadRecord() {
     if (left < kRecordHead) {
-        current = {.cutShort = true};
-        step = left;
+        isMissing = true;
         return;
     }
     const unsigned length = ReadLength(at, form);
-    const std::size_t content = length > kRecordHead ? length - kRecordHead : 0;
-    const std::size_t present = std::min(content, left - kRecordHead);
+    const std::size_t content = ContentOf(length);
     step = kLengthField + length;
     const bool complete = step <= left;
+    const unsigned char codeSet = HeadByte(at, length, 2);
     current = {.text = reinterpret_cast<const char*>(at) + kRecordHead,
-               .bytes = present,
-               .codeSet = at[2],
-               .language = at[3],
-               .terminated = complete && length >= kRecordHead && CharWidth(at[2]) == 1,
+               .bytes = std::min(content, left - kRecordHead),
+               .length = content,
+               .codeSet = codeSet,
+               .language = HeadByte(at, length, 3),
+               .terminated = complete && CharWidth(codeSet) == 1 && content != 0 && at[kRecordHead + content] == 0,
                .cutShort = !complete};
 }
 
 void StringWalk::ReadOldText() {
-    const void* end = left != 0 ? std::memchr(at, 0, left) : nullptr;
+    isMissing = left == 0;
+    if (isMissing) return;
+    const void* end = std::memchr(at, 0, left);
     const std::size_t size =
         end != nullptr ? static_cast<std::size_t>(static_cast<const unsigned char*>(end) - at) : left;
-    current = {.text = left != 0 ? reinterpret_cast<const char*>(at) : nullptr,
+    current = {.text = reinterpret_cast<const char*>(at),
                .bytes = size,
-               .codeSet = 0,
-               .language = 0,
+               .length = end != nullptr ? size : std::max(size, told - std::min<std::size_t>(told, 1)),
+               .codeSet = KyCodeSetNative,
+               .language = KyLanguageNeutral,
                .terminated = end != nullptr,
                .cutShort = end == nullptr};
     step = end != nullptr ? size + 1 : left;
+}
+
+TerminatedText::TerminatedText(const StoredText& s, std::size_t without) {
+    if (s.terminated && without == 0) {
+        text = s.text;
+        return;
+    }
+    const std::size_t characters = s.bytes / s.Width();
+    const std::size_t bytes = (characters - std::min(characters, without)) * s.Width();
+    char* copy = local;
+    if (bytes > kLongestOnStack) copy = heap = static_cast<char*>(mmKymalloc(bytes + 2));
+    if (copy == nullptr) return;
+    CopyBytes(copy, s.text, bytes);
+    copy[bytes] = copy[bytes + 1] = 0;
+    text = copy;
+}
+
+TerminatedText::~TerminatedText() {
+    if (heap != nullptr) mmKyfree(heap);
 }
 
 }  // namespace ky

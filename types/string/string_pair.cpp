@@ -1,0 +1,215 @@
+#include "string_pair.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cstring>
+
+#include "common_text.h"
+#include "key_reader.h"
+#include "kystrcmp.h"
+#include "kystring.h"
+
+namespace ky {
+namespace {
+
+// --- without copies ---
+
+/// The orders that make a text a pattern.
+struct PatternOrders {
+    unsigned short asterisk = KyString::GetAsterisk();
+    unsigned short question = KyString::GetQuestion();
+    unsigned short escape = KyString::GetEscape();
+
+    bool Has(unsigned short order) const { return order == asterisk || order == question || order == escape; }
+};
+
+bool IsWildcardByte(char c) { return c == '*' || c == '?'; }
+
+/// How the characters of an 8-bit text, or of a Unicode text, are looked up.
+struct BytesByTable {
+    static constexpr unsigned width = 1;
+    const KeyTable& table;
+
+    const KeyPage& PageOf(const char*) const { return table; }
+    static unsigned IndexOf(const char* p) { return static_cast<unsigned char>(*p); }
+};
+
+struct UnitsByPages {
+    static constexpr unsigned width = 2;
+    KeyPages pages;
+    unsigned char form;
+
+    const KeyPage& PageOf(const char* p) const { return pages.PageOf(ReadUnit(p, form)); }
+    unsigned IndexOf(const char* p) const { return ReadUnit(p, form) & 0xFF; }
+    unsigned KeyOf(const char* p) const { return PageOf(p).keys[IndexOf(p)]; }
+};
+
+struct Orders {
+    unsigned char form;
+
+    unsigned KeyOf(const char* p) const {
+        const unsigned short order = ReadUnit(p, form);
+        return OrderKey(order, DefaultClass(order));
+    }
+};
+
+template <class Characters>
+bool HoldsPatternOrders(const Characters& characters, const StoredText& s) {
+    const PatternOrders pattern;
+    const char* end = s.text + s.bytes / Characters::width * Characters::width;
+    for (const char* p = s.text; p != end && !AtEnd(p, Characters::width); p += Characters::width) {
+        const KeyPage& page = characters.PageOf(p);
+        const unsigned index = characters.IndexOf(p);
+        // What expands, or counts together with others, has orders that are not looked up here.
+        if ((page.marks[index] & (KeyPage::kNeedsIterator | KeyPage::kJoinsNext)) != 0) return true;
+        if (pattern.Has(page.orders[index])) return true;
+    }
+    return false;
+}
+
+bool AreBytes(const StoredText& a, const StoredText& b) {
+    return a.codeSet == KyCodeSetNative && b.codeSet == KyCodeSetNative;
+}
+
+/// Whether the second text may hold what is not compared as it stands.
+bool MayBePattern(const StoredText& a, const StoredText& b, unsigned short op, unsigned char form) {
+    if (AreBytes(a, b)) return std::any_of(b.text, b.text + b.Characters(), IsWildcardByte);
+    const unsigned char language = ReadsNeutral(op) ? KyLanguageNeutral : b.language;
+    if (KeyPages::AreKept(b.codeSet, language)) {
+        return HoldsPatternOrders(UnitsByPages{KeyPages(language), form}, b);
+    }
+    const KeyTable* table = KeyTableOf(b.codeSet, language);
+    return table == nullptr || HoldsPatternOrders(BytesByTable{*table}, b);
+}
+
+/// Nothing where keys depend on their neighbours.
+template <class Units>
+std::optional<int> CompareUnits(const Units& units, const StoredText& a, const StoredText& b, unsigned mask) {
+    const std::size_t bytesA = a.bytes & ~std::size_t{1};
+    const std::size_t bytesB = b.bytes & ~std::size_t{1};
+    const std::size_t both = std::min(bytesA, bytesB);
+    for (std::size_t at = 0;; at += 2) {
+        at = CommonUnitsFrom(a.text, b.text, at, both);
+        const unsigned keyA = at < bytesA ? units.KeyOf(a.text + at) : 0;
+        const unsigned keyB = at < bytesB ? units.KeyOf(b.text + at) : 0;
+        if (KeyPage::IsMarked(keyA | keyB)) return std::nullopt;
+        if (((keyA ^ keyB) & mask) != 0) return Order(keyA & mask, keyB & mask);
+        if (keyA == 0) return 0;
+    }
+}
+
+// --- the characters at the end of a cut text ---
+
+/// The largest number of characters that count as one in a language.
+unsigned LongestJoined(unsigned char language) {
+    static constinit std::atomic<unsigned char> ofLanguages[256] = {};  // 0: not known yet
+    const unsigned char known = ofLanguages[language].load(std::memory_order_relaxed);
+    if (known != 0) return known;
+    const KyLanguage* rules = KyLanguageContext::QueryLanguage(language);
+    const KyCodeSet& unicode = CodeSetOf(KyCodeSetUnicode);
+    unsigned longest = 1;
+    for (unsigned code = 1; code < 0x10000; ++code) {
+        const KyCharProps* record = unicode.GetProperty(static_cast<unsigned short>(code));
+        if (record == nullptr || record->rules == nullptr) continue;
+        if (rules != nullptr) record = &rules->Select(*record);
+        if (record->rules == nullptr) continue;
+        for (const KyContraction& entry : record->rules->contractions) {
+            longest = std::max<unsigned>(longest, entry.rest.count + 1u);
+        }
+    }
+    ofLanguages[language].store(static_cast<unsigned char>(longest), std::memory_order_relaxed);
+    return longest;
+}
+
+/// The buffer's end leaves open how the text goes on.
+bool IsCut(const StoredText& s) { return s.cutShort && s.Characters() == s.bytes / s.Width(); }
+
+}  // namespace
+
+std::optional<int> CompareInPlace(const StoredText& a, const StoredText& b, unsigned short op, unsigned char form) {
+    if (a.cutShort || b.cutShort) return std::nullopt;
+    if (AllowsWildcards(op)) {
+        if (a.IsNull() || b.IsMarked() || MayBePattern(a, b, op, form)) return std::nullopt;
+        op |= KyCmpExact;
+    }
+    if (a.terminated && b.terminated) {
+        return KyStrCmp(a.codeSet, a.ReadingLanguage(), a.text, b.codeSet, b.ReadingLanguage(), b.text, op, -1, form,
+                        nullptr);
+    }
+    if (a.codeSet != b.codeSet || a.IsNull() || b.IsNull()) return std::nullopt;
+    const unsigned mask = KeyMask(op);
+    if (a.codeSet == KyCodeSetOrders) return CompareUnits(Orders{form}, a, b, mask);
+    const bool neutral = ReadsNeutral(op);
+    const bool sameLanguage = neutral || a.language == b.language;
+    const unsigned char language = neutral ? KyLanguageNeutral : a.language;
+    if (!sameLanguage || !KeyPages::AreKept(a.codeSet, language)) return std::nullopt;
+    return CompareUnits(UnitsByPages{KeyPages(language), form}, a, b, mask);
+}
+
+StringPair::StringPair(const StoredText& a, const StoredText& b, unsigned short compareOp, unsigned char formOfBoth)
+    : firstIsCut(IsCut(a)),
+      secondIsCut(IsCut(b)),
+      firstLength(a.length),
+      secondLength(b.length),
+      first(a),
+      second(b),
+      op(compareOp),
+      form(formOfBoth),
+      areBytes(AreBytes(a, b)),
+      textA(a, firstIsCut ? UncertainCharacters(a) : 0),
+      textB(b, secondIsCut ? UncertainCharacters(b) : 0) {}
+
+unsigned char StringPair::LanguageOf(const StoredText& s) const {
+    return ReadsNeutral(op) ? KyLanguageNeutral : s.ReadingLanguage();
+}
+
+/// What is cut off may count as one with the last characters.
+std::size_t StringPair::UncertainCharacters(const StoredText& s) const {
+    return areBytes || s.codeSet == KyCodeSetOrders ? 0 : LongestJoined(LanguageOf(s)) - 1;
+}
+
+std::size_t StringPair::KeysOf(const StoredText& s, const char* text, std::size_t most) const {
+    if (areBytes) return strnlen(text, most);
+    KeyReader reader(text, s.codeSet, LanguageOf(s), form, ~0u, ~0u);
+    std::size_t keys = 0;
+    while (keys < most && (reader.Next(), reader.Order() != 0)) ++keys;
+    return keys;
+}
+
+std::optional<LiteralPart> StringPair::Literals() const {
+    return second.codeSet == KyCodeSetNative ? LiteralBytes() : LiteralOrders();
+}
+
+std::optional<LiteralPart> StringPair::LiteralBytes() const {
+    const char* text = textB.Text();
+    const std::size_t at = std::strcspn(text, "*?");
+    if (text[at] == 0) return std::nullopt;
+    return LiteralPart{at, text[at] == '*' && text[at + 1] == 0 && !secondIsCut};
+}
+
+/// An escape and what it escapes are one order; an escape at the end stands for itself.
+std::optional<LiteralPart> StringPair::LiteralOrders() const {
+    const PatternOrders pattern;
+    KeyReader reader(textB.Text(), second.codeSet, LanguageOf(second), form, ~0u, ~0u);
+    const auto next = [&] {
+        reader.Next();
+        return reader.Order();
+    };
+    for (std::size_t keys = 0;; ++keys) {
+        const unsigned short order = next();
+        if (order == 0) return second.IsMarked() ? std::optional(LiteralPart{keys, false}) : std::nullopt;
+        if (order == pattern.question) return LiteralPart{keys, false};
+        if (order == pattern.asterisk) return LiteralPart{keys, next() == 0 && !secondIsCut};
+        if (order == pattern.escape) next();
+    }
+}
+
+int StringPair::Compare(std::size_t keys) const {
+    // A text that has more keys than the comparer can be told to look at is compared by fewer, which leaves more open.
+    constexpr std::size_t most = 0xFFFE;
+    const short limit = keys == kAllKeys ? short{-1} : static_cast<short>(std::min(keys, most));
+    return KyStrCmp(first.codeSet, first.ReadingLanguage(), textA.Text(), second.codeSet, second.ReadingLanguage(),
+                    textB.Text(), op, limit, form, nullptr);
+}
+
+}  // namespace ky
