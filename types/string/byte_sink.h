@@ -5,6 +5,7 @@
 #include <cstddef>
 
 #include "kybase.h"
+#include "kytypes.h"
 #include "raw_bytes.h"
 
 namespace ky {
