@@ -8,6 +8,7 @@
 #include "key_reader.h"
 #include "kystrcmp.h"
 #include "kystring.h"
+#include "kystring_build.h"
 
 namespace ky {
 namespace {
@@ -89,7 +90,7 @@ std::optional<int> CompareUnits(const Units& units, const StoredText& a, const S
     const std::size_t bytesB = b.bytes & ~std::size_t{1};
     const std::size_t both = std::min(bytesA, bytesB);
     for (std::size_t at = 0;; at += 2) {
-        at = CommonUnitsFrom(a.text, b.text, at, both);
+        at += CommonUnits(a.text + at, b.text + at, both - std::min(at, both));
         const unsigned keyA = at < bytesA ? units.KeyOf(a.text + at) : 0;
         const unsigned keyB = at < bytesB ? units.KeyOf(b.text + at) : 0;
         if (KeyPage::IsMarked(keyA | keyB)) return std::nullopt;
@@ -119,6 +120,11 @@ unsigned LongestJoined(unsigned char language) {
     }
     ofLanguages[language].store(static_cast<unsigned char>(longest), std::memory_order_relaxed);
     return longest;
+}
+
+unsigned short NextOrder(KeyReader& reader) {
+    reader.Next();
+    return reader.Order();
 }
 
 /// The buffer's end leaves open how the text goes on.
@@ -163,16 +169,26 @@ unsigned char StringPair::LanguageOf(const StoredText& s) const {
     return ReadsNeutral(op) ? KyLanguageNeutral : s.ReadingLanguage();
 }
 
+KeyReader StringPair::ReaderOf(const StoredText& s, const char* text) const {
+    return KeyReader(text, s.codeSet, LanguageOf(s), form, ~0u, ~0u);
+}
+
 /// What is cut off may count as one with the last characters.
 std::size_t StringPair::UncertainCharacters(const StoredText& s) const {
     return areBytes || s.codeSet == KyCodeSetOrders ? 0 : LongestJoined(LanguageOf(s)) - 1;
 }
 
-std::size_t StringPair::KeysOf(const StoredText& s, const char* text, std::size_t most) const {
+/// An escape and what it escapes are one key; what the last one of a cut text escapes is not known.
+std::size_t StringPair::KeysOf(const StoredText& s, const char* text, std::size_t most, bool hasEscapes) const {
     if (areBytes) return strnlen(text, most);
-    KeyReader reader(text, s.codeSet, LanguageOf(s), form, ~0u, ~0u);
+    const unsigned short escape = KyString::GetEscape();
+    KeyReader reader = ReaderOf(s, text);
     std::size_t keys = 0;
-    while (keys < most && (reader.Next(), reader.Order() != 0)) ++keys;
+    for (; keys < most; ++keys) {
+        unsigned short order = NextOrder(reader);
+        if (hasEscapes && order == escape) order = NextOrder(reader);
+        if (order == 0) break;
+    }
     return keys;
 }
 
@@ -190,17 +206,13 @@ std::optional<LiteralPart> StringPair::LiteralBytes() const {
 /// An escape and what it escapes are one order; an escape at the end stands for itself.
 std::optional<LiteralPart> StringPair::LiteralOrders() const {
     const PatternOrders pattern;
-    KeyReader reader(textB.Text(), second.codeSet, LanguageOf(second), form, ~0u, ~0u);
-    const auto next = [&] {
-        reader.Next();
-        return reader.Order();
-    };
+    KeyReader reader = ReaderOf(second, textB.Text());
     for (std::size_t keys = 0;; ++keys) {
-        const unsigned short order = next();
+        const unsigned short order = NextOrder(reader);
         if (order == 0) return second.IsMarked() ? std::optional(LiteralPart{keys, false}) : std::nullopt;
         if (order == pattern.question) return LiteralPart{keys, false};
-        if (order == pattern.asterisk) return LiteralPart{keys, next() == 0 && !secondIsCut};
-        if (order == pattern.escape) next();
+        if (order == pattern.asterisk) return LiteralPart{keys, NextOrder(reader) == 0 && !secondIsCut};
+        if (order == pattern.escape) NextOrder(reader);
     }
 }
 

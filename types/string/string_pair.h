@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "compare_rules.h"
+#include "key_reader.h"
 #include "string_records.h"
 
 namespace ky {
@@ -29,8 +30,8 @@ public:
 
     std::optional<LiteralPart> Literals() const;
     int Compare(std::size_t keys) const;
-    std::size_t KeysOfFirst(std::size_t most) const { return KeysOf(first, textA.Text(), most); }
-    std::size_t KeysOfSecond(std::size_t most) const { return KeysOf(second, textB.Text(), most); }
+    std::size_t KeysOfFirst(std::size_t most) const { return KeysOf(first, textA.Text(), most, false); }
+    std::size_t KeysOfSecond(std::size_t most) const { return KeysOf(second, textB.Text(), most, AllowsWildcards(op)); }
 
 private:
     const StoredText& first;
@@ -42,8 +43,9 @@ private:
     TerminatedText textB;
 
     unsigned char LanguageOf(const StoredText& s) const;
+    KeyReader ReaderOf(const StoredText& s, const char* text) const;
     std::size_t UncertainCharacters(const StoredText& s) const;
-    std::size_t KeysOf(const StoredText& s, const char* text, std::size_t most) const;
+    std::size_t KeysOf(const StoredText& s, const char* text, std::size_t most, bool hasEscapes) const;
     std::optional<LiteralPart> LiteralBytes() const;
     std::optional<LiteralPart> LiteralOrders() const;
 };

@@ -205,4 +205,110 @@ TEST(StringSize, FileThatEndsEarly) {
     EXPECT_EQ(KyStringTab.SizeGetFromMemFile(&head, 1, 2), 0U);
 }
 
+TEST(StringLoad, KnownToBeInTheCurrentLayout) {
+    // Its last byte says otherwise.
+    const std::vector<unsigned char> bytes = Bytes("05 00 01 00 61 00 00");
+    GuardedBuffer buffer(bytes);
+    KyString loaded;
+    EXPECT_EQ(KyStringTab.Load(&loaded, buffer.data(), 0x81, 1), 7U);
+    EXPECT_EQ(Text(loaded), "a");
+    EXPECT_EQ(KyStringTab.SizeGet(buffer.data(), 0x81, 0x81, 1), 7U);
+}
+
+TEST(StringLoad, RecordsThatAreTooShort) {
+    const struct {
+        const char* bytes;
+        unsigned char flag;
+        unsigned size;
+        unsigned char codeSet, language;
+    } cases[] = {
+        {"00 00", 0x81, 2, 0, 0},          {"01 00 FF", 1, 3, 0xFF, 0},       {"02 00 01 FF", 1, 4, 1, 0xFF},
+        {"03 00 01 FE FF", 1, 5, 1, 0xFE}, {"04 00 01 05 00 FF", 1, 6, 1, 5}, {"05 00 FD 05 61 00 FF", 1, 7, 0xFD, 5},
+    };
+    for (const auto& c : cases) {
+        GuardedBuffer buffer(Bytes(c.bytes));
+        KyString loaded("old");
+        EXPECT_EQ(KyStringTab.Load(&loaded, buffer.data(), c.flag, 1), c.size) << c.bytes;
+        EXPECT_EQ(loaded.BufferSizeGet(), 0) << c.bytes;
+        EXPECT_EQ(loaded.CodeSetGet(), c.codeSet) << c.bytes;
+        EXPECT_EQ(loaded.LanguageGet(), c.language) << c.bytes;
+        EXPECT_EQ(KyStringTab.SizeGet(buffer.data(), c.flag, c.flag, 1), c.size) << c.bytes;
+    }
+}
+
+TEST(StringLoad, OldTextsEndWithTheirArray) {
+    GuardedBuffer buffer(Bytes("03 00 61 00 00"));
+    KyString loaded[4] = {"x", "x", "x", "x"};
+    EXPECT_EQ(KyStringTab.Load(loaded, buffer.data(), 1, 4), 5U);
+    EXPECT_EQ(Text(loaded[0]), "a");
+    for (int i = 1; i < 4; ++i) EXPECT_EQ(Text(loaded[i]), "") << i;
+    GuardedBuffer none(Bytes("00 00"));
+    EXPECT_EQ(KyStringTab.Load(loaded, none.data(), 1, 1), 2U);
+    EXPECT_EQ(Text(loaded[0]), "");
+}
+
+TEST(StringOldStore, ShortensWhatTheLengthFieldCannotTell) {
+    const OverflowSwitch raised(0);
+    const std::string half(40000, 'x');
+    KyString strings[] = {half.c_str(), half.c_str(), "third"};
+    const unsigned size = KyOldStringTab.SizeGet(strings, KyFormMemory, 1, 3);
+    EXPECT_EQ(size, 2U + 65535);
+    GuardedBuffer buffer(size);
+    EXPECT_EQ(KyOldStringTab.Store(buffer.data(), strings, 1, 3), size);
+    ASSERT_EQ(OverflowSwitch::Raised().size(), 1U);
+    EXPECT_EQ(OverflowSwitch::Raised()[0].find("array total <= 65535|src/kystring|"), 0U);
+    KyString loaded[3];
+    EXPECT_EQ(KyOldStringTab.Load(loaded, buffer.data(), 1, 3), size);
+    EXPECT_EQ(loaded[0].Len(), 40000);
+    EXPECT_EQ(loaded[1].Len(), 65535 - 40001 - 1 - 1);
+    EXPECT_EQ(loaded[2].Len(), 0);
+
+    std::vector<KyString> many(70000);
+    GuardedBuffer zeros(2 + 65535);
+    EXPECT_EQ(KyOldStringTab.SizeGet(many.data(), KyFormMemory, 1, 70000), zeros.size());
+    EXPECT_EQ(KyOldStringTab.Store(zeros.data(), many.data(), 1, 70000), zeros.size());
+}
+
+TEST(StringSize, InAnotherForm) {
+    constexpr unsigned char units = 0x21;
+    constexpr unsigned char orders = 0x41;
+    const struct {
+        const char* what;
+        KyString s;
+        unsigned plain, asUnits, asOrders;
+    } cases[] = {
+        {"letters", Labelled("abc", 1, 0), 9, 12, 12},
+        {"expansion",
+         Labelled(Narrow("Stra\xDF"
+                         "e"),
+                  1, 0),
+         12, 18, 20},
+        {"contraction", Labelled("ch", 1, 10), 8, 10, 8},
+        {"slack", Labelled(KyString("a\0bcd", 5), 1, 0), 11, 8, 8},
+        {"no buffer", KyString(1, 0), 6, 6, 6},
+        {"null", Null(), 6, 6, 6},
+        {"16-bit", Labelled(Wide(u"ab"), 253, 0), 10, 10, 10},
+    };
+    unsigned char memory[64];
+    for (const auto& c : cases) {
+        EXPECT_EQ(KyStringTab.SizeGet(&c.s, 8, 1, 1), c.plain) << c.what;
+        EXPECT_EQ(KyStringTab.SizeGet(&c.s, 8, 0x81, 1), c.plain) << c.what;
+        EXPECT_EQ(KyStringTab.SizeGet(&c.s, 8, units, 1), c.asUnits) << c.what;
+        EXPECT_EQ(KyStringTab.SizeGet(&c.s, 8, orders, 1), c.asOrders) << c.what;
+        EXPECT_EQ(KyStringTab.SizeGet(&c.s, 8, units | orders, 1), c.asOrders) << c.what;
+        for (const unsigned char form : std::initializer_list<unsigned char>{1, 2}) {
+            const unsigned stored = KyStringTab.Store(memory, &c.s, form, 1);
+            GuardedBuffer record(std::span(memory, stored));
+            EXPECT_EQ(KyStringTab.SizeGet(record.data(), form, form, 1), c.plain) << c.what;
+            EXPECT_EQ(KyStringTab.SizeGet(record.data(), form, units, 1), c.asUnits) << c.what;
+            EXPECT_EQ(KyStringTab.SizeGet(record.data(), form | 0x80, orders, 1), c.asOrders) << c.what;
+            MemFile file(record.data(), stored);
+            EXPECT_EQ(KyStringTab.SizeGetFromMemFile(&file, form | 0x20, 1), c.asUnits) << c.what;
+            EXPECT_EQ(KyStringTab.SizeGetFromMemFile(&file, form | 0x40, 1), c.asOrders) << c.what;
+            EXPECT_EQ(KyOldStringTab.SizeGetFromMemFile(&file, form | 0x40, 1), c.plain) << c.what;
+            EXPECT_EQ(KyOldStringTab.SizeGet(record.data(), form, orders, 1), KyOldStringTab.SizeGet(&c.s, 8, 1, 1));
+        }
+    }
+}
+
 }  // namespace

@@ -150,7 +150,7 @@ TEST(StringPrint, Formats) {
     };
     for (const auto& c : cases) {
         KyString value("text");
-        KyString out("old");
+        KyString out;
         EXPECT_EQ(&KyStringTab.PrintToKyString(out, &value, c.format, 1), &out);
         if (c.expected == nullptr) {
             EXPECT_EQ(out.Len(), 65531) << c.format;
@@ -164,7 +164,7 @@ TEST(StringPrint, Formats) {
 TEST(StringPrint, TheOutputTakesTheValuesCodeSet) {
     KyString value(KyCodeSetWindows1252, 3);
     value += "text";
-    KyString out("old");
+    KyString out;
     out.LanguageSet(7);
     KyStringTab.PrintToKyString(out, &value, "<%s>", 1);
     EXPECT_EQ(Text(out), "<text>");
@@ -175,7 +175,7 @@ TEST(StringPrint, TheOutputTakesTheValuesCodeSet) {
 TEST(StringPrint, UnicodeIsConvertedToTheOutput) {
     const OtherDefaults restored;
     KyString value = Wide(u"text");
-    KyString out("old");
+    KyString out;
     KyStringTab.PrintToKyString(out, &value, "<%s>", 1);
     EXPECT_EQ(Text(out), "<text>");
     EXPECT_EQ(out.CodeSetGet(), KyString::GetDefault8CodeSet());
@@ -188,7 +188,7 @@ TEST(StringPrint, UnicodeIsConvertedToTheOutput) {
     KyString::SetDefaultCodeSet(KyCodeSetWindows1252);
     KyStringTab.PrintToKyString(native, &value, "%s", 1);
     EXPECT_EQ(native.CodeSetGet(), KyCodeSetWindows1252);
-    native.SetCodeSet(0);
+    native = KyString(static_cast<unsigned char>(0), 0);
     KyString::SetDefaultCodeSet(0);
     KyStringTab.PrintToKyString(native, &value, "%s", 1);
     EXPECT_EQ(native.CodeSetGet(), KyLanguageContext::GetNativeCodeSet());
@@ -197,10 +197,13 @@ TEST(StringPrint, UnicodeIsConvertedToTheOutput) {
 
 TEST(StringPrint, NullAndEmpty) {
     KyString null = Null();
-    KyString out("old");
+    KyString out;
     KyStringTab.PrintToKyString(out, &null, "<%s>", 1);
     EXPECT_EQ(Text(out), "{NULL}");
     KyString empty(KyCodeSetWindows1252, 5);
+    KyStringTab.PrintToKyString(out, &empty, "<%s>", 1);
+    EXPECT_EQ(Text(out), "{NULL}") << "an output that has text keeps it";
+    out = "";
     KyStringTab.PrintToKyString(out, &empty, "<%s>", 1);
     EXPECT_TRUE(out.IsEmpty());
     EXPECT_EQ(out.CodeSetGet(), KyCodeSetWindows1252);
@@ -216,7 +219,29 @@ TEST(StringPrint, NullAndEmpty) {
 TEST(StringPrint, OntoItself) {
     KyString value("text");
     KyStringTab.PrintToKyString(value, &value, "<%s>", 1);
-    EXPECT_EQ(Text(value), "<text>");
+    EXPECT_EQ(Text(value), "text<text>");
+}
+
+TEST(StringPrint, AppendsToAnOutputThatHasText) {
+    KyString out(KyCodeSetWindows1252, 7);
+    out += "old ";
+    KyString value = Wide(u"n\u00E4h\u20AC");
+    KyStringTab.PrintToKyString(out, &value, "<%s>", 1);
+    EXPECT_EQ(Text(out), "old <n\xE4h\x80>") << "mapped into the output's code set";
+    KyString latin = Narrow("\xE4");
+    KyStringTab.PrintToKyString(out, &latin, "%s", 1);
+    KyString null = Null();
+    KyStringTab.PrintToKyString(out, &null, "<%s>", 1);
+    EXPECT_EQ(Text(out), "old <n\xE4h\x80>\xE4{NULL}");
+    EXPECT_EQ(out.CodeSetGet(), KyCodeSetWindows1252);
+    EXPECT_EQ(out.LanguageGet(), 7);
+
+    KyString wide = Wide(u"w");
+    KyStringTab.PrintToKyString(wide, &latin, "%s", 1);
+    EXPECT_EQ(Text16(wide), u"w\u00E4");
+    KyString unfit("a");
+    KyStringTab.PrintToKyString(unfit, &latin, "%d", 1);
+    EXPECT_EQ(Text(unfit), "a");
 }
 
 TEST(StringScan, TakesTheWholeText) {
@@ -249,6 +274,31 @@ TEST(StringScan, NullPrintStringMakesNull) {
     EXPECT_TRUE(value.IsNullValue());
 }
 
+// --- GetValue ---
+
+TEST(StringGetValue, StoredStringsHaveNoSuccessor) {
+    unsigned char record[] = {5, 0, 1, 0, 'a', 0, 0xFF};
+    const unsigned char before[] = {5, 0, 1, 0, 'a', 0, 0xFF};
+    EXPECT_EQ(KyStringTab.GetValue(record, 1, 0x81, KyValueKeep), 0);
+    EXPECT_EQ(KyStringTab.GetValue(record, 1, 0x81, KyValueStep), KyErrNoSuccessor);
+    EXPECT_EQ(KyStringTab.GetValue(record, 1, 0x81, KyValueStepNext), KyErrNoSuccessor);
+    EXPECT_EQ(KyStringTab.GetValue(record, 1, 0x81, KyValueLeast), KyErrNotSupported);
+    for (const unsigned char form : std::initializer_list<unsigned char>{1, 2, 8, 0x82, 0x80}) {
+        EXPECT_EQ(KyStringTab.GetValue(record, 1, form, KyValueStep), KyErrNotSupported) << int{form};
+        EXPECT_EQ(KyStringTab.GetValue(record, 1, form, KyValueKeep), KyErrNotSupported) << int{form};
+    }
+    EXPECT_EQ(std::memcmp(record, before, sizeof record), 0);
+}
+
+TEST(StringSlots, DefaultValuesAreEmptyAndNotNull) {
+    auto* values = static_cast<KyString*>(KyStringTab.DefaultValue(3, 0));
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_TRUE(values[i].IsEmpty());
+        EXPECT_FALSE(values[i].IsNullValue());
+    }
+    KyStringTab.Delete(values, 3);
+}
+
 // --- the rows ---
 
 TEST(StringRows, NamesAndSharedSlots) {
@@ -262,6 +312,9 @@ TEST(StringRows, NamesAndSharedSlots) {
         EXPECT_EQ(row->end, nullptr);
     }
     EXPECT_NE(KyStringTab.Store, KyOldStringTab.Store);
+    EXPECT_EQ(KyStringTab.Translate, KyStringTranslate);
+    EXPECT_EQ(KyOldStringTab.Translate, KyStringOldTranslate);
+    EXPECT_EQ(KyStringTab.GetValue, KyGetValueKyString);
     EXPECT_EQ(KyOldStringTab.GetValue, KyGetValueFuncDummy);
 }
 

@@ -1,0 +1,341 @@
+/// Comparison of patterns, of records that the buffer's end cuts short, and of marked ones.
+
+#include <gtest/gtest.h>
+
+#include "generated_strings.h"
+#include "kystring.h"
+#include "kystring_slots.h"
+#include "oracle/slow_string_order.h"
+#include "string_texts.h"
+#include "support/guarded_buffer.h"
+#include "support/hex.h"
+
+namespace slow {
+void PrintTo(const Outcome& o, std::ostream* out) { *out << o.sign << " err " << o.err; }
+}  // namespace slow
+
+namespace {
+
+using slow::Outcome;
+
+constexpr unsigned short kWild = 0;
+constexpr unsigned short kExact = 0x100;
+
+Outcome Compared(const KyTypeTab& row, unsigned char flag, unsigned len1, const void* a, unsigned len2, const void* b,
+                 unsigned short op, unsigned count = 1) {
+    Outcome out{0, 77};
+    out.sign = row.Compare(flag, len1, const_cast<void*>(a), len2, const_cast<void*>(b), op, count, out.err);
+    return out;
+}
+
+std::vector<unsigned char> RecordOf(const KyString& s, unsigned char form) {
+    std::vector<unsigned char> bytes(KyStringTab.SizeGet(&s, KyFormMemory, form, 1));
+    KyStringTab.Store(bytes.data(), &s, form, 1);
+    return bytes;
+}
+
+/// What the first `length` bytes of the records compare like, against an inaccessible page; 0: all of them, their
+/// lengths not given.
+Outcome ComparedParts(const std::vector<unsigned char>& a, unsigned lengthA, const std::vector<unsigned char>& b,
+                      unsigned lengthB, unsigned short op, unsigned char flag) {
+    const auto part = [](const std::vector<unsigned char>& record, unsigned length) {
+        return std::span(record.data(), length != 0 ? length : record.size());
+    };
+    GuardedBuffer partA(part(a, lengthA));
+    GuardedBuffer partB(part(b, lengthB));
+    return Compared(KyStringTab, flag, lengthA, partA.data(), lengthB, partB.data(), op);
+}
+
+KyString Labelled(const KyString& s, unsigned char codeSet, unsigned char language) {
+    KyString labelled(s);
+    labelled.SetCodeSetCode(codeSet);
+    labelled.LanguageSet(language);
+    return labelled;
+}
+
+KyString OrderText(std::initializer_list<unsigned short> orders, unsigned char language) {
+    return StringGenerator::FromCodes(KyCodeSetOrders, language, orders);
+}
+
+// --- patterns ---
+
+TEST(StringPattern, TextsAreComparedUpToTheFirstWildcard) {
+    const struct {
+        const char *text, *pattern;
+        unsigned short op;
+        Outcome expected;
+    } cases[] = {
+        {"abc", "a*d", kWild, {0, 2101}},     {"abc", "a*", kWild, {0, 2101}},     {"abc", "b*", kWild, {-1, 2101}},
+        {"abc", "a?c", kWild, {0, 2101}},     {"abc", "*", kWild, {0, 2101}},      {"abc", "?", kWild, {0, 2101}},
+        {"ab", "abc*", kWild, {-1, 2101}},    {"abd", "abc*", kWild, {1, 2101}},   {"abc", "abc", kWild, {0, 0}},
+        {"abc", "abd", kWild, {-1, 0}},       {"abcd", "abc", kWild, {1, 0}},      {"ABC", "ab*", 0x20, {0, 2101}},
+        {"ABC", "ab*", kWild, {-1, 2101}},    {"ABC", "abc", 0x20, {0, 0}},        {"a*c", "a\\*c", kWild, {0, 0}},
+        {"a*cd", "a\\*c*", kWild, {0, 2101}}, {"a*d", "a\\*c*", kWild, {1, 2101}}, {"a\\b", "a\\\\*", kWild, {0, 2101}},
+        {"a\\", "a\\", kWild, {0, 0}},        {"abc", "a*d", 0x10, {1, 0}},        {"a*d", "a*d", kExact, {0, 0}},
+        {"abc", "a*", 0x80, {0, 2101}},
+    };
+    for (const auto& c : cases) {
+        const KyString text = Labelled(c.text, 1, 0);
+        const KyString pattern = Labelled(c.pattern, 1, 0);
+        EXPECT_EQ(Compared(KyStringTab, 8, 0, &text, 0, &pattern, c.op), c.expected) << c.text << " " << c.pattern;
+        KyString wideText(text);
+        KyString widePattern(pattern);
+        wideText.MapToCodeSet(KyCodeSetUnicode);
+        widePattern.MapToCodeSet(KyCodeSetUnicode);
+        for (const KyString* a : {&text, static_cast<const KyString*>(&wideText)}) {
+            for (const KyString* b : {&pattern, static_cast<const KyString*>(&widePattern)}) {
+                for (const unsigned char flag : std::initializer_list<unsigned char>{1, 2, 0x81, 0x82}) {
+                    EXPECT_EQ(ComparedParts(RecordOf(*a, flag & 15), 0, RecordOf(*b, flag & 15), 0, c.op, flag),
+                              c.expected)
+                        << c.text << " " << c.pattern << " " << int{flag};
+                }
+            }
+        }
+    }
+}
+
+TEST(StringPattern, ExpansionsAndContractionsCountAsTheirOrders) {
+    const KyString street = Labelled(Narrow("Stra\xDF"
+                                            "e"),
+                                     1, 0);
+    const KyString asLetters = Labelled("Strass*", 1, 0);
+    EXPECT_EQ(Compared(KyStringTab, 8, 0, &street, 0, &asLetters, 0x40), (Outcome{0, 2101}));
+    const KyString czech = Labelled("chata", 1, 10);
+    const KyString pattern = Labelled("ch*", 1, 10);
+    EXPECT_EQ(Compared(KyStringTab, 8, 0, &czech, 0, &pattern, kWild), (Outcome{0, 2101}));
+    const KyString other = Labelled("c*", 1, 10);
+    EXPECT_EQ(Compared(KyStringTab, 8, 0, &czech, 0, &other, kWild), (Outcome{1, 2101})) << "ch is a letter of its own";
+}
+
+TEST(StringPattern, OfBytes) {
+    const KyString text = Labelled("a\\bc", 0, 0);
+    const KyString pattern = Labelled("a\\*", 0, 0);
+    EXPECT_EQ(Compared(KyStringTab, 8, 0, &text, 0, &pattern, kWild), (Outcome{0, 2101})) << "no escapes";
+    const KyString below = Labelled("Z", 0, 0);
+    EXPECT_EQ(Compared(KyStringTab, 8, 0, &below, 0, &text, kWild), (Outcome{-1, 0}));
+}
+
+TEST(StringPattern, EndsTheWalk) {
+    const KyString a[] = {"abc", "z"};
+    const KyString b[] = {"a*", "a"};
+    EXPECT_EQ(Compared(KyStringTab, 8, 0, a, 0, b, kWild, 2), (Outcome{0, 2101}));
+    EXPECT_EQ(Compared(KyStringTab, 8, 0, a, 0, b, kExact, 2), (Outcome{1, 0}));
+}
+
+// --- absent texts ---
+
+TEST(StringAbsent, NullAndEmpty) {
+    KyString null;
+    null.SetNullValue();
+    const KyString empty("");
+    for (const unsigned short op : std::initializer_list<unsigned short>{0, 0x20, 0x10, 0x100, 0x200}) {
+        const bool exact = (op & 0x110) != 0;
+        for (const unsigned char flag : std::initializer_list<unsigned char>{8, 1, 2, 0x81}) {
+            const auto compared = [&](const KyString& a, const KyString& b) {
+                if (flag == 8) return Compared(KyStringTab, 8, 0, &a, 0, &b, op);
+                return ComparedParts(RecordOf(a, flag & 15), 0, RecordOf(b, flag & 15), 0, op, flag);
+            };
+            EXPECT_EQ(compared(null, null), (Outcome{0, 0}));
+            EXPECT_EQ(compared(empty, empty), (Outcome{0, 0}));
+            EXPECT_EQ(compared(null, empty), (Outcome{exact ? -1 : 0, 0}));
+            EXPECT_EQ(compared(empty, null), (Outcome{exact ? 1 : 0, 0}));
+            EXPECT_EQ(compared(null, "a"), (Outcome{-1, 0}));
+            EXPECT_EQ(compared("a", empty), (Outcome{1, 0}));
+            EXPECT_EQ(compared(empty, "*"), (Outcome{-1, 0}));
+            EXPECT_EQ(compared("*", empty), (Outcome{1, 0}));
+        }
+    }
+}
+
+TEST(StringAbsent, SlackDoesNotCount) {
+    const KyString tight("ab");
+    const KyString slack = KyString("ab\0xyz", 6);
+    for (const unsigned short op : {kWild, kExact}) {
+        EXPECT_EQ(Compared(KyStringTab, 8, 0, &tight, 0, &slack, op), (Outcome{0, 0}));
+        const auto record = RecordOf(slack, 1);
+        EXPECT_EQ(ComparedParts(RecordOf(tight, 1), 0, record, 0, op, 1), (Outcome{0, 0}));
+        EXPECT_EQ(ComparedParts(RecordOf(tight, 1), 0, record, 8, op, 1), (Outcome{0, 0})) << "cut behind its end";
+        EXPECT_EQ(ComparedParts(RecordOf(tight, 1), 0, record, 6, op, 1).err, 2101) << "cut before";
+    }
+}
+
+// --- cut records ---
+
+TEST(StringCut, TheLongerIsBehind) {
+    const auto shorter = RecordOf(Labelled("abcd", 1, 0), 1);
+    const auto longer = RecordOf(Labelled("abcde", 1, 0), 1);
+    const auto other = RecordOf(Labelled("abx", 1, 0), 1);
+    for (const unsigned short op : {kWild, kExact}) {
+        EXPECT_EQ(ComparedParts(shorter, 6, longer, 6, op, 1), (Outcome{-1, 2101}));
+        EXPECT_EQ(ComparedParts(longer, 6, shorter, 6, op, 1), (Outcome{1, 2101}));
+        EXPECT_EQ(ComparedParts(shorter, 6, shorter, 7, op, 1), (Outcome{0, 2101}));
+        EXPECT_EQ(ComparedParts(longer, 6, shorter, 6, op | 0x80, 1), (Outcome{0, 2101}));
+        EXPECT_EQ(ComparedParts(shorter, 7, other, 0, op, 1), (Outcome{-1, 0})) << "decided before";
+        EXPECT_EQ(ComparedParts(longer, 4, shorter, 0, op, 1), (Outcome{1, 2101})) << "nothing but the head";
+        EXPECT_EQ(ComparedParts(longer, 3, shorter, 0, op, 1), (Outcome{0, 2101})) << "not even the head";
+    }
+}
+
+TEST(StringCut, APatternThatLeavesNothingOpen) {
+    const auto text = RecordOf(Labelled("abcdef", 1, 0), 1);
+    const auto pattern = [](const char* p) { return RecordOf(Labelled(p, 1, 0), 1); };
+    EXPECT_EQ(ComparedParts(text, 7, pattern("abc*"), 0, kWild, 1), (Outcome{0, 0}));
+    EXPECT_EQ(ComparedParts(text, 7, pattern("abc*"), 0, 0x80, 1), (Outcome{0, 2101}));
+    EXPECT_EQ(ComparedParts(text, 6, pattern("abc*"), 0, kWild, 1), (Outcome{0, 2101})) << "too short";
+    EXPECT_EQ(ComparedParts(text, 7, pattern("abc?"), 0, kWild, 1), (Outcome{0, 2101}));
+    EXPECT_EQ(ComparedParts(text, 7, pattern("abc*f"), 0, kWild, 1), (Outcome{0, 2101}));
+    EXPECT_EQ(ComparedParts(text, 7, pattern("abd*"), 0, kWild, 1), (Outcome{-1, 0}));
+    EXPECT_EQ(ComparedParts(text, 0, pattern("abc*"), 0, kWild, 1), (Outcome{0, 2101})) << "not cut";
+    EXPECT_EQ(ComparedParts(text, 7, pattern("abc*x"), 8, kWild, 1), (Outcome{0, 2101})) << "the pattern is cut";
+}
+
+TEST(StringCut, LettersThatMayBeHalved) {
+    // In Czech ch is behind h; what is cut behind c may be either.
+    const auto cut = RecordOf(Labelled("achat", 1, 10), 1);
+    const auto other = RecordOf(Labelled("ad", 1, 10), 1);
+    EXPECT_EQ(ComparedParts(cut, 6, other, 0, kExact, 1), (Outcome{1, 2101})) << "by length alone";
+    EXPECT_EQ(ComparedParts(cut, 8, other, 0, kExact, 1), (Outcome{1, 0}));
+    EXPECT_EQ(ComparedParts(cut, 6, other, 0, 0x210, 1), (Outcome{-1, 0})) << "neutral: c is before d";
+    // In Hungarian dzs is one letter, behind dz, which is behind d.
+    const auto three = RecordOf(Labelled("adzsa", 1, 12), 1);
+    const auto letter = RecordOf(Labelled("adzs", 1, 12), 1);
+    for (const unsigned length : {6U, 7U}) {
+        EXPECT_EQ(ComparedParts(three, length, letter, 0, kExact, 1), (Outcome{1, 2101})) << length;
+    }
+}
+
+// --- marks ---
+
+TEST(StringMark, TellsWhichOperandIsMarked) {
+    constexpr unsigned short a = 0x600C;
+    constexpr unsigned short b = 0x6010;
+    const KyString plain = OrderText({a, b}, 1);
+    const KyString marked = OrderText({a, b}, 0x81);
+    const KyString longer = OrderText({a, b, b}, 0x80);
+    const KyString markOnly = OrderText({a}, 0x81);
+    const struct {
+        const KyString &first, &second;
+        unsigned short op;
+        Outcome expected;
+    } cases[] = {
+        {plain, plain, kExact, {0, 0}},       {marked, plain, kExact, {0, 2114}},  {plain, marked, kExact, {0, 2115}},
+        {marked, marked, kExact, {0, 2114}},  {longer, plain, kExact, {1, 2114}},  {plain, longer, kExact, {-1, 2115}},
+        {plain, longer, kWild, {-1, 2115}},   {plain, markOnly, kWild, {0, 2115}}, {plain, markOnly, kExact, {1, 2115}},
+        {longer, markOnly, kWild, {0, 2114}}, {longer, plain, kWild, {1, 2114}},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(Compared(KyStringTab, 8, 0, &c.first, 0, &c.second, c.op), c.expected);
+        for (const unsigned char form : std::initializer_list<unsigned char>{1, 2}) {
+            EXPECT_EQ(ComparedParts(RecordOf(c.first, form), 0, RecordOf(c.second, form), 0, c.op, form), c.expected);
+        }
+    }
+    const KyString pair[] = {marked, plain};
+    const KyString others[] = {marked, marked};
+    EXPECT_EQ(Compared(KyStringTab, 8, 0, pair, 0, others, kExact, 2), (Outcome{0, 2114})) << "ends the walk";
+}
+
+TEST(StringMark, NullsCarryNone) {
+    const KyString null254 = OrderText({}, 254);
+    const KyString null0 = OrderText({}, 0);
+    const KyString text = OrderText({0x600C}, 1);
+    EXPECT_EQ(Compared(KyStringTab, 8, 0, &null254, 0, &null0, kExact), (Outcome{0, 0}));
+    EXPECT_EQ(Compared(KyStringTab, 8, 0, &null254, 0, &text, kExact), (Outcome{-1, 0}));
+    int err;
+    EXPECT_EQ(KyStringTab.Hash(8, 0, const_cast<KyString*>(&null254), 1, err), 0xFEFE7575U * 1103515245U);
+    const KyString marked = OrderText({0x600C}, 0x80);
+    EXPECT_EQ(KyStringTab.Hash(8, 0, const_cast<KyString*>(&marked), 1, err),
+              KyStringTab.Hash(8, 0, const_cast<KyString*>(&text), 1, err));
+}
+
+// --- bad input ---
+
+TEST(StringCompareSlot, RecordsOfEveryShortLength) {
+    const auto text = RecordOf(Labelled("b", 1, 0), 1);
+    for (unsigned length = 0; length <= 5; ++length) {
+        std::vector<unsigned char> record = {static_cast<unsigned char>(length), 0};
+        for (unsigned i = 0; i < length; ++i) record.push_back(i + 1 == length ? 0xFF : i == 0 ? 1 : 0);
+        if (length == 5) record[4] = 'a';
+        for (const unsigned char flag : std::initializer_list<unsigned char>{1, 0x81}) {
+            if (length == 0 && flag == 1) continue;  // the old layout
+            EXPECT_EQ(ComparedParts(record, 0, text, 0, kExact, flag), (Outcome{-1, 0})) << length;
+            EXPECT_EQ(ComparedParts(text, 0, record, 0, kExact, flag), (Outcome{1, 0})) << length;
+            int err = 77;
+            GuardedBuffer guarded(record);
+            KyStringTab.Hash(flag, 0, guarded.data(), 1, err);
+            EXPECT_EQ(err, 0);
+        }
+    }
+}
+
+TEST(StringCompareSlot, LengthsThatLie) {
+    // The content's end is not where the length field says: nothing behind a given length is read.
+    for (const char* bytes : {"FF FF 01 00 61", "09 00 01 00 61 62", "05 00 01 00 61 62 FF", "FF FF FD 00 61 00 62"}) {
+        const auto record = Bytes(bytes);
+        const auto size = static_cast<unsigned>(record.size());
+        for (const unsigned short op : {kWild, kExact}) {
+            for (const unsigned char flag : std::initializer_list<unsigned char>{1, 0x81}) {
+                const Outcome same = ComparedParts(record, size, record, size, op, flag);
+                EXPECT_EQ(same.sign, 0) << bytes;
+            }
+        }
+    }
+}
+
+// --- against the slow twin ---
+
+std::vector<unsigned> LongestJoinedOfAll() {
+    std::vector<unsigned> longest(256, 1);
+    for (const unsigned char language : AllLanguages()) longest[language] = slow::LongestJoined(language);
+    return longest;
+}
+
+TEST(StringCompareSlot, AgreesWithItsSlowTwinWhereverRecordsAreCut) {
+    const std::vector<unsigned char> codeSets = AllCodeSets();
+    const std::vector<unsigned char> languages = AllLanguages();
+    const std::vector<unsigned> longestJoined = LongestJoinedOfAll();
+    constexpr unsigned short ops[] = {0, 0x10, 0x100, 0x20, 0x40, 0x60, 0x80, 0x180, 0x200, 0x210, 0x30, 0x2E0};
+    StringGenerator generate(11);
+    for (int round = 0; round < 3000; ++round) {
+        const auto pick = [&](const std::vector<unsigned char>& from) {
+            return from[generate.Below(static_cast<unsigned>(from.size()))];
+        };
+        const unsigned char codeSetA = pick(codeSets);
+        const unsigned char codeSetB = generate.Below(2) == 0 ? codeSetA : pick(codeSets);
+        const auto languageFor = [&](unsigned char codeSet) {
+            const unsigned char language = pick(languages);
+            if (codeSet != KyCodeSetOrders) return language;
+            return static_cast<unsigned char>(generate.Below(2) == 0 ? 1 : 0x81);
+        };
+        const unsigned char languageA = languageFor(codeSetA);
+        const unsigned char languageB =
+            codeSetB == codeSetA && generate.Below(2) == 0 ? languageA : languageFor(codeSetB);
+        KyString a = generate.Next(codeSetA, languageA, 7);
+        KyString b = generate.Next(codeSetB, languageB, 7);
+        if (generate.Below(3) == 0) b = a;
+        const unsigned char form = generate.Below(2) == 0 ? 1 : 2;
+        const auto recordA = RecordOf(a, form);
+        const auto recordB = RecordOf(b, form);
+        const unsigned short op = ops[generate.Below(sizeof ops / sizeof *ops)];
+        const auto expected = [&](std::size_t lengthA, std::size_t lengthB) {
+            return slow::Compare(slow::Decode(recordA.data(), lengthA, form),
+                                 slow::Decode(recordB.data(), lengthB, form), op, longestJoined);
+        };
+        SCOPED_TRACE(Hex(recordA.data(), recordA.size()) + " | " + Hex(recordB.data(), recordB.size()) + " op " +
+                     std::to_string(op) + " form " + std::to_string(form));
+        const Outcome whole = expected(recordA.size(), recordB.size());
+        ASSERT_EQ(ComparedParts(recordA, 0, recordB, 0, op, form), whole);
+        ASSERT_EQ(Compared(KyStringTab, 8, 0, &a, 0, &b, op), whole);
+        for (unsigned length = 1; length <= recordA.size(); ++length) {
+            ASSERT_EQ(ComparedParts(recordA, length, recordB, 0, op, form), expected(length, recordB.size())) << length;
+        }
+        for (unsigned length = 1; length <= recordB.size(); ++length) {
+            ASSERT_EQ(ComparedParts(recordA, 0, recordB, length, op, form | 0x80), expected(recordA.size(), length))
+                << length;
+            const unsigned lengthA = 1 + generate.Below(static_cast<unsigned>(recordA.size()));
+            ASSERT_EQ(ComparedParts(recordA, lengthA, recordB, length, op, form | 0x80), expected(lengthA, length))
+                << lengthA << " " << length;
+        }
+    }
+}
+
+}  // namespace
