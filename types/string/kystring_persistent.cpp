@@ -65,7 +65,7 @@ void LoadOldTexts(KyString* strings, const unsigned char* texts, std::size_t len
 
 std::size_t OrdersOf(const ky::StoredText& s, unsigned char form) {
     const ky::TerminatedText text(s);
-    ky::KeyReader reader(text.Text(), s.codeSet, s.ReadingLanguage(), form, ~0u, ~0u);
+    ky::KeyReader reader({text.Text(), s.codeSet, s.ReadingLanguage(), form}, ~0u, ~0u, false);
     std::size_t orders = 0;
     while (reader.Next(), reader.Order() != 0) ++orders;
     return orders;

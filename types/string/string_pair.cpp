@@ -9,6 +9,7 @@
 #include "kystrcmp.h"
 #include "kystring.h"
 #include "kystring_build.h"
+#include "text_keys.h"
 
 namespace ky {
 namespace {
@@ -26,44 +27,14 @@ struct PatternOrders {
 
 bool IsWildcardByte(char c) { return c == '*' || c == '?'; }
 
-/// How the characters of an 8-bit text, or of a Unicode text, are looked up.
-struct BytesByTable {
-    static constexpr unsigned width = 1;
-    const KeyTable& table;
-
-    const KeyPage& PageOf(const char*) const { return table; }
-    static unsigned IndexOf(const char* p) { return static_cast<unsigned char>(*p); }
-};
-
-struct UnitsByPages {
-    static constexpr unsigned width = 2;
-    KeyPages pages;
-    unsigned char form;
-
-    const KeyPage& PageOf(const char* p) const { return pages.PageOf(ReadUnit(p, form)); }
-    unsigned IndexOf(const char* p) const { return ReadUnit(p, form) & 0xFF; }
-    unsigned KeyOf(const char* p) const { return PageOf(p).keys[IndexOf(p)]; }
-};
-
-struct Orders {
-    unsigned char form;
-
-    unsigned KeyOf(const char* p) const {
-        const unsigned short order = ReadUnit(p, form);
-        return OrderKey(order, DefaultClass(order));
-    }
-};
-
-template <class Characters>
-bool HoldsPatternOrders(const Characters& characters, const StoredText& s) {
+template <class Keys>
+bool HoldsPatternOrders(const Keys& keys, const StoredText& s) {
     const PatternOrders pattern;
-    const char* end = s.text + s.bytes / Characters::width * Characters::width;
-    for (const char* p = s.text; p != end && !AtEnd(p, Characters::width); p += Characters::width) {
-        const KeyPage& page = characters.PageOf(p);
-        const unsigned index = characters.IndexOf(p);
+    const char* end = s.text + s.bytes / Keys::width * Keys::width;
+    for (const char* p = s.text; p != end && !AtEnd(p, Keys::width); p += Keys::width) {
         // What expands, or counts together with others, has orders that are not looked up here.
-        if ((page.marks[index] & (KeyPage::kNeedsIterator | KeyPage::kJoinsNext)) != 0) return true;
-        if (pattern.Has(page.orders[index])) return true;
+        if ((keys.Marks(p) & (KeyPage::kNeedsIterator | KeyPage::kJoinsNext)) != 0) return true;
+        if (pattern.Has(keys.Order(p))) return true;
     }
     return false;
 }
@@ -77,22 +48,22 @@ bool MayBePattern(const StoredText& a, const StoredText& b, unsigned short op, u
     if (AreBytes(a, b)) return std::any_of(b.text, b.text + b.Characters(), IsWildcardByte);
     const unsigned char language = ReadsNeutral(op) ? KyLanguageNeutral : b.language;
     if (KeyPages::AreKept(b.codeSet, language)) {
-        return HoldsPatternOrders(UnitsByPages{KeyPages(language), form}, b);
+        return HoldsPatternOrders(WideText{KeyPages(language), form}, b);
     }
     const KeyTable* table = KeyTableOf(b.codeSet, language);
-    return table == nullptr || HoldsPatternOrders(BytesByTable{*table}, b);
+    return table == nullptr || HoldsPatternOrders(NarrowText{table}, b);
 }
 
 /// Nothing where keys depend on their neighbours.
-template <class Units>
-std::optional<int> CompareUnits(const Units& units, const StoredText& a, const StoredText& b, unsigned mask) {
+template <class Keys>
+std::optional<int> CompareUnits(const Keys& keys, const StoredText& a, const StoredText& b, unsigned mask) {
     const std::size_t bytesA = a.bytes & ~std::size_t{1};
     const std::size_t bytesB = b.bytes & ~std::size_t{1};
     const std::size_t both = std::min(bytesA, bytesB);
     for (std::size_t at = 0;; at += 2) {
         at += CommonUnits(a.text + at, b.text + at, both - std::min(at, both));
-        const unsigned keyA = at < bytesA ? units.KeyOf(a.text + at) : 0;
-        const unsigned keyB = at < bytesB ? units.KeyOf(b.text + at) : 0;
+        const unsigned keyA = at < bytesA ? keys.Key(a.text + at) : 0;
+        const unsigned keyB = at < bytesB ? keys.Key(b.text + at) : 0;
         if (KeyPage::IsMarked(keyA | keyB)) return std::nullopt;
         if (((keyA ^ keyB) & mask) != 0) return Order(keyA & mask, keyB & mask);
         if (keyA == 0) return 0;
@@ -144,12 +115,12 @@ std::optional<int> CompareInPlace(const StoredText& a, const StoredText& b, unsi
     }
     if (a.codeSet != b.codeSet || a.IsNull() || b.IsNull()) return std::nullopt;
     const unsigned mask = KeyMask(op);
-    if (a.codeSet == KyCodeSetOrders) return CompareUnits(Orders{form}, a, b, mask);
+    if (a.codeSet == KyCodeSetOrders) return CompareUnits(OrderText{form}, a, b, mask);
     const bool neutral = ReadsNeutral(op);
     const bool sameLanguage = neutral || a.language == b.language;
     const unsigned char language = neutral ? KyLanguageNeutral : a.language;
     if (!sameLanguage || !KeyPages::AreKept(a.codeSet, language)) return std::nullopt;
-    return CompareUnits(UnitsByPages{KeyPages(language), form}, a, b, mask);
+    return CompareUnits(WideText{KeyPages(language), form}, a, b, mask);
 }
 
 StringPair::StringPair(const StoredText& a, const StoredText& b, unsigned short compareOp, unsigned char formOfBoth)
@@ -170,7 +141,7 @@ unsigned char StringPair::LanguageOf(const StoredText& s) const {
 }
 
 KeyReader StringPair::ReaderOf(const StoredText& s, const char* text) const {
-    return KeyReader(text, s.codeSet, LanguageOf(s), form, ~0u, ~0u);
+    return KeyReader({text, s.codeSet, LanguageOf(s), form}, ~0u, ~0u, false);
 }
 
 /// What is cut off may count as one with the last characters.

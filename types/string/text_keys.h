@@ -17,6 +17,7 @@ struct NarrowText {
     unsigned Key(const char* p) const { return table->KeyOf(*p); }
     unsigned KeyIfReady(const char* p) const { return Key(p); }
     unsigned char Marks(const char* p) const { return table->MarksOf(*p); }
+    unsigned short Order(const char* p) const { return table->OrderOf(*p); }
 };
 
 struct WideText {
@@ -39,6 +40,10 @@ struct WideText {
     unsigned char Marks(const char* p) const {
         const unsigned short code = ReadUnit(p, format);
         return pages.PageOf(code).marks[code & 0xFF];
+    }
+    unsigned short Order(const char* p) const {
+        const unsigned short code = ReadUnit(p, format);
+        return pages.PageOf(code).orders[code & 0xFF];
     }
 };
 
