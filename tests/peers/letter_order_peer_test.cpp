@@ -87,6 +87,27 @@ TEST(LetterOrderPeer, NeighboursOfEachClass) {
     EXPECT_EQ(reversed, kReversed);
 }
 
+/// Scripts of several classes go on in the next one, and the further scripts stand as the peer has them. Marks of
+/// repetition and tone, which the peer ranks apart, do not count, nor does the class of the letters of no script.
+TEST(LetterOrderPeer, ClassesFollowEachOther) {
+    constexpr unsigned kFirstFurtherClass = 45;
+    constexpr unsigned kLastFurtherClass = 118;
+    const peer::Collator collator("root");
+    const auto classes = LettersByClass();
+    char16_t last = 0;
+    for (unsigned orderClass = kFirstFurtherClass; orderClass <= kLastFurtherClass; ++orderClass) {
+        std::u16string letters = classes.at(orderClass);
+        std::erase_if(letters, [](char16_t unit) { return u_charType(unit) == U_MODIFIER_LETTER; });
+        ASSERT_FALSE(letters.empty()) << orderClass;
+        const std::u16string first(1, letters.front());
+        if (last != 0) {
+            EXPECT_LT(Here(last, first.front()), 0) << orderClass;
+            EXPECT_LT(collator.Compare(std::u16string(1, last), first), 0) << orderClass;
+        }
+        last = letters.back();
+    }
+}
+
 /// The peer has them by radicals and strokes.
 TEST(LetterOrderPeer, HanCharactersStandInTheOrderOfTheirCodes) {
     const std::u16string han = LettersByClass()[KyClassHan];
