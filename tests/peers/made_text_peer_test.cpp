@@ -16,12 +16,13 @@
 
 #include "peers/peer_collator.h"
 #include "peers/peer_languages.h"
+#include "support/fewer_cases.h"
 #include "support/languages.h"
 
 namespace {
 
 constexpr unsigned short kLettersOnly = 0x10 | 0x20 | 0x40;
-constexpr unsigned kPairs = 300000;
+constexpr unsigned kPairs = 300000 / kFewerCases;
 
 /// Small letters and their marks one after the other.
 std::u16string Decomposed(const std::u16string& text) {

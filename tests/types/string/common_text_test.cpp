@@ -7,6 +7,7 @@
 #include <string>
 
 #include "compare_texts.h"
+#include "support/fewer_cases.h"
 
 namespace {
 

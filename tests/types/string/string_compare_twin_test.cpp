@@ -9,6 +9,7 @@
 #include "kystring.h"
 #include "kystring_slots.h"
 #include "oracle/slow_string_compare.h"
+#include "support/fewer_cases.h"
 #include "support/hex.h"
 
 namespace {
