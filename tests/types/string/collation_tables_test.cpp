@@ -19,6 +19,7 @@ namespace {
 constexpr unsigned char kTabled = 1;      ///< 8-bit with a property table
 constexpr unsigned char kTableless = 40;  ///< 8-bit; 0x80 + c stands for the letter c
 constexpr unsigned char kNarrow = 41;     ///< 8-bit, no table, and no 'q'
+constexpr unsigned char kOwnCodes = 42;   ///< 8-bit with a property table; 0x80 + c is Unicode's c
 constexpr unsigned char kVariantLanguage = 7;
 constexpr unsigned char kRankingLanguage = 8;
 
@@ -123,6 +124,7 @@ constexpr KyUnicodeMap kWithoutQBack = kWithoutQ.Back();
 constinit const KyCodeSet tabled(kTabled, KyCodeSet::identity, kPages);
 constinit const KyCodeSet unicode(KyCodeSetUnicode, KyCodeSet::identity, kUnicodePages);
 constinit const KyCodeSet tableless(kTableless, KyCodeSet::byTable, nullptr, kShifted.toUnicode, &kShiftedBack);
+constinit const KyCodeSet ownCodes(kOwnCodes, KyCodeSet::byTable, kPages, kShifted.toUnicode, &kShiftedBack);
 constinit const KyCodeSet narrow(kNarrow, KyCodeSet::byTable, nullptr, kWithoutQ.toUnicode, &kWithoutQBack);
 
 constexpr unsigned char kRanks[128] = {4, 2, 3, 1};
@@ -138,6 +140,8 @@ const KyCodeSet* KyLanguageContext::QueryCodeSet(unsigned char codeSet) {
             return &tableless;
         case kNarrow:
             return &narrow;
+        case kOwnCodes:
+            return &ownCodes;
         case KyCodeSetUnicode:
             return &unicode;
         default:
@@ -305,6 +309,27 @@ TEST(Tables, UpperCaseOfSeveralCharacters) {
     EXPECT_EQ(KyChar(static_cast<unsigned short>('i'), KyCodeSetUnicode, kVariantLanguage).ToUpper(nullptr).CodeGet(),
               0x130);
     EXPECT_EQ(KyChar('i', kTabled, 0).ToUpper(nullptr).CodeGet(), 'I');
+}
+
+TEST(Tables, UpperCaseOfSeveralCharactersInOtherCodes) {
+    const struct {
+        unsigned char codeSet;
+        unsigned short code;
+        std::vector<unsigned short> upper;
+    } cases[] = {
+        {kNarrow, 'x', {'E', 'K', 'S'}},
+        {kTableless, 0x80 + 'x', {0x80 + 'x'}},    // the list has Unicode's codes, which are others here
+        {kOwnCodes, 'x', {0x80 + 'E', 'K', 'S'}},  // the list of its own table has its own
+    };
+    for (const auto& [codeSet, code, upper] : cases) {
+        const KyChar c(code, codeSet, 0);
+        KyStringIterator it(c);
+        std::vector<unsigned short> codes{c.ToUpper(&it).CodeGet()};
+        while (codes.size() < upper.size()) codes.push_back((*it).CodeGet());
+        EXPECT_EQ(codes, upper) << int{codeSet};
+        ++it;
+        EXPECT_TRUE(it.IsEOS()) << "nothing else follows";
+    }
 }
 
 TEST(Tables, TextOfManyExpansionsStaysInItsBounds) {

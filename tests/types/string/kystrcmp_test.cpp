@@ -243,26 +243,6 @@ TEST(Compare, BothByteOrders) {
     }
 }
 
-TEST(Compare, WideTextsOfAnyLengthAtTheEndOfAPage) {
-    // Pairs of a capital and a small letter that only the keys, not the first page's ranks, know to be the same.
-    for (std::size_t length = 1; length <= 200; ++length) {
-        GuardedBuffer a(2 * length + 2);
-        GuardedBuffer b(2 * length + 2);
-        for (std::size_t i = 0; i <= length; ++i) {
-            const char16_t small = i == length ? u'\0' : i % 7 == 3 ? u'x' : u'ж';
-            const char16_t capital = i == length ? u'\0' : i % 7 == 3 ? u'X' : u'Ж';
-            std::memcpy(a.data() + 2 * i, &small, 2);
-            std::memcpy(b.data() + 2 * i, &capital, 2);
-        }
-        const auto compare = [&](unsigned short op) {
-            return KyStrCmp(KyCodeSetUnicode, 0, reinterpret_cast<const char*>(a.data()), KyCodeSetUnicode, 0,
-                            reinterpret_cast<const char*>(b.data()), op, -1, 1, nullptr);
-        };
-        EXPECT_EQ(compare(kLiteral | 0x20), 0) << length;
-        EXPECT_GT(compare(kExact), 0) << length;
-    }
-}
-
 TEST(Compare, LimitedToACountOfCharacters) {
     EXPECT_EQ(Compare("abX", "abY", kExact, 2), 0);
     EXPECT_LT(Compare("abX", "abY", kExact, 3), 0);
