@@ -142,7 +142,8 @@ struct KyCharRules {
     /// What follows `KyCharProps::upper` in the upper-case form: codes of the code set that has the record, without
     /// an expansion of their own.
     KyWCharList upperExpansion{};
-    /// Order values that follow `KyCharProps::order`. They are of the record's class.
+    /// Order values that follow `KyCharProps::order`. Letters among them are of the record's class (the Latin one where
+    /// the record is no letter's), others of the class of their kind.
     KyWCharList orderExpansion{};
     KyTable<KyLanguageVariant> variants{};
     KyTable<KyContraction> contractions{};  ///< the first that fits is taken
