@@ -2,6 +2,7 @@
 #define SLOW_UTF8_H
 
 #include <string>
+#include <vector>
 
 /// The `length` bytes that hold a value, spelled bit by bit: one byte "0xxxxxxx", else as many ones as there are bytes,
 /// a zero and the value's high bits, then "10xxxxxx" for each further byte. The value has to fit; it need not fill
@@ -30,10 +31,20 @@ inline std::string SlowUtf8(unsigned value) {
     return SlowUtf8(value, length);
 }
 
+/// The same of a 16-bit character; each is spelled once in a process.
+inline const std::string& SlowUtf8OfUnit(unsigned unit) {
+    static const std::vector<std::string> forms = [] {
+        std::vector<std::string> spelled;
+        for (unsigned value = 0; value < 0x10000; ++value) spelled.push_back(SlowUtf8(value));
+        return spelled;
+    }();
+    return forms[unit];
+}
+
 /// The same of each character in turn.
 inline std::string SlowUtf8(const std::u16string& units) {
     std::string bytes;
-    for (const char16_t unit : units) bytes += SlowUtf8(static_cast<unsigned>(unit));
+    for (const char16_t unit : units) bytes += SlowUtf8OfUnit(unit);
     return bytes;
 }
 

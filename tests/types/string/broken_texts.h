@@ -18,7 +18,7 @@ public:
     std::string Whole(std::size_t characters) {
         const unsigned kind = Below(7);
         std::string text;
-        for (std::size_t i = 0; i < characters; ++i) text += SlowUtf8(Character(kind));
+        for (std::size_t i = 0; i < characters; ++i) text += SlowUtf8OfUnit(Character(kind));
         return text;
     }
 

@@ -84,7 +84,7 @@ std::u16string InUnicode(const std::string& text, unsigned char codeSet) {
 Encoded SlowWriteMapped(const std::u16string& units, int size) {
     std::string bytes;
     for (const char16_t unit : units) {
-        const std::string form = SlowUtf8(static_cast<unsigned>(unit));
+        const std::string& form = SlowUtf8OfUnit(unit);
         if (bytes.size() + form.size() > static_cast<std::size_t>(size))
             return {-static_cast<int>(bytes.size()), bytes};
         bytes += form;
@@ -112,13 +112,14 @@ TEST(MultibyteTwin, WritesAsDescribed) {
             isAscii = std::all_of(text.begin(), text.end(), [](char c) { return (c & 0x80) == 0; });
             s = WithCodeSet(text, codeSet);
         }
-        const int whole = static_cast<int>(SlowUtf8(units).size());
+        const std::string utf8 = SlowUtf8(units);
+        const int whole = static_cast<int>(utf8.size());
         const int size = generator.Below(2) == 0 ? whole + static_cast<int>(generator.Below(80))
                                                  : static_cast<int>(generator.Below(static_cast<unsigned>(whole) + 2));
         const Encoded got = Encode(s, size);
         if (isAscii) {
             ASSERT_EQ(got.result, whole < size ? whole : -whole);
-            std::string wanted = SlowUtf8(units).substr(0, static_cast<std::size_t>(size));
+            std::string wanted = utf8.substr(0, static_cast<std::size_t>(size));
             wanted.resize(static_cast<std::size_t>(size));
             ASSERT_EQ(got.bytes, wanted);
         } else {
@@ -135,7 +136,7 @@ TEST(MultibyteTwin, WritesAsDescribed) {
         }
         const Made made = Make(s);
         ASSERT_EQ(made.result, whole);
-        ASSERT_EQ(std::string(made.text.get()), SlowUtf8(units));
+        ASSERT_EQ(std::string(made.text.get()), utf8);
     }
 }
 

@@ -44,9 +44,9 @@ struct Encoded {
     std::string bytes;
 };
 inline Encoded Encode(const KyString& s, int size) {
-    GuardedBuffer memory(static_cast<std::size_t>(size));
-    std::fill_n(memory.data(), size, static_cast<unsigned char>(0xEE));
-    char* out = reinterpret_cast<char*>(memory.data());
+    static GuardedBuffer memory(100000);
+    char* out = reinterpret_cast<char*>(memory.data()) + memory.size() - size;
+    std::fill_n(out, size, '\xEE');
     const int result = KyString2KyMBS(s, out, size);
     return {result, std::string(out, static_cast<std::size_t>(size))};
 }

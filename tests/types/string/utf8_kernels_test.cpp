@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <cstring>
-#include <random>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -27,6 +27,16 @@ protected:
     }
     const ky::Utf8Kernels& kernels = ky::kUtf8Kernels[GetParam()];
 };
+
+/// The variants for this machine, where all are tried with one text.
+std::span<const ky::Utf8Kernels> Runnable() {
+    return {ky::kUtf8Kernels, static_cast<std::size_t>(ky::RunnableUtf8Kernels())};
+}
+
+template <class Unit>
+bool AllAre(Unit value, const Unit* begin, const Unit* end) {
+    return std::all_of(begin, end, [value](Unit unit) { return unit == value; });
+}
 
 /// An area that is used again and again, of which each text takes the end.
 class Area {
@@ -65,21 +75,26 @@ Decoded SlowKernel(const std::string& text, std::size_t room) {
     return decoded;
 }
 
-TEST_P(Utf8KernelTest, DecodesWhatTheSlowTwinDecodes) {
-    TextGenerator generator(static_cast<unsigned>(GetParam()) + 1);
+TEST(Utf8Kernels, DecodeWhatTheSlowTwinDecodes) {
+    TextGenerator generator(1);
     Area in(2000);
     Area out(2000);
     for (int i = 0; i < 400000; ++i) {
         const std::string text = generator.Broken(generator.Below(i % 8 == 0 ? 300 : 60));
         const std::size_t room = generator.Below(4) == 0 ? generator.Below(80) : 1000;
         const Decoded wanted = SlowKernel(text, room);
+        const char* from = in.Put(text);
         auto* units = reinterpret_cast<unsigned short*>(out.Last(2 * room));
-        std::fill_n(units, room, kUntouched);
-        const ky::Utf8Progress got = kernels.utf8ToUnits(in.Put(text), text.size(), units, room);
-        ASSERT_TRUE(std::all_of(units + got.written, units + room, [](unsigned short c) { return c == kUntouched; }));
-        ASSERT_EQ(got.read, wanted.read) << Hex(text.data(), text.size()) << " into " << room;
-        ASSERT_EQ(got.written, wanted.units.size()) << Hex(text.data(), text.size());
-        ASSERT_TRUE(std::equal(wanted.units.begin(), wanted.units.end(), units)) << Hex(text.data(), text.size());
+        for (const ky::Utf8Kernels& kernels : Runnable()) {
+            std::fill_n(units, room, kUntouched);
+            const ky::Utf8Progress got = kernels.utf8ToUnits(from, text.size(), units, room);
+            ASSERT_TRUE(AllAre(kUntouched, units + got.written, units + room)) << kernels.name;
+            ASSERT_EQ(got.read, wanted.read)
+                << kernels.name << ' ' << Hex(text.data(), text.size()) << " into " << room;
+            ASSERT_EQ(got.written, wanted.units.size()) << kernels.name << ' ' << Hex(text.data(), text.size());
+            ASSERT_TRUE(std::equal(wanted.units.begin(), wanted.units.end(), units))
+                << kernels.name << ' ' << Hex(text.data(), text.size());
+        }
     }
 }
 
@@ -99,8 +114,8 @@ TEST_P(Utf8KernelTest, DecodesEveryUnitAtEveryPlace) {
     EXPECT_EQ(wrong, 0u);
 }
 
-TEST_P(Utf8KernelTest, EncodesWhatTheSlowTwinEncodes) {
-    TextGenerator generator(static_cast<unsigned>(GetParam()) + 11);
+TEST(Utf8Kernels, EncodeWhatTheSlowTwinEncodes) {
+    TextGenerator generator(11);
     Area in(2001);
     Area out(3000);
     for (int i = 0; i < 100000; ++i) {
@@ -114,7 +129,7 @@ TEST_P(Utf8KernelTest, EncodesWhatTheSlowTwinEncodes) {
         std::size_t read = 0;
         bool fits = true;
         for (std::size_t at = 0; at < units.size() && units[at] != 0; ++at) {
-            const std::string form = SlowUtf8(static_cast<unsigned>(units[at]));
+            const std::string& form = SlowUtf8OfUnit(units[at]);
             size += form.size();
             fits = fits && wanted.size() + form.size() <= room;
             if (fits) wanted += form;
@@ -122,31 +137,30 @@ TEST_P(Utf8KernelTest, EncodesWhatTheSlowTwinEncodes) {
         }
         char* from = in.Put(BytesOf(units));
         char* to = out.Last(room);
-        std::fill_n(to, room, '\xEE');
-        const ky::Utf8Progress got = kernels.unitsToUtf8(from, units.size(), to, room);
-        ASSERT_TRUE(std::all_of(to + got.written, to + room, [](char c) { return c == '\xEE'; }));
-        ASSERT_EQ(got.read, read) << Hex(from, 2 * units.size());
-        ASSERT_EQ(got.written, wanted.size());
-        ASSERT_EQ(std::string(to, got.written), wanted) << Hex(from, 2 * units.size());
-        const ky::Utf8Progress measured = kernels.utf8Size(from, units.size());
-        ASSERT_EQ(measured.read, std::min(units.find(u'\0'), units.size()));
-        ASSERT_EQ(measured.written, size);
-
+        const std::size_t end = std::min(units.find(u'\0'), units.size());
+        const auto check = [&](const ky::Utf8Kernels& kernels, const char* at) {
+            std::fill_n(to, room, '\xEE');
+            const ky::Utf8Progress got = kernels.unitsToUtf8(at, units.size(), to, room);
+            ASSERT_TRUE(AllAre('\xEE', to + got.written, to + room)) << kernels.name;
+            ASSERT_EQ(got.read, read) << kernels.name << ' ' << Hex(at, 2 * units.size());
+            ASSERT_EQ(std::string(to, got.written), wanted) << kernels.name << ' ' << Hex(at, 2 * units.size());
+            const ky::Utf8Progress measured = kernels.utf8Size(at, units.size());
+            ASSERT_EQ(measured.read, end) << kernels.name;
+            ASSERT_EQ(measured.written, size) << kernels.name;
+        };
+        for (const ky::Utf8Kernels& kernels : Runnable()) ASSERT_NO_FATAL_FAILURE(check(kernels, from));
         // At an odd address.
         std::memmove(from - 1, from, 2 * units.size());
-        const ky::Utf8Progress odd = kernels.unitsToUtf8(from - 1, units.size(), to, room);
-        ASSERT_EQ(odd.written, wanted.size());
-        ASSERT_EQ(std::string(to, odd.written), wanted);
-        ASSERT_EQ(kernels.utf8Size(from - 1, units.size()).written, size);
+        for (const ky::Utf8Kernels& kernels : Runnable()) ASSERT_NO_FATAL_FAILURE(check(kernels, from - 1));
     }
 }
 
-TEST_P(Utf8KernelTest, EncodesBytesOfEveryCodeSet) {
+TEST(Utf8Kernels, EncodeBytesOfEveryCodeSet) {
     std::vector<unsigned short> table(256);
     for (unsigned i = 0; i < 256; ++i) {
         table[i] = static_cast<unsigned short>(i < 0x80 ? i : i % 7 == 0 ? 0 : i % 3 == 0 ? 0x4000 + i : 0x300 + i);
     }
-    TextGenerator generator(static_cast<unsigned>(GetParam()) + 21);
+    TextGenerator generator(21);
     Area in(400);
     Area out(1200);
     for (int i = 0; i < 50000; ++i) {
@@ -163,16 +177,19 @@ TEST_P(Utf8KernelTest, EncodesBytesOfEveryCodeSet) {
         for (; read < bytes.size(); ++read) {
             const auto byte = static_cast<unsigned char>(bytes[read]);
             const unsigned unit = used == nullptr ? byte : used[byte] == 0 ? 0xFFFDu : used[byte];
-            const std::string form = SlowUtf8(unit);
+            const std::string& form = SlowUtf8OfUnit(unit);
             if (wanted.size() + form.size() > room) break;
             wanted += form;
         }
+        const char* from = in.Put(bytes);
         char* to = out.Last(room);
-        std::fill_n(to, room, '\xEE');
-        const ky::Utf8Progress got = kernels.bytesToUtf8(used, in.Put(bytes), bytes.size(), to, room);
-        ASSERT_EQ(got.read, read) << Hex(bytes.data(), bytes.size());
-        ASSERT_EQ(std::string(to, got.written), wanted) << Hex(bytes.data(), bytes.size());
-        ASSERT_TRUE(std::all_of(to + got.written, to + room, [](char c) { return c == '\xEE'; }));
+        for (const ky::Utf8Kernels& kernels : Runnable()) {
+            std::fill_n(to, room, '\xEE');
+            const ky::Utf8Progress got = kernels.bytesToUtf8(used, from, bytes.size(), to, room);
+            ASSERT_EQ(got.read, read) << kernels.name << ' ' << Hex(bytes.data(), bytes.size());
+            ASSERT_EQ(std::string(to, got.written), wanted) << kernels.name << ' ' << Hex(bytes.data(), bytes.size());
+            ASSERT_TRUE(AllAre('\xEE', to + got.written, to + room)) << kernels.name;
+        }
     }
 }
 
