@@ -5,12 +5,11 @@ namespace ky {
 /// The order that an iterator reads next. Where there are tables they go on behind the character.
 void KeyReader::Iterate() {
     if (!it) it.emplace(at, codeSet, language, format);
-    const bool looksUp = table != nullptr || pages;
     // KEPT: a marker is of the class of the order before it, so the iterator is told that class.
-    if (looksUp && !expanding) it->Resume(at, ClassInKey(key));
+    if (LooksUp() && !expanding) it->Resume(at, ClassInKey(key));
     order = it->GetNextOrder(1);
     key = OrderKey(order, it->OrderClass());
-    if (!looksUp) return;
+    if (!LooksUp()) return;
     expanding = it->InOverflow();
     if (!expanding) at = it->Position();
 }

@@ -55,6 +55,10 @@ public:
     /// Order value behind the key that was read last; 0 at the end.
     unsigned short Order() const { return order; }
     bool TookContractions() const { return it && it->TookContractions(); }
+    /// Whether further orders of the character that was read last follow.
+    bool InCharacter() const { return it && it->InOverflow(); }
+    /// The character that is read next. Not inside one.
+    const char* Place() const { return it && !LooksUp() ? it->Position() : at; }
 
 private:
     /// Where the tables speak of a character; no page: there are no tables.
@@ -64,6 +68,7 @@ private:
         unsigned Marks() const { return page->marks[index]; }
     };
 
+    bool LooksUp() const { return table != nullptr || pages; }
     bool LookUp() {
         if (expanding) return false;
         const Entry entry = EntryAt(at);

@@ -4,6 +4,7 @@
 
 #include "code_sets.h"
 #include "kytypes.h"
+#include "prefix_search.h"
 #include "segment_search.h"
 
 namespace {
@@ -14,6 +15,12 @@ bool AllowsWildcards(unsigned short op) { return (op & (KyCmpExact | KyCmpString
 }  // namespace
 
 namespace ky {
+namespace {
+
+TextView ViewOf(const KyString& s, const char* from) { return {from, s.CodeSetGet(), s.LanguageGet(), 1}; }
+TextView ViewOf(const KyString& s) { return ViewOf(s, s.StrGet()); }
+
+}  // namespace
 
 Searcher::Searcher(const KyString& searched, const KyString& searchedFor, unsigned short givenOp)
     : text(searched), pattern(searchedFor), length(pattern.Len()), op(givenOp), wild(AllowsWildcards(givenOp)) {
@@ -44,7 +51,8 @@ void Searcher::PrepareKeys() {
         textKeys.reset();
         return;
     }
-    const TextView view{pattern.StrGet(), pattern.CodeSetGet(), neutral ? KyLanguageNeutral : pattern.LanguageGet(), 1};
+    TextView view = ViewOf(pattern);
+    if (neutral) view.language = KyLanguageNeutral;
     if (wild) {
         ReadUpToRun(view, mask, beginning);
     } else {
@@ -55,10 +63,7 @@ void Searcher::PrepareKeys() {
 
 PrefixMatch Searcher::MatchAt(unsigned position) const {
     const char* const place = text.StrGet() + std::size_t{position} * CharWidth(text.CodeSetGet());
-    if (wild && !pattern.IsNullValue()) {
-        return MatchPrefix({place, text.CodeSetGet(), text.LanguageGet(), 1},
-                           {pattern.StrGet(), pattern.CodeSetGet(), pattern.LanguageGet(), 1}, op);
-    }
+    if (wild && !pattern.IsNullValue()) return MatchPrefix(ViewOf(text, place), ViewOf(pattern), op);
     const auto maxLen = static_cast<short>(wild ? KyString::NotFound : length);
     const int order = KyStrCmp(text.CodeSetGet(), text.LanguageGet(), place, pattern.CodeSetGet(),
                                pattern.LanguageGet(), pattern.StrGet(), op, maxLen, 1, nullptr);
@@ -73,11 +78,27 @@ unsigned short Searcher::Find(unsigned start, unsigned limit) const {
 
 unsigned short Searcher::FindOneByOne(unsigned start, unsigned lastPosition) const {
     for (unsigned at = start; at <= lastPosition; ++at) {
-        const PrefixMatch match = MatchAt(at);
-        if (match == PrefixMatch::yes) return static_cast<unsigned short>(at);
-        if (match == PrefixMatch::never) break;
+        const Piece result = FindHere(at, lastPosition);
+        if (result.ended) return result.position;
     }
     return KyString::NotFound;
+}
+
+/// Ends the search when the pattern is here or a search at each of the later positions is not needed.
+Searcher::Piece Searcher::FindHere(unsigned position, unsigned lastPosition) const {
+    switch (MatchAt(position)) {
+        case PrefixMatch::no:
+            return {false, KyString::NotFound};
+        case PrefixMatch::yes:
+            return {true, static_cast<unsigned short>(position)};
+        case PrefixMatch::never:
+            return {true, KyString::NotFound};
+        case PrefixMatch::unclear:
+            break;
+    }
+    const std::optional<unsigned> found = FindPrefix(ViewOf(text), position + 1, lastPosition, ViewOf(pattern), op);
+    if (!found) return {false, KyString::NotFound};
+    return {true, *found <= lastPosition ? static_cast<unsigned short>(*found) : KyString::NotFound};
 }
 
 unsigned short Searcher::FindByKeys(unsigned start, unsigned lastPosition, unsigned limit) const {
@@ -91,14 +112,15 @@ unsigned short Searcher::FindByKeys(unsigned start, unsigned lastPosition, unsig
         keys.Clear();
         textKeys->Read(text.StrGet() + std::size_t{at} * width, count, keys.Reserve(count));
         keys.Take(count);
-        const Piece result = FindInPiece(at, places, keys.Items());
+        const Piece result = FindInPiece(at, places, keys.Items(), lastPosition);
         if (result.ended) return result.position;
     }
     return KyString::NotFound;
 }
 
 /// `keys` are those of the characters from the position `start` on, more than the `places` that are tried.
-Searcher::Piece Searcher::FindInPiece(unsigned start, unsigned places, std::span<const unsigned> keys) const {
+Searcher::Piece Searcher::FindInPiece(unsigned start, unsigned places, std::span<const unsigned> keys,
+                                      unsigned lastPosition) const {
     const Segment<unsigned> wanted(beginning.Items(), 0);
     auto unclear = keys.begin();
     for (unsigned place = 0; place < places; ++place) {
@@ -114,9 +136,7 @@ Searcher::Piece Searcher::FindInPiece(unsigned start, unsigned places, std::span
             fits = found != tried;
         }
         if (!fits && !MayBeginWith(keys[place])) continue;
-        const PrefixMatch match = MatchAt(start + place);
-        if (match == PrefixMatch::yes) return {true, static_cast<unsigned short>(start + place)};
-        if (match == PrefixMatch::never) return {true, KyString::NotFound};
+        if (const Piece result = FindHere(start + place, lastPosition); result.ended) return result;
     }
     return {false, KyString::NotFound};
 }

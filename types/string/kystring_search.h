@@ -42,7 +42,8 @@ private:
         bool ended;
         unsigned short position;
     };
-    Piece FindInPiece(unsigned start, unsigned places, std::span<const unsigned> keys) const;
+    Piece FindHere(unsigned position, unsigned lastPosition) const;
+    Piece FindInPiece(unsigned start, unsigned places, std::span<const unsigned> keys, unsigned lastPosition) const;
     bool MayBeginWith(unsigned key) const;
 };
 

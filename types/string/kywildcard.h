@@ -34,7 +34,8 @@ KY_EXPORT int caseistrwild(char* pattern, char* text, unsigned char patternMode,
 ///   codeSet    0: plain bytes, the wildcards are "*" and "?" and the other arguments are not looked at
 ///   language   by whose rules the text is read
 ///   format     byte order of 16-bit text: 1 machine order, 2 swapped, 255: 1
-/// KEPT: it knows no escapes, `strwc` does: "\*" has a wildcard here and a backslash there.
+/// KEPT: it knows no escapes, `strwc` does: "\*" has a wildcard here and a backslash there. A byte offset above 32767,
+/// which 16-bit text can have, wraps; the index tells it.
 KY_EXPORT int KyStrWild(unsigned char codeSet, unsigned char language, char* text, unsigned short questionIsLiteral,
                         short maxChars, short* bytePos, unsigned char format);
 

@@ -51,6 +51,7 @@ set(folder_sources
   old_layout.cpp
   order_print.cpp
   order_values.cpp
+  prefix_search.cpp
   segment_search.cpp
   segment_search_avx2.cpp
   segment_search_avx512.cpp

@@ -7,6 +7,7 @@
 #include "kystring.h"
 #include "kytypes.h"
 #include "wildcard_bytes.h"
+#include "wildcard_keys.h"
 
 namespace ky {
 namespace {
@@ -27,40 +28,6 @@ public:
 private:
     KeyReader& reader;
     SmallBuffer<unsigned, 256> keys;
-};
-
-/// The orders that mean something in a pattern.
-struct Wildcards {
-    unsigned short asterisk = KyString::GetAsterisk();
-    unsigned short question = KyString::GetQuestion();
-    unsigned short escape = KyString::GetEscape();
-};
-
-/// Keys of a pattern, of which at most `limit` have to match.
-class KeyPattern {
-public:
-    KeyPattern(KeyReader& patternReader, unsigned limit) : reader(patternReader), left(limit) {}
-
-    Token Next(unsigned& key) {
-        if (left == 0) return Token::end;
-        key = reader.Next();
-        const unsigned short order = reader.Order();
-        if (order == 0) return Token::end;
-        if (order == wildcards.asterisk) return Token::anyRun;
-        --left;
-        if (order == wildcards.question) return Token::anyOne;
-        if (order == wildcards.escape) {
-            const unsigned own = key;
-            key = reader.Next();
-            if (reader.Order() == 0) key = own;
-        }
-        return Token::literal;
-    }
-
-private:
-    KeyReader& reader;
-    unsigned left;
-    Wildcards wildcards;
 };
 
 /// An 8-bit pattern as the groups of its characters.
@@ -128,7 +95,8 @@ PrefixMatch MatchPrefix(TextView text, TextView pattern, unsigned short op) {
         tookContractions = reader.TookContractions();
     }
     if (ending == Ending::match) return PrefixMatch::yes;
-    return ending == Ending::nowhere && !tookContractions ? PrefixMatch::never : PrefixMatch::no;
+    if (ending != Ending::nowhere) return PrefixMatch::no;
+    return tookContractions ? PrefixMatch::unclear : PrefixMatch::never;
 }
 
 namespace {

@@ -12,15 +12,16 @@ namespace ky {
 enum class PrefixMatch {
     no,
     yes,
-    never  ///< nor at any later place of the same text
+    never,   ///< nor at any later place of the same text
+    unclear  ///< not here; but a later place may stand inside characters that were read as one
 };
 
 /// Whether a text begins with the pattern, that is, matches the pattern followed by any run of characters. Does not
 /// depend on which character stands for such a run, nor on one being set.
 ///
 /// A search asks this for one position after the other and ends at the first `yes` or `never`: a pattern whose
-/// literal beginning was found but whose rest stands nowhere behind it need not be tried again. Without stopping at
-/// `never` the search is still right, but a long text takes quadratic time.
+/// literal beginning was found but whose rest stands nowhere behind it need not be tried again. At `unclear`
+/// `FindPrefix` takes over. A search that goes on instead is still right, but a long text takes quadratic time.
 ///
 /// The bits of `op` are those of `KyStrCmp`; neither 0x10 nor 0x100 is set. A text labelled null is read as it is.
 PrefixMatch MatchPrefix(TextView text, TextView pattern, unsigned short op);

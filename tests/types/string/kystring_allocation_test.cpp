@@ -1,11 +1,11 @@
-/// How many blocks each operation takes. Operator new and delete are replaced in this program.
+/// How many blocks each operation takes.
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <new>
 #include <utility>
 
+#include "counted_memory.h"
 #include "kyistring.h"
 #include "kystring.h"
 #include "kytypes.h"
@@ -13,50 +13,8 @@
 
 namespace {
 
-std::size_t blocksTaken = 0;
-std::size_t bytesTaken = 0;
-/// Blocks until there is no more memory; negative: there is enough.
-int blocksLeft = -1;
-
-void* Take(std::size_t size) {
-    if (blocksLeft == 0) throw std::bad_alloc();
-    if (blocksLeft > 0) --blocksLeft;
-    ++blocksTaken;
-    bytesTaken += size;
-    void* block = std::malloc(size != 0 ? size : 1);
-    if (block == nullptr) throw std::bad_alloc();
-    return block;
-}
-
-/// Blocks and bytes that `action` takes.
-struct Taken {
-    std::size_t blocks, bytes;
-    friend bool operator==(const Taken&, const Taken&) = default;
-};
-
-template <class Action>
-Taken TakenBy(Action action) {
-    const Taken before{blocksTaken, bytesTaken};
-    action();
-    return {blocksTaken - before.blocks, bytesTaken - before.bytes};
-}
-
 /// The comparer makes its table of keys at the first comparison of a process; that block is no edit's.
 [[maybe_unused]] const bool comparerReady = KyString("a") != KyString("b");
-
-void PrintTo(const Taken& taken, std::ostream* out) { *out << taken.blocks << " blocks, " << taken.bytes << " bytes"; }
-
-}  // namespace
-
-// Not inlined, so that the compiler does not see a block of one kind freed as another.
-[[gnu::noinline]] void* operator new(std::size_t size) { return Take(size); }
-[[gnu::noinline]] void* operator new[](std::size_t size) { return Take(size); }
-[[gnu::noinline]] void operator delete(void* block) noexcept { std::free(block); }
-[[gnu::noinline]] void operator delete[](void* block) noexcept { std::free(block); }
-[[gnu::noinline]] void operator delete(void* block, std::size_t) noexcept { std::free(block); }
-[[gnu::noinline]] void operator delete[](void* block, std::size_t) noexcept { std::free(block); }
-
-namespace {
 
 template <class... Arguments>
 Taken TakenByConstruction(Arguments... arguments) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <iterator>
 #include <random>
 
@@ -183,6 +184,46 @@ TEST(KyStringFind, NearMissesInLongTexts) {
     EXPECT_EQ(wide.Find(pattern.substr(10000, 10001).c_str(), 0, 0x100), kNone);
 }
 
+/// A language in which "ch" is one letter.
+constexpr unsigned char kSpanish = 4;
+
+TEST(KyStringFind, ALongTextWithContractionsIsReadOnce) {
+    const auto start = std::chrono::steady_clock::now();
+    std::string joined;
+    for (int i = 0; i < 20000; ++i) joined += "ach";
+    for (std::string content : {std::string(60000, 'a') + "ch", joined}) {
+        for (const char* wanted : {"a*x", "*x", "h*x", "a*h*c*x", "?*ch*x"}) {
+            KyString text(content.c_str());
+            text.LanguageSet(kSpanish);
+            KyString pattern(wanted);
+            pattern.LanguageSet(kSpanish);
+            EXPECT_EQ(text.Find(pattern, 0, kWild), kNone) << wanted;
+            text += KyString("chx..");
+            EXPECT_EQ(text.Find(pattern, 100, kWild) != kNone, wanted != std::string("a*h*c*x")) << wanted;
+        }
+    }
+    // A quadratic way takes minutes.
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+}
+
+TEST(KyStringFind, WildcardsAmongContractionsAgreeWithTryingEveryPosition) {
+    std::mt19937 random(92);
+    const unsigned short ops[] = {0, 0x20, 0x40, 0x60, 0x200};
+    for (int round = 0; round < 60000; ++round) {
+        // Contractions of Spanish, Czech and Hungarian, and letters that expand or lean on others.
+        const std::u16string letters = round % 3 == 0   ? u"aach"
+                                       : round % 3 == 1 ? u"chlrz\u00E6\uFFFF"
+                                                        : u"dzsZ\u00DFx";
+        const auto language = static_cast<unsigned char>(random() % 40);
+        const unsigned char codeSet = round % 2 == 0 ? KyCodeSetLatin1 : KyCodeSetUnicode;
+        const KyString text = RandomText(random, codeSet, language, letters, random() % 8 == 0 ? 100 : 12);
+        const KyString pattern = RandomText(random, codeSet, language, letters + u"***?", 6);
+        const auto op = ops[random() % std::size(ops)];
+        ASSERT_EQ(text.Find(pattern, 0, op), SlowFind(text, pattern, 0, op))
+            << int{language} << ' ' << op << ' ' << round;
+    }
+}
+
 TEST(KyStringFind, SubStringPos) {
     EXPECT_EQ(KyString("abcabc").SubStringPos("c", 0x100), 2);
     EXPECT_EQ(KyString("abc").SubStringPos("b*", kWild), 1);
@@ -296,73 +337,6 @@ TEST(KyStringWildcards, SettersStoreOrders) {
     EXPECT_EQ(KyString::GetAsterisk(), KyChar('%', KyCodeSetLatin1, 0).GetOrder());
     EXPECT_EQ(KyString::GetQuestion(), KyChar('_', KyCodeSetLatin1, 0).GetOrder());
     EXPECT_EQ(KyString::GetEscape(), KyChar('!', KyCodeSetLatin1, 0).GetOrder());
-}
-
-// --- lists ---
-
-std::vector<std::string> Items(const char* list, const char* separator) {
-    std::vector<std::string> items;
-    KyString item;
-    unsigned short pos = 0;
-    while (KySplitList(list, item, separator, pos) == 0) items.push_back(Text(item));
-    return items;
-}
-
-TEST(KySplitList, CutsAndTrims) {
-    using Texts = std::vector<std::string>;
-    EXPECT_EQ(Items("a, b", ","), (Texts{"a", "b"}));
-    EXPECT_EQ(Items("a", ","), (Texts{"a"}));
-    EXPECT_EQ(Items("", ","), (Texts{}));
-    EXPECT_EQ(Items("a,", ","), (Texts{"a"})) << "no empty item behind the last separator";
-    EXPECT_EQ(Items("a,,b", ","), (Texts{"a", "", "b"}));
-    EXPECT_EQ(Items(",,a", ","), (Texts{"", "a"})) << "only a separator at the very start is skipped";
-    EXPECT_EQ(Items("a,b", ""), (Texts{"a,b"}));
-    EXPECT_EQ(Items(" a b ; c ", ";"), (Texts{"a b", "c"}));
-    EXPECT_EQ(Items("*a*b", "*"), (Texts{"a", "b"}));
-}
-
-TEST(KySplitList, Kept_StepsOneCharacterWhateverTheSeparatorsLength) {
-    EXPECT_EQ(Items("a--b", "--"), (std::vector<std::string>{"a", "-b"}));
-}
-
-TEST(KySplitList, PositionsAndTheEnd) {
-    KyString item("kept");
-    unsigned short pos = 0;
-    const KyString list("ab,c");
-    EXPECT_EQ(KySplitList(list, item, ",", pos), 0);
-    EXPECT_EQ(pos, 3);
-    EXPECT_EQ(KySplitList(list, item, ",", pos), 0);
-    EXPECT_EQ(pos, 5);
-    EXPECT_EQ(Text(item), "c");
-    EXPECT_EQ(KySplitList(list, item, ",", pos), -2005);
-    EXPECT_EQ(Text(item), "c");
-    EXPECT_EQ(pos, 5);
-}
-
-TEST(KySplitList, FollowsTheDefaultOperatorAndWidth) {
-    KyString item;
-    unsigned short pos = 0;
-    KyString list = Wide(u"a\u0100 b");
-    list.LanguageSet(4);
-    EXPECT_EQ(KySplitList(list, item, Wide(u"\u0100"), pos), 0);
-    EXPECT_EQ(Text16(item), u"a");
-    EXPECT_EQ(item.LanguageGet(), 4);
-    EXPECT_EQ(KySplitList(list, item, Wide(u"\u0100"), pos), 0);
-    EXPECT_EQ(Text16(item), u"b");
-    const OtherDefaults restored;
-    KyString::SetDefaultCmpOp(0x20);
-    EXPECT_EQ(Items("1x2X3", "x"), (std::vector<std::string>{"1", "2", "3"}));
-}
-
-TEST(KySplitList, LongItemsAndItself) {
-    KyString list((std::string(40000, 'a') + ",b").c_str());
-    KyString item;
-    unsigned short pos = 0;
-    EXPECT_EQ(KySplitList(list, item, ",", pos), 0);
-    EXPECT_EQ(item.Len(), 40000);
-    pos = 0;
-    EXPECT_EQ(KySplitList(list, list, ",", pos), 0);
-    EXPECT_EQ(list.Len(), 40000);
 }
 
 }  // namespace

@@ -241,6 +241,9 @@ TEST(PrefixPattern, MatchesABeginning) {
     EXPECT_EQ(Prefix("abc", "b"), PrefixMatch::no);
     EXPECT_EQ(Prefix("ab", "abc"), PrefixMatch::no);
     EXPECT_EQ(Prefix("ab", "ab\\"), PrefixMatch::no);
+    EXPECT_EQ(Prefix("ab\\c", "ab\\"), PrefixMatch::yes) << "an escape at the end stands for itself";
+    EXPECT_EQ(Prefix("xab\\c", "*ab\\"), PrefixMatch::yes);
+    EXPECT_EQ(Prefix("ab*", "ab\\"), PrefixMatch::no) << "and takes nothing from what follows";
     EXPECT_EQ(Prefix("abd", "b*c"), PrefixMatch::no) << "a later place has to be tried";
     EXPECT_EQ(Prefix("bd", "b*c"), PrefixMatch::never);
     EXPECT_EQ(Prefix("ABC", "ab", 0x20), PrefixMatch::yes);
