@@ -224,6 +224,14 @@ TEST(KyStringFind, WildcardsAmongContractionsAgreeWithTryingEveryPosition) {
     }
 }
 
+TEST(KyStringFind, AMarkerAmongContractionsHasTheClassOfWhatPrecedesIt) {
+    KyString text = Wide(u"cchx\uFFFF....");
+    text.LanguageSet(kSpanish);
+    KyString pattern = Wide(u"*hx\uFFFF");
+    pattern.LanguageSet(kSpanish);
+    EXPECT_EQ(text.Find(pattern, 0, kWild), 2) << "seen from before, h is in a contraction";
+}
+
 TEST(KyStringFind, SubStringPos) {
     EXPECT_EQ(KyString("abcabc").SubStringPos("c", 0x100), 2);
     EXPECT_EQ(KyString("abc").SubStringPos("b*", kWild), 1);

@@ -244,6 +244,17 @@ TEST(Strwild, LongPatternsAndWorstCases) {
     }
 }
 
+TEST(Strwild, ThousandsOfRunsOverKeys) {
+    const std::string keys(60000, '\x54');
+    std::string many;
+    for (int i = 0; i < 5000; ++i) many += "*a";
+    for (const std::string& pattern : {std::string(60000, '*'), many, many + "*"}) {
+        EXPECT_EQ(CaseWild(pattern, keys, 0, 0xC0), 1) << pattern.substr(0, 10);
+        EXPECT_EQ(CaseWild(pattern + "b", keys, 0, 0xC0), 0) << pattern.substr(0, 10);
+        EXPECT_EQ(CaseWild(pattern + "\\", keys, 0, 0xC0), 0) << pattern.substr(0, 10);
+    }
+}
+
 // --- in disk form ---
 
 TEST(Istrwild, ConvertsWhatIsNotInDiskForm) {
