@@ -17,6 +17,8 @@ void CheckCharacters(const Characters& characters);
 void CheckCodeSets(const std::vector<CodeSetData>& sets, const Characters& characters);
 
 /// What a language adds or moves shares its place with nothing that the language sees, and expands into no wildcard.
+// KEPT: two languages may put different letters in one place, since an order value cannot number them all; texts of the
+// two are then equal. Comparisons in the neutral language tell them apart.
 void CheckLanguages(const std::vector<LanguageData>& languages, const Characters& characters);
 
 }  // namespace ky::tables

@@ -10,6 +10,7 @@
 #include "kychar.h"
 #include "order_key.h"
 #include "support/guarded_buffer.h"
+#include "support/languages.h"
 
 namespace {
 
@@ -219,6 +220,21 @@ TEST(Compare, CanReadBothInTheNeutralLanguage) {
     EXPECT_LT(KyStrCmp(253, spanish, wideA, 253, spanish, wideB, 0x210, -1, 1, nullptr), 0);
     EXPECT_GT(KyStrCmp(1, spanish, "ll", 253, 0, wideB, 0x10, -1, 1, nullptr), 0) << "each in its own";
     EXPECT_LT(KyStrCmp(1, spanish, "ll", 253, 0, wideB, 0x210, -1, 1, nullptr), 0);
+}
+
+TEST(Compare, Kept_LettersOfTwoLanguagesMayShareAPlace) {
+    const unsigned char spanish = LanguageOf("es")->Code();
+    const unsigned char polish = LanguageOf("pl")->Code();
+    const char16_t* n = u"\u00F1";  // both a letter behind n
+    const char16_t* other = u"\u0144";
+    const auto compare = [&](unsigned char languageA, unsigned char languageB, unsigned short op) {
+        return KyStrCmp(253, languageA, reinterpret_cast<const char*>(n), 253, languageB,
+                        reinterpret_cast<const char*>(other), op, -1, 1, nullptr);
+    };
+    EXPECT_EQ(compare(spanish, polish, kExact), 0);
+    EXPECT_NE(compare(spanish, spanish, kExact), 0);
+    EXPECT_NE(compare(polish, polish, kExact), 0);
+    EXPECT_NE(compare(spanish, polish, kLiteral | 0x200), 0) << "in the neutral language each has its own";
 }
 
 TEST(Compare, AnEscapeAtTheEndOfAPatternStandsForItself) {
