@@ -1,7 +1,10 @@
 // The rows of the dictionary strings.
 
+#include <type_traits>
+
 #include "dictionary_slots.h"
 #include "kyistring.h"
+#include "kyistring_bounds.h"
 #include "object_slots.h"
 #include "shared_slots.h"
 
@@ -21,7 +24,7 @@ consteval KyTypeTab DictionaryRow(const char* typeName, const char* typeCodeName
         .SizeGet = ky::DictionaryStoring<Self>::SizeGet,
         .SizeGetFromMemFile = ky::DictionaryStoring<Self>::SizeGetFromMemFile,
         .Compare = ky::DictionaryOrder<Self>::Compare,
-        .EvalAndBound = KyIllegalEvalAndBound,
+        .EvalAndBound = std::is_same_v<Self, KyIString> ? KyIStringEvalAndBound : KyCaseIStringEvalAndBound,
         .Hash = ky::DictionaryOrder<Self>::Hash,
         .ConvertToKyString = ky::DictionaryValues<Self>::ConvertToKyString,
         .ConvertFromKyString = ky::DictionaryValues<Self>::ConvertFromKyString,

@@ -4,6 +4,7 @@
 #include "kystring_slots.h"
 #include "kytypes.h"
 #include "shared_slots.h"
+#include "string_bounds.h"
 
 constinit KyTypeTab KyStringTab = {
     .typeName = "KyString",
@@ -16,7 +17,7 @@ constinit KyTypeTab KyStringTab = {
     .SizeGet = StringSizeGet,
     .SizeGetFromMemFile = StringSizeGetFromMemFile,
     .Compare = StringCompare,
-    .EvalAndBound = KyIllegalEvalAndBound,
+    .EvalAndBound = StringEvalAndBound,
     .Hash = StringHash,
     .ConvertToKyString = KyStringConvertToKyString,
     .ConvertFromKyString = KyStringConvertFromKyString,
@@ -47,7 +48,7 @@ constinit KyTypeTab KyOldStringTab = {
     .SizeGet = StringOldSizeGet,
     .SizeGetFromMemFile = StringOldSizeGetFromMemFile,
     .Compare = StringOldCompare,
-    .EvalAndBound = KyIllegalEvalAndBound,
+    .EvalAndBound = StringOldEvalAndBound,
     .Hash = StringOldHash,
     .ConvertToKyString = KyStringConvertToKyString,
     .ConvertFromKyString = KyStringConvertFromKyString,

@@ -12,6 +12,7 @@ set(folder_sources
   kydiskform.cpp
   kyistrcmp.cpp
   kyistring.cpp
+  kyistring_bounds.cpp
   kyistring_keys.cpp
   kyistring_map.cpp
   kyistring_order.cpp
@@ -55,6 +56,8 @@ set(folder_sources
   segment_search.cpp
   segment_search_avx2.cpp
   segment_search_avx512.cpp
+  string_bounds.cpp
+  string_bounds_constant.cpp
   string_compare.cpp
   string_hash.cpp
   string_pair.cpp
