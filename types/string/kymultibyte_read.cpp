@@ -2,6 +2,7 @@
 #include <cstring>
 #include <memory>
 
+#include "code_mapping.h"
 #include "kymultibyte.h"
 #include "kystring.h"
 #include "kystring_build.h"
@@ -9,63 +10,12 @@
 
 namespace {
 
-/// Characters are decoded in steps of this size; what ends within the first needs no other memory than the string
-/// itself.
+/// Characters that are only counted are decoded in steps of this size.
 constexpr std::size_t kBlock = 256;
 /// Longest multibyte text that becomes a string.
 constexpr std::size_t kMaxTextBytes = 32767;
 /// Longest form of a character.
 constexpr std::size_t kMaxFormBytes = 6;
-
-/// Decodes a text for a string, block by block.
-class Decoder {
-public:
-    Decoder(const char* in, int inLen)
-        // A zero byte ends the text, whether it ends a character or breaks one. What follows the character that passes
-        // the limit is never looked at.
-        : text(in),
-          length(inLen == 0 ? 0
-                            : strnlen(in, std::min(static_cast<std::size_t>(inLen), kMaxTextBytes + kMaxFormBytes))) {}
-
-    /// Decodes up to a block; returns the characters, a whole block unless the text has ended.
-    std::size_t Next(unsigned short* units) {
-        std::size_t count = 0;
-        while (!hasEnded && used < length && count < kBlock) {
-            const std::size_t plain = std::min(length, kMaxTextBytes) - used;
-            const auto [read, written] = ky::Utf8ToUnits(text + used, plain, units + count, kBlock - count);
-            used += read;
-            count += written;
-            if (read == 0) Step(units, count);
-        }
-        return count;
-    }
-
-    std::size_t Left() const { return length - used; }
-
-    /// Bytes used, or why there is no more.
-    int Result() const { return result < 0 ? result : static_cast<int>(used); }
-
-private:
-    const char* text;
-    std::size_t length;
-    std::size_t used = 0;
-    int result = 0;
-    bool hasEnded = false;
-
-    /// One character of any form.
-    void Step(unsigned short* units, std::size_t& count) {
-        unsigned short unit = 0;
-        const int size = ky_mbtowc(&unit, text + used, length - used);
-        hasEnded = size < 0 || unit == 0;
-        if (size < 0) result = size;
-        if (hasEnded) return;
-        units[count++] = unit;
-        used += static_cast<std::size_t>(size);
-        if (used <= kMaxTextBytes) return;
-        result = -2;
-        hasEnded = true;
-    }
-};
 
 }  // namespace
 
@@ -91,32 +41,70 @@ int KyMultiByteStr2WCharStr(unsigned short* out, int outMax, const char* in, int
     return static_cast<int>(count);
 }
 
-int KyMBS2KyString(const char* in, KyString& out, int inLen) {
-    Decoder decoder(in, in == nullptr ? 0 : std::max(inLen, 0));
-    unsigned short units[kBlock];
-    const auto* text = reinterpret_cast<const char*>(units);
-    std::size_t count = decoder.Next(units);
-    // `in` may lie in the text that goes.
-    const std::unique_ptr<char[]> old(out.buffer);
-    const std::size_t bytes = count * sizeof *units;
-    out.codeSet = KyCodeSetUnicode;
-    out.buffer = nullptr;
-    out.bufferSize = 0;
-    if (count == 0) return decoder.Result();
-    if (count == kBlock) {
-        // A longer text gathers whole, so that the string's block is made once. Each character takes a byte at least.
-        const std::unique_ptr<unsigned short[]> longer(new unsigned short[decoder.Left() + 2 * kBlock]);
-        std::memcpy(longer.get(), units, sizeof units);
-        std::size_t length = count;
-        while ((count = decoder.Next(longer.get() + length)) != 0) length += count;
-        out.MakeString(reinterpret_cast<const char*>(longer.get()), KyCodeSetUnicode, static_cast<short>(length), 1);
-        return decoder.Result();
+namespace {
+
+/// A 16-bit text with its terminator, before it becomes that of a string. An empty one has no block.
+struct NewUnits {
+    explicit NewUnits(std::size_t length) : count(length), block(length != 0 ? new char[Bytes()] : nullptr) {
+        if (count != 0) ky::WriteUnit(block.get() + 2 * count, 0, 1);
     }
-    out.buffer = new char[bytes + sizeof *units];
-    out.bufferSize = static_cast<unsigned short>(bytes + sizeof *units);
-    ky::CopyText(out.buffer, text, bytes);
-    ky::WriteUnit(out.buffer + bytes, 0, 1);
-    return decoder.Result();
+    std::size_t Bytes() const { return count != 0 ? 2 * (count + 1) : 0; }
+
+    std::size_t count;
+    std::unique_ptr<char[]> block;
+};
+
+/// What `KyMBS2KyString` returns for texts that are not whole, or longer than a string, or in longer forms than those
+/// of 16-bit characters. Decodes the characters of `length` bytes, none of them zero, into as many units.
+int DecodeAsFarAsPossible(const char* in, std::size_t length, unsigned short* units, std::size_t& count) {
+    std::size_t used = 0;
+    while (used < length) {
+        const std::size_t plain = std::min(length, kMaxTextBytes) - used;
+        const auto [read, written] = ky::Utf8ToUnits(in + used, plain, units + count, plain);
+        used += read;
+        count += written;
+        if (read != 0) continue;
+        unsigned short unit = 0;
+        const int size = ky_mbtowc(&unit, in + used, length - used);
+        if (size < 0) return size;
+        if (unit == 0) break;
+        units[count++] = unit;
+        used += static_cast<std::size_t>(size);
+        if (used > kMaxTextBytes) return -2;
+    }
+    return static_cast<int>(used);
+}
+
+}  // namespace
+
+int KyMBS2KyString(const char* in, KyString& out, int inLen) {
+    // A zero byte ends the text, whether it ends a character or breaks one. What follows the character that passes the
+    // limit is never looked at.
+    const auto most = static_cast<std::size_t>(in == nullptr ? 0 : std::max(inLen, 0));
+    const std::size_t length = most == 0 ? 0 : strnlen(in, std::min(most, kMaxTextBytes + kMaxFormBytes));
+    const auto take = [&out](NewUnits& text) {
+        // Only now, as `in` may lie in the text that goes.
+        delete[] out.buffer;
+        out.codeSet = KyCodeSetUnicode;
+        out.bufferSize = static_cast<unsigned short>(text.Bytes());
+        out.buffer = text.block.release();
+    };
+    const std::size_t whole = ky::Utf8Starts(in, length);
+    if (length <= kMaxTextBytes && whole <= KyString::MaxBytes / 2 - 1) {
+        NewUnits text(whole);
+        auto* const units = reinterpret_cast<unsigned short*>(text.block.get());
+        if (ky::Utf8ToUnits(in, length, units, whole).read == length) {
+            take(text);
+            return static_cast<int>(length);
+        }
+    }
+    const std::unique_ptr<unsigned short[]> units(new unsigned short[length + 1]);
+    std::size_t count = 0;
+    const int result = DecodeAsFarAsPossible(in, length, units.get(), count);
+    NewUnits text(ky::LimitedLength(count, 2));
+    ky::CopyText(text.block.get(), reinterpret_cast<const char*>(units.get()), 2 * text.count);
+    take(text);
+    return result;
 }
 
 int KyMultiByteString2KyString(const char* in, KyString& out, int inLen) { return KyMBS2KyString(in, out, inLen); }

@@ -98,6 +98,8 @@ KY_KERNEL_TARGET Utf8Progress Utf8ToUnitsAvx2(const char* text, std::size_t leng
     return done;
 }
 
+KY_KERNEL_TARGET std::size_t Utf8StartsAvx2(const char* text, std::size_t length) { return StartsInText(text, length); }
+
 KY_KERNEL_TARGET Utf8Progress UnitsToUtf8Avx2(const char* units, std::size_t count, char* out, std::size_t room) {
     Utf8Progress done{0, 0};
     const __m128i zero = _mm_setzero_si128();

@@ -161,6 +161,18 @@ KY_KERNEL_TARGET Utf8Progress Utf8ToUnitsAvx512(const char* text, std::size_t le
     return done;
 }
 
+KY_KERNEL_TARGET std::size_t Utf8StartsAvx512(const char* text, std::size_t length) {
+    const Vector lastFurther = Byte(-0x41);
+    std::size_t starts = 0;
+    for (; length >= 64; length -= 64, text += 64) {
+        const Bytes set = _mm512_cmpgt_epi8_mask(_mm512_loadu_si512(text), lastFurther);
+        starts += static_cast<std::size_t>(std::popcount(set));
+    }
+    const Bytes left = FirstBytes(length);
+    const Bytes set = _mm512_mask_cmpgt_epi8_mask(left, _mm512_maskz_loadu_epi8(left, text), lastFurther);
+    return starts + static_cast<std::size_t>(std::popcount(set));
+}
+
 namespace {
 
 /// Stores the bytes that are not zero, of which there are n.

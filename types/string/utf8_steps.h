@@ -126,6 +126,22 @@ KY_KERNEL void DecodeRest(const char* text, std::size_t length, unsigned short* 
     }
 }
 
+KY_KERNEL std::size_t StartsInText(const char* text, std::size_t length) {
+    std::size_t starts = 0;
+    while (length != 0) {
+        // Few enough for a sum in a byte.
+        const std::size_t some = std::min<std::size_t>(length, 255);
+        unsigned char sum = 0;
+        for (std::size_t i = 0; i < some; ++i) {
+            sum = static_cast<unsigned char>(sum + (static_cast<signed char>(text[i]) > -0x41));
+        }
+        starts += sum;
+        text += some;
+        length -= some;
+    }
+    return starts;
+}
+
 /// Four units of two bytes each.
 KY_KERNEL bool EncodeFourOfTwo(std::uint64_t units, char* out) {
     constexpr std::uint64_t kEach = 0x0001000100010001;

@@ -64,16 +64,20 @@ TEST(KyStringAllocation, FailureOfConversionsLeaksNothing) {
     }
 }
 
-TEST(KyStringAllocation, AFailedConversionLeavesAnEmptyUnicodeString) {
-    KyString s("before");
-    s.LanguageSet(3);
-    blocksLeft = 0;
-    EXPECT_THROW(KyMBS2KyString("abc", s, 3), std::bad_alloc);
-    blocksLeft = -1;
-    EXPECT_TRUE(s.IsEmpty());
-    EXPECT_EQ(s.BufferSizeGet(), 0);
-    EXPECT_EQ(s.CodeSetGet(), KyCodeSetUnicode);
-    EXPECT_EQ(s.LanguageGet(), 3);
+TEST(KyStringAllocation, AFailedConversionLeavesTheStringAsItWas) {
+    for (const char* utf8 : {"abc", "ab\xC3"}) {
+        KyString s("before");
+        for (const int blocks : {0, 1, 2}) {
+            const int needed = utf8[2] == 'c' ? 1 : 3;
+            if (blocks == needed) break;
+            blocksLeft = blocks;
+            EXPECT_THROW(KyMBS2KyString(utf8, s, 3), std::bad_alloc) << utf8 << blocks;
+            blocksLeft = -1;
+            EXPECT_EQ(Text(s), "before");
+        }
+    }
+    KyString s;
+    EXPECT_EQ(TakenBy([&] { KyMBS2KyString("a\xC3\xA9", s, 3); }), (Taken{1, 6}));
 }
 
 TEST(KyStringAllocation, FailureOfSearchesLeaksNothing) {

@@ -193,6 +193,16 @@ TEST(Utf8Kernels, EncodeBytesOfEveryCodeSet) {
     }
 }
 
+TEST_P(Utf8KernelTest, CountsBytesThatDoNotContinue) {
+    TextGenerator generator(31);
+    Area in(2000);
+    for (int i = 0; i < 20000; ++i) {
+        const std::string text = generator.Broken(generator.Below(i % 8 == 0 ? 600 : 100));
+        const auto starts = std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; });
+        ASSERT_EQ(kernels.utf8Starts(in.Put(text), text.size()), static_cast<std::size_t>(starts));
+    }
+}
+
 TEST_P(Utf8KernelTest, FindsTheEndOfAscii) {
     Area in(400);
     Area out(400);
@@ -214,6 +224,7 @@ TEST_P(Utf8KernelTest, FindsTheEndOfAscii) {
 TEST_P(Utf8KernelTest, NothingIsNothing) {
     unsigned short unit = 0xEEEE;
     EXPECT_EQ(kernels.utf8ToUnits(nullptr, 0, nullptr, 0).read, 0u);
+    EXPECT_EQ(kernels.utf8Starts(nullptr, 0), 0u);
     EXPECT_EQ(kernels.utf8ToUnits("a", 1, &unit, 0).read, 0u);
     EXPECT_EQ(unit, 0xEEEE);
     EXPECT_EQ(kernels.unitsToUtf8(nullptr, 0, nullptr, 0).read, 0u);
@@ -230,6 +241,7 @@ TEST(Utf8Kernels, TheLoaderTakesTheWidest) {
     ASSERT_LE(runnable, ky::kUtf8KernelVariants);
     unsigned short units[4];
     EXPECT_EQ(ky::Utf8ToUnits("a\xC3\xA9", 3, units, 4).written, 2u);
+    EXPECT_EQ(ky::Utf8Starts("a\xC3\xA9", 3), 2u);
     char bytes[4];
     EXPECT_EQ(ky::UnitsToUtf8("a\0\xE9", 2, bytes, 4).written, 3u);
 }
