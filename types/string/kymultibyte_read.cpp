@@ -81,7 +81,7 @@ int KyMBS2KyString(const char* in, KyString& out, int inLen) {
     // A zero byte ends the text, whether it ends a character or breaks one. What follows the character that passes the
     // limit is never looked at.
     const auto most = static_cast<std::size_t>(in == nullptr ? 0 : std::max(inLen, 0));
-    const std::size_t length = most == 0 ? 0 : strnlen(in, std::min(most, kMaxTextBytes + kMaxFormBytes));
+    const auto [length, whole] = ky::Utf8Length(in, std::min(most, kMaxTextBytes + kMaxFormBytes));
     const auto take = [&out](NewUnits& text) {
         // Only now, as `in` may lie in the text that goes.
         delete[] out.buffer;
@@ -89,7 +89,6 @@ int KyMBS2KyString(const char* in, KyString& out, int inLen) {
         out.bufferSize = static_cast<unsigned short>(text.Bytes());
         out.buffer = text.block.release();
     };
-    const std::size_t whole = ky::Utf8Starts(in, length);
     if (length <= kMaxTextBytes && whole <= KyString::MaxBytes / 2 - 1) {
         NewUnits text(whole);
         auto* const units = reinterpret_cast<unsigned short*>(text.block.get());

@@ -28,7 +28,7 @@ Utf8Progress Utf8ToUnitsAny(const char* text, std::size_t length, unsigned short
     return done;
 }
 
-std::size_t Utf8StartsAny(const char* text, std::size_t length) { return StartsInText(text, length); }
+Utf8Progress Utf8LengthAny(const char* text, std::size_t length) { return LengthOfText(text, length); }
 
 Utf8Progress UnitsToUtf8Any(const char* units, std::size_t count, char* out, std::size_t room) {
     Utf8Progress done{0, 0};
@@ -61,10 +61,10 @@ std::size_t AsciiRunAny(const char* text, std::size_t length) { return AsciiText
 std::size_t CopyAsciiAny(const char* text, std::size_t length, char* out) { return AsciiText(text, length, out); }
 
 constinit const Utf8Kernels kUtf8Kernels[kUtf8KernelVariants] = {
-    {"any", Utf8ToUnitsAny, Utf8StartsAny, UnitsToUtf8Any, BytesToUtf8Any, Utf8SizeAny, AsciiRunAny, CopyAsciiAny},
-    {"avx2", Utf8ToUnitsAvx2, Utf8StartsAvx2, UnitsToUtf8Avx2, BytesToUtf8Avx2, Utf8SizeAvx2, AsciiRunAvx2,
+    {"any", Utf8ToUnitsAny, Utf8LengthAny, UnitsToUtf8Any, BytesToUtf8Any, Utf8SizeAny, AsciiRunAny, CopyAsciiAny},
+    {"avx2", Utf8ToUnitsAvx2, Utf8LengthAvx2, UnitsToUtf8Avx2, BytesToUtf8Avx2, Utf8SizeAvx2, AsciiRunAvx2,
      CopyAsciiAvx2},
-    {"avx512", Utf8ToUnitsAvx512, Utf8StartsAvx512, UnitsToUtf8Avx512, BytesToUtf8Avx512, Utf8SizeAvx512,
+    {"avx512", Utf8ToUnitsAvx512, Utf8LengthAvx512, UnitsToUtf8Avx512, BytesToUtf8Avx512, Utf8SizeAvx512,
      AsciiRunAvx512, CopyAsciiAvx512},
 };
 
@@ -87,8 +87,8 @@ extern "C" {
 KY_RESOLVER Utf8ToUnitsKernel* KyResolveUtf8ToUnits() {
     return Choose(&Utf8ToUnitsAny, &Utf8ToUnitsAvx2, &Utf8ToUnitsAvx512);
 }
-KY_RESOLVER Utf8StartsKernel* KyResolveUtf8Starts() {
-    return Choose(&Utf8StartsAny, &Utf8StartsAvx2, &Utf8StartsAvx512);
+KY_RESOLVER Utf8LengthKernel* KyResolveUtf8Length() {
+    return Choose(&Utf8LengthAny, &Utf8LengthAvx2, &Utf8LengthAvx512);
 }
 KY_RESOLVER UnitsToUtf8Kernel* KyResolveUnitsToUtf8() {
     return Choose(&UnitsToUtf8Any, &UnitsToUtf8Avx2, &UnitsToUtf8Avx512);
@@ -102,7 +102,7 @@ KY_RESOLVER CopyAsciiKernel* KyResolveCopyAscii() { return Choose(&CopyAsciiAny,
 }
 
 __attribute__((ifunc("KyResolveUtf8ToUnits"))) Utf8ToUnitsKernel Utf8ToUnits;
-__attribute__((ifunc("KyResolveUtf8Starts"))) Utf8StartsKernel Utf8Starts;
+__attribute__((ifunc("KyResolveUtf8Length"))) Utf8LengthKernel Utf8Length;
 __attribute__((ifunc("KyResolveUnitsToUtf8"))) UnitsToUtf8Kernel UnitsToUtf8;
 __attribute__((ifunc("KyResolveBytesToUtf8"))) BytesToUtf8Kernel BytesToUtf8;
 __attribute__((ifunc("KyResolveUtf8Size"))) Utf8SizeKernel Utf8Size;

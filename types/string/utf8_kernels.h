@@ -19,8 +19,10 @@ struct Utf8Progress {
 /// (longer forms, errors, a character that is cut off by `length`) and when `room` units are written.
 using Utf8ToUnitsKernel = Utf8Progress(const char* text, std::size_t length, unsigned short* out, std::size_t room);
 
-/// The number of bytes that do not continue a character: in a text without mistakes, its characters.
-using Utf8StartsKernel = std::size_t(const char* text, std::size_t length);
+/// Measures a text up to its first zero byte: `written` is the number of bytes that do not continue a character, in a
+/// text without mistakes its characters. Behind a zero byte nothing need be there, whatever `length` says; vectors
+/// that reach behind it stay on its page.
+using Utf8LengthKernel = Utf8Progress(const char* text, std::size_t length);
 
 /// Encodes units, at any address, up to the first zero unit. Stops before the character that does not fit in `room`.
 using UnitsToUtf8Kernel = Utf8Progress(const char* units, std::size_t count, char* out, std::size_t room);
@@ -39,7 +41,7 @@ using AsciiRunKernel = std::size_t(const char* text, std::size_t length);
 using CopyAsciiKernel = std::size_t(const char* text, std::size_t length, char* out);
 
 Utf8ToUnitsKernel Utf8ToUnits;
-Utf8StartsKernel Utf8Starts;
+Utf8LengthKernel Utf8Length;
 UnitsToUtf8Kernel UnitsToUtf8;
 BytesToUtf8Kernel BytesToUtf8;
 Utf8SizeKernel Utf8Size;
@@ -50,7 +52,7 @@ CopyAsciiKernel CopyAscii;
 struct Utf8Kernels {
     const char* name;
     Utf8ToUnitsKernel* utf8ToUnits;
-    Utf8StartsKernel* utf8Starts;
+    Utf8LengthKernel* utf8Length;
     UnitsToUtf8Kernel* unitsToUtf8;
     BytesToUtf8Kernel* bytesToUtf8;
     Utf8SizeKernel* utf8Size;
@@ -64,7 +66,7 @@ extern const Utf8Kernels kUtf8Kernels[kUtf8KernelVariants];
 int RunnableUtf8Kernels();
 
 Utf8ToUnitsKernel Utf8ToUnitsAny, Utf8ToUnitsAvx2, Utf8ToUnitsAvx512;
-Utf8StartsKernel Utf8StartsAny, Utf8StartsAvx2, Utf8StartsAvx512;
+Utf8LengthKernel Utf8LengthAny, Utf8LengthAvx2, Utf8LengthAvx512;
 UnitsToUtf8Kernel UnitsToUtf8Any, UnitsToUtf8Avx2, UnitsToUtf8Avx512;
 BytesToUtf8Kernel BytesToUtf8Any, BytesToUtf8Avx2, BytesToUtf8Avx512;
 Utf8SizeKernel Utf8SizeAny, Utf8SizeAvx2, Utf8SizeAvx512;

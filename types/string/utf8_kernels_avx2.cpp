@@ -98,7 +98,9 @@ KY_KERNEL_TARGET Utf8Progress Utf8ToUnitsAvx2(const char* text, std::size_t leng
     return done;
 }
 
-KY_KERNEL_TARGET std::size_t Utf8StartsAvx2(const char* text, std::size_t length) { return StartsInText(text, length); }
+KY_KERNEL_TARGET Utf8Progress Utf8LengthAvx2(const char* text, std::size_t length) {
+    return LengthOfText(text, length);
+}
 
 KY_KERNEL_TARGET Utf8Progress UnitsToUtf8Avx2(const char* units, std::size_t count, char* out, std::size_t room) {
     Utf8Progress done{0, 0};

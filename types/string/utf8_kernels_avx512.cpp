@@ -3,6 +3,7 @@
 #include <bit>
 
 #include "byte_table_avx512.h"
+#include "common_text.h"
 #include "utf8_kernels.h"
 #include "utf8_steps.h"
 
@@ -161,16 +162,31 @@ KY_KERNEL_TARGET Utf8Progress Utf8ToUnitsAvx512(const char* text, std::size_t le
     return done;
 }
 
-KY_KERNEL_TARGET std::size_t Utf8StartsAvx512(const char* text, std::size_t length) {
+__attribute__((KY_UNINSTRUMENTED)) KY_KERNEL_TARGET Utf8Progress Utf8LengthAvx512(const char* text,
+                                                                                  std::size_t length) {
     const Vector lastFurther = Byte(-0x41);
-    std::size_t starts = 0;
-    for (; length >= 64; length -= 64, text += 64) {
-        const Bytes set = _mm512_cmpgt_epi8_mask(_mm512_loadu_si512(text), lastFurther);
-        starts += static_cast<std::size_t>(std::popcount(set));
+    Utf8Progress done{0, 0};
+    Bytes zeros = 0;
+    while (zeros == 0 && done.read < length) {
+        const char* const from = text + done.read;
+        const std::size_t near = std::min(length - done.read, std::size_t{RoomInPage(from)});
+        if (near >= 64) {
+            const Vector bytes = _mm512_loadu_si512(from);
+            if (_mm512_testn_epi8_mask(bytes, bytes) == 0) {
+                done.read += 64;
+                done.written += static_cast<std::size_t>(std::popcount(_mm512_cmpgt_epi8_mask(bytes, lastFurther)));
+                continue;
+            }
+        }
+        const Bytes given = FirstBytes(std::min<std::size_t>(near, 64));
+        const Vector bytes = _mm512_maskz_loadu_epi8(given, from);
+        zeros = _mm512_mask_testn_epi8_mask(given, bytes, bytes);
+        const Bytes before = zeros == 0 ? given : FirstBytes(static_cast<std::size_t>(std::countr_zero(zeros)));
+        done.read += static_cast<std::size_t>(std::popcount(before));
+        done.written +=
+            static_cast<std::size_t>(std::popcount(_mm512_mask_cmpgt_epi8_mask(before, bytes, lastFurther)));
     }
-    const Bytes left = FirstBytes(length);
-    const Bytes set = _mm512_mask_cmpgt_epi8_mask(left, _mm512_maskz_loadu_epi8(left, text), lastFurther);
-    return starts + static_cast<std::size_t>(std::popcount(set));
+    return done;
 }
 
 namespace {

@@ -126,20 +126,20 @@ KY_KERNEL void DecodeRest(const char* text, std::size_t length, unsigned short* 
     }
 }
 
-KY_KERNEL std::size_t StartsInText(const char* text, std::size_t length) {
-    std::size_t starts = 0;
-    while (length != 0) {
+KY_KERNEL Utf8Progress LengthOfText(const char* text, std::size_t length) {
+    Utf8Progress done{0, 0};
+    if (length != 0) length = strnlen(text, length);
+    while (done.read < length) {
         // Few enough for a sum in a byte.
-        const std::size_t some = std::min<std::size_t>(length, 255);
+        const std::size_t some = std::min<std::size_t>(length - done.read, 255);
         unsigned char sum = 0;
         for (std::size_t i = 0; i < some; ++i) {
-            sum = static_cast<unsigned char>(sum + (static_cast<signed char>(text[i]) > -0x41));
+            sum = static_cast<unsigned char>(sum + (static_cast<signed char>(text[done.read + i]) > -0x41));
         }
-        starts += sum;
-        text += some;
-        length -= some;
+        done.read += some;
+        done.written += sum;
     }
-    return starts;
+    return done;
 }
 
 /// Four units of two bytes each.

@@ -193,13 +193,21 @@ TEST(Utf8Kernels, EncodeBytesOfEveryCodeSet) {
     }
 }
 
-TEST_P(Utf8KernelTest, CountsBytesThatDoNotContinue) {
+TEST_P(Utf8KernelTest, CountsBytesThatDoNotContinueUpToAZero) {
     TextGenerator generator(31);
     Area in(2000);
     for (int i = 0; i < 20000; ++i) {
         const std::string text = generator.Broken(generator.Below(i % 8 == 0 ? 600 : 100));
-        const auto starts = std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; });
-        ASSERT_EQ(kernels.utf8Starts(in.Put(text), text.size()), static_cast<std::size_t>(starts));
+        const std::size_t end = std::min(text.find('\0'), text.size());
+        const std::string before = text.substr(0, end);
+        const auto starts = std::count_if(before.begin(), before.end(), [](char c) { return (c & 0xC0) != 0x80; });
+        const ky::Utf8Progress got = kernels.utf8Length(in.Put(text), text.size());
+        ASSERT_EQ(got.read, end);
+        ASSERT_EQ(got.written, static_cast<std::size_t>(starts));
+        // Nothing behind a zero.
+        const ky::Utf8Progress unlimited = kernels.utf8Length(in.Put(before + '\0'), 100000);
+        ASSERT_EQ(unlimited.read, end);
+        ASSERT_EQ(unlimited.written, got.written);
     }
 }
 
@@ -224,7 +232,7 @@ TEST_P(Utf8KernelTest, FindsTheEndOfAscii) {
 TEST_P(Utf8KernelTest, NothingIsNothing) {
     unsigned short unit = 0xEEEE;
     EXPECT_EQ(kernels.utf8ToUnits(nullptr, 0, nullptr, 0).read, 0u);
-    EXPECT_EQ(kernels.utf8Starts(nullptr, 0), 0u);
+    EXPECT_EQ(kernels.utf8Length(nullptr, 0).read, 0u);
     EXPECT_EQ(kernels.utf8ToUnits("a", 1, &unit, 0).read, 0u);
     EXPECT_EQ(unit, 0xEEEE);
     EXPECT_EQ(kernels.unitsToUtf8(nullptr, 0, nullptr, 0).read, 0u);
@@ -241,7 +249,7 @@ TEST(Utf8Kernels, TheLoaderTakesTheWidest) {
     ASSERT_LE(runnable, ky::kUtf8KernelVariants);
     unsigned short units[4];
     EXPECT_EQ(ky::Utf8ToUnits("a\xC3\xA9", 3, units, 4).written, 2u);
-    EXPECT_EQ(ky::Utf8Starts("a\xC3\xA9", 3), 2u);
+    EXPECT_EQ(ky::Utf8Length("a\xC3\xA9", 3).written, 2u);
     char bytes[4];
     EXPECT_EQ(ky::UnitsToUtf8("a\0\xE9", 2, bytes, 4).written, 3u);
 }
