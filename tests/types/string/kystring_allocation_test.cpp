@@ -189,13 +189,14 @@ TEST(DictionaryStringAllocation, EachContentTakesOneBlockOfTheExactSize) {
     EXPECT_EQ(TakenBy([] { const KyIString s(""); }), (Taken{0, 0}));
     EXPECT_EQ(TakenBy([] { const KyCaseIString s(12); }), (Taken{1, 3}));
     KyIString s("twelve bytes");
+    KyIString& same = s;
     const KyIString other("four");
     EXPECT_EQ(TakenBy([&] { const KyIString copy(s); }), (Taken{1, 13}));
     EXPECT_EQ(TakenBy([&] { s += other; }), (Taken{1, 17}));
     EXPECT_EQ(TakenBy([&] { s.Insert(other, 2); }), (Taken{1, 21}));
     EXPECT_EQ(TakenBy([&] { s.Cut(0, 4); }), (Taken{1, 17}));
     EXPECT_EQ(TakenBy([&] { s = other; }), (Taken{1, 5}));
-    EXPECT_EQ(TakenBy([&] { s = std::move(s); }), (Taken{0, 0}));
+    EXPECT_EQ(TakenBy([&] { s = std::move(same); }), (Taken{0, 0}));
     EXPECT_EQ(TakenBy([&] { s = "text"; }), (Taken{1, 5}));
     EXPECT_EQ(TakenBy([&] { s.Fill(3, 'x'); }), (Taken{1, 4}));
     EXPECT_EQ(TakenBy([&] { s.Cut(0, -1); }), (Taken{1, 1})) << "given up again";
