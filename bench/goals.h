@@ -16,6 +16,7 @@ struct Goal {
     enum class Measure {
         shareOfPeerSpeed,  ///< the peer's time over ours has to be at least `limit`
         nanosecondsMore,   ///< our time less the peer's has to be at most `limit`
+        nanoseconds,       ///< our time has to be at most `limit`
     };
     Measure measure;
     double limit;
@@ -23,6 +24,7 @@ struct Goal {
 
 constexpr Goal AtLeast(double shareOfPeerSpeed) { return {Goal::Measure::shareOfPeerSpeed, shareOfPeerSpeed}; }
 constexpr Goal AtMostMore(double nanoseconds) { return {Goal::Measure::nanosecondsMore, nanoseconds}; }
+constexpr Goal AtMost(double nanoseconds) { return {Goal::Measure::nanoseconds, nanoseconds}; }
 
 /// Gives a goal to all benchmarks whose name begins like this.
 void SetGoal(const std::string& namePrefix, Goal goal);
@@ -30,6 +32,9 @@ void SetGoal(const std::string& namePrefix, Goal goal);
 /// Registers a benchmark, its peer and its goal.
 using Body = std::function<void(benchmark::State&)>;
 void RegisterPair(const std::string& name, Goal goal, const Body& ours, const Body& peer);
+
+/// A second table at the end of a run tells the counters whose names begin like this.
+inline constexpr const char* kShownCounters = "mean error";
 
 /// At file scope: `const bench::AtStart here([] { ... register ... });`
 struct AtStart {

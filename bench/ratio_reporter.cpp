@@ -51,6 +51,9 @@ Line Compare(const std::string& name, const std::vector<double>& ours, const std
     if (goal->measure == Goal::Measure::shareOfPeerSpeed) {
         line.goal = ">= " + Fixed(goal->limit, 2) + " x";
         met = peerTime / ourTime >= goal->limit;
+    } else if (goal->measure == Goal::Measure::nanoseconds) {
+        line.goal = "<= " + Fixed(goal->limit, 0) + " ns";
+        met = ourTime <= goal->limit;
     } else {
         line.compared = Fixed(ourTime - peerTime, 2) + " ns";
         line.goal = "<= " + Fixed(goal->limit, 2) + " ns";
@@ -89,6 +92,9 @@ void RatioReporter::ReportRuns(const std::vector<Run>& runs) {
             continue;
         }
         times[name].push_back(1e9 * run.cpu_accumulated_time / static_cast<double>(run.iterations));
+        for (const auto& [counter, value] : run.counters) {
+            if (counter.starts_with(kShownCounters)) counters[name][counter] = value;
+        }
     }
 }
 
@@ -110,6 +116,18 @@ void RatioReporter::Finalize() {
         const auto peer = times.find(peerPrefix + name);
         Print(out, nameWidth,
               peer != times.end() ? Compare(name, times[name], peer->second) : Alone(name, times[name]));
+    }
+    PrintCounters();
+}
+
+void RatioReporter::PrintCounters() {
+    std::size_t nameWidth = 0;
+    for (const auto& [name, values] : counters) nameWidth = std::max(nameWidth, name.size());
+    std::ostream& out = GetOutputStream();
+    for (const auto& [name, values] : counters) {
+        out << std::left << std::setw(static_cast<int>(nameWidth)) << name << std::right;
+        for (const auto& [counter, value] : values) out << "  " << counter << " " << Fixed(100 * value, 2) << " %";
+        out << '\n';
     }
 }
 

@@ -10,6 +10,13 @@
 ///
 ///   keys from 1 to 100, member >= 91:   returns 0.1; `out` gets the lower limit 91
 ///   then, the same `out`, member = 95:  returns 0.01; `out` keeps 91 and gets the upper limit 95
+///
+/// Numbers leave the operator word as it is. Strings of all kinds clear its modifiers (AND 0x800F), and patterns among
+/// their constants set limits of their own:
+///   KyString         a lower limit at most: the text before the first wildcard or escape. It can be used as it is.
+///   KyIString,       both limits are copies of the constant, pattern and all, and bit 0x0008 of the word says so: an
+///   KyCaseIString    index is then descended with the text before the first wildcard or escape only.
+/// A wildcard at the beginning sets none.
 
 #include <cstddef>
 #include <type_traits>
@@ -20,7 +27,8 @@
 /// A range of keys. The limits are values in the persistent form that the format flag of a call names, any alignment.
 ///
 /// The caller owns the record and what it holds: limits that a call has put there are blocks of their own, to be
-/// freed with `mmKyfree`. A limit is read as one whole value, a missing one is 0, for nullable types null.
+/// freed with `mmKyfree`. A limit is read as one whole value, a missing one is 0, for nullable types null; a string
+/// that goes on behind its length is read up to there, a missing one is open.
 struct KyIdxBounds {
     void* lower = nullptr;       ///< null: no lower limit
     void* upper = nullptr;       ///< null: no upper limit

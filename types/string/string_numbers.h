@@ -4,8 +4,7 @@
 /// Texts as numbers on an axis along which shares of ranges are measured: the digits of a number are the first
 /// characters of a text behind what the limits of the range have in common.
 
-#include <cstddef>
-#include <span>
+#include <array>
 
 #include "kytypes.h"
 #include "order_key.h"
@@ -24,43 +23,57 @@ struct ByteDigits {
     static constexpr bool IsShared(unsigned) { return false; }
 };
 
-/// Comparison keys: three digits of 20 bits, a bucket of classes and 16 bits. Numbers never decrease along the order.
+/// What the digits of a class of characters are made of.
+struct DigitsOfClass {
+    unsigned bucket;
+    unsigned placeMask;  ///< 0: all characters of the class share their digit with others
+};
+
+consteval std::array<DigitsOfClass, 128> MakeDigitsOfClasses() {
+    constexpr unsigned lastInBucket = 0xFFFF;
+    std::array<DigitsOfClass, 128> made{};
+    for (unsigned orderClass = KyClassCommon; orderClass < made.size(); ++orderClass) {
+        unsigned bucket = 0;
+        bool hasPlaces = orderClass == KyClassCommon;
+        if (orderClass >= KyClassHan) {
+            bucket = 15;
+            hasPlaces = orderClass == KyClassHan;
+        } else if (orderClass > KyClassFurtherArabic) {
+            bucket = 14;
+        } else if (orderClass >= KyClassLatin) {
+            bucket = orderClass - KyClassLatin + 1;
+            hasPlaces = true;
+        }
+        made[orderClass] =
+            hasPlaces ? DigitsOfClass{bucket << 16, 0xFFFF} : DigitsOfClass{bucket << 16 | lastInBucket, 0};
+    }
+    return made;
+}
+
+inline constexpr std::array<DigitsOfClass, 128> kDigitsOfClasses = MakeDigitsOfClasses();
+
+/// Comparison keys: three digits of 20 bits, a bucket of classes and a place of 16 bits. Numbers never decrease along
+/// the order of the keys: classes that have no places of their own share the last of their bucket, and markers at the
+/// beginning of a text, which have no class, share the first digit of all.
 struct KeyDigits {
     static constexpr unsigned count = 3;
     static constexpr unsigned bits = 20;
     static constexpr long long unit = 1 << bits;
 
-    /// Several characters have this digit.
-    static constexpr bool IsShared(unsigned key) {
-        return ClassInKey(key) < KyClassCommon || (Of(key) & kLastInBucket) == kLastInBucket;
-    }
     static constexpr unsigned Of(unsigned key) {
-        const unsigned orderClass = ClassInKey(key);
-        // Markers at the beginning of a text have no class, and are not told apart.
-        if (orderClass < KyClassCommon) return 0;
-        const unsigned inBucket = HasBucketsOwnPlaces(orderClass) ? PlaceInBucket(key) : kLastInBucket;
-        return BucketOf(orderClass) << 16 | inBucket;
+        const DigitsOfClass& digits = kDigitsOfClasses[ClassInKey(key)];
+        return digits.bucket | (PlaceOf(key) & digits.placeMask);
+    }
+    static constexpr bool IsShared(unsigned key) {
+        return kDigitsOfClasses[ClassInKey(key)].placeMask == 0 || PlaceOf(key) == 0xFFFF;
     }
 
 private:
-    static constexpr unsigned kLastInBucket = 0xFFFF;
-    static constexpr unsigned kLastOwnBucket = KyClassFurtherArabic;  ///< of the classes from Latin on
-
-    static constexpr unsigned BucketOf(unsigned orderClass) {
-        if (orderClass < KyClassLatin) return 0;
-        if (orderClass <= kLastOwnBucket) return orderClass - KyClassLatin + 1;
-        return orderClass < KyClassHan ? 14 : 15;
-    }
-    /// Other classes share the last place of a bucket.
-    static constexpr bool HasBucketsOwnPlaces(unsigned orderClass) {
-        if (orderClass == KyClassCommon || orderClass == KyClassHan) return true;
-        return orderClass >= KyClassLatin && orderClass <= kLastOwnBucket;
-    }
     /// Letters: identity, case, accent. Others: the order value. The same order as that of the keys.
-    static constexpr unsigned PlaceInBucket(unsigned key) {
+    static constexpr unsigned PlaceOf(unsigned key) {
         const unsigned order = key >> 8 & 0xFFFF;
-        if (!IsLetterOrder(static_cast<unsigned short>(order))) return order;
-        return kFirstLetter | (order & 0x7F) << 7 | (key & (kCaseBits | kAccentBits));
+        const unsigned letter = kFirstLetter | (order & 0x7F) << 7 | (key & (kCaseBits | kAccentBits));
+        return IsLetterOrder(static_cast<unsigned short>(order)) ? letter : order;
     }
 };
 
@@ -79,21 +92,16 @@ enum class Open { low, high };
 /// has its digit in common with others, which must not decide among them.
 template <class Digits>
 long long EvalString(const ky::FirstKeys<Digits>& first, ky::Open behindEnd, ky::Open behindShared) {
-    constexpr unsigned highest = (1u << Digits::bits) - 1;
-    const auto fill = [](ky::Open open) { return open == ky::Open::high ? highest : 0; };
+    const auto filled = [](long long number, unsigned digits, ky::Open open) {
+        const unsigned width = digits * Digits::bits;
+        return number << width | (open == ky::Open::high ? (1LL << width) - 1 : 0);
+    };
     long long number = 0;
-    bool filling = false;
-    unsigned filled = 0;
-    for (const unsigned key : first.keys) {
-        if (!filling && key == 0) {
-            filling = true;
-            filled = fill(behindEnd);
-        }
-        number = number << Digits::bits | (filling ? filled : Digits::Of(key));
-        if (!filling && Digits::IsShared(key)) {
-            filling = true;
-            filled = fill(behindShared);
-        }
+    for (unsigned i = 0; i < Digits::count; ++i) {
+        const unsigned key = first.keys[i];
+        if (key == 0) return filled(number, Digits::count - i, behindEnd);
+        number = number << Digits::bits | Digits::Of(key);
+        if (Digits::IsShared(key)) return filled(number, Digits::count - i - 1, behindShared);
     }
     return number;
 }
