@@ -338,4 +338,37 @@ TEST(StringCompareSlot, AgreesWithItsSlowTwinWhereverRecordsAreCut) {
     }
 }
 
+/// Contents on both sides of the size from which on copies are not on the stack.
+TEST(StringCompareSlot, LongContentsAgreeWithTheirSlowTwinWhereverRecordsAreCut) {
+    const std::vector<unsigned> longestJoined = LongestJoinedOfAll();
+    StringGenerator generate(29);
+    for (const unsigned char codeSet : std::initializer_list<unsigned char>{1, 253, KyCodeSetOrders}) {
+        const std::size_t width = codeSet < KyCodeSetFirst16Bit ? 1 : 2;
+        for (const std::size_t content : {252U, 254U, 256U, 300U}) {
+            const unsigned char language = codeSet == KyCodeSetOrders ? 1 : 10;
+            const unsigned short letter = codeSet == KyCodeSetOrders ? 0x600C : 'a';
+            std::vector<unsigned short> codes(content / width, letter);
+            for (int i = 0; i < 8; ++i) codes[codes.size() - 1 - generate.Below(60)] = generate.Code(codeSet);
+            const KyString a = StringGenerator::FromCodes(codeSet, language, codes);
+            codes[codes.size() - 1 - generate.Below(40)] = generate.Code(codeSet);
+            const KyString b = StringGenerator::FromCodes(codeSet, language, codes);
+            const unsigned char form = generate.Below(2) == 0 ? 1 : 2;
+            const auto recordA = RecordOf(a, form);
+            const auto recordB = RecordOf(b, form);
+            for (const unsigned short op : {kWild, kExact, static_cast<unsigned short>(0x80)}) {
+                for (auto length = static_cast<unsigned>(recordA.size()); length > recordA.size() - 70; --length) {
+                    const auto partA = slow::Decode(recordA.data(), length, form);
+                    SCOPED_TRACE(std::to_string(codeSet) + " " + std::to_string(content) + " op " + std::to_string(op) +
+                                 " length " + std::to_string(length));
+                    ASSERT_EQ(
+                        ComparedParts(recordA, length, recordB, 0, op, form),
+                        slow::Compare(partA, slow::Decode(recordB.data(), recordB.size(), form), op, longestJoined));
+                    ASSERT_EQ(ComparedParts(recordA, length, recordB, length, op, form),
+                              slow::Compare(partA, slow::Decode(recordB.data(), length, form), op, longestJoined));
+                }
+            }
+        }
+    }
+}
+
 }  // namespace

@@ -155,6 +155,15 @@ TEST(StringCompareSlot, OldLayout) {
     }
 }
 
+TEST(StringCompareSlot, TheFirstRecordTellsTheLayoutOfAll) {
+    // The second record's last byte is damaged.
+    const auto records = Bytes("05 00 01 00 61 00 FF 05 00 01 00 62 00 00");
+    GuardedBuffer a(records);
+    StoredArray b(KyStringTab, {KyString("a"), KyString("b")}, 1);
+    EXPECT_EQ(Compared(KyStringTab, 1, 14, a.data(), b.Size(), b.Data(), kExact, 2), (Result{0, 0}));
+    EXPECT_EQ(Compared(KyStringTab, 1, 0, a.data(), 0, b.Data(), kExact, 2), (Result{0, 0}));
+}
+
 TEST(StringCompareSlot, OldLayoutThatEndsEarly) {
     StoredArray a(KyOldStringTab, {"ab", "cd"}, 1);
     for (unsigned length = 1; length < a.Size(); ++length) {
@@ -208,6 +217,12 @@ TEST(StringHashSlot, IsTheSameInEveryForm) {
     EXPECT_EQ(HashInEveryForm({KyString("A"), Null(), ""}), (0x20400C00U ^ kNullHash) * kHashFactor);
     HashInEveryForm({std::string(253, 'q').c_str(), std::string(254, 'q').c_str(), std::string(1000, 'q').c_str()});
     HashInEveryForm({Wide(std::u16string(127, u'Ā')), Wide(std::u16string(128, u'Ā'))});
+}
+
+TEST(StringHashSlot, EqualElementsCancelOut) {
+    EXPECT_EQ(HashInEveryForm({KyString("A"), KyString("A")}), 0U);
+    EXPECT_EQ(HashInEveryForm({Null(), Null()}), 0U);
+    EXPECT_EQ(HashInEveryForm({KyString("A"), KyString("b"), KyString("A")}), HashInEveryForm({KyString("b")}));
 }
 
 TEST(StringHashSlot, OfNone) {

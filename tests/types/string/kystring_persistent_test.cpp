@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "generated_strings.h"
 #include "kybase.h"
 #include "kystring.h"
 #include "kystring_slots.h"
@@ -122,6 +123,35 @@ TEST(StringLoad, GivesBackWhatWasStored) {
     }
 }
 
+TEST(StringLoad, GivesBackStringsOfEveryCodeSetAndLanguage) {
+    StringGenerator generate(41);
+    std::vector<unsigned char> codeSets = AllCodeSets();
+    codeSets.push_back(KyCodeSetNative);
+    for (const unsigned char codeSet : codeSets) {
+        for (const unsigned char language : AllLanguages()) {
+            // Order values of language 0 are null.
+            const bool isNull = codeSet == KyCodeSetOrders && language == 0;
+            const KyString strings[] = {generate.Next(codeSet, language, 12), generate.Next(codeSet, language, 400),
+                                        KyString(codeSet, language), generate.Next(codeSet, language, 3)};
+            for (const unsigned char form : std::initializer_list<unsigned char>{1, 2}) {
+                GuardedBuffer buffer(KyStringTab.SizeGet(strings, KyFormMemory, form, 4));
+                ASSERT_EQ(KyStringTab.Store(buffer.data(), strings, form, 4), buffer.size());
+                EXPECT_EQ(KyStringTab.SizeGet(buffer.data(), form, form, 4), buffer.size());
+                MemFile file(buffer.data(), buffer.size());
+                EXPECT_EQ(KyStringTab.SizeGetFromMemFile(&file, form, 4), buffer.size());
+                KyString loaded[4] = {"old", "old", "old", "old"};
+                ASSERT_EQ(KyStringTab.Load(loaded, buffer.data(), form, 4), buffer.size());
+                for (int i = 0; i < 4; ++i) {
+                    ASSERT_EQ(Content(loaded[i]), Content(strings[i])) << int{codeSet} << " " << int{language};
+                    ASSERT_EQ(loaded[i].CodeSetGet(), codeSet);
+                    ASSERT_EQ(loaded[i].LanguageGet(), language);
+                    ASSERT_EQ(loaded[i].IsNullValue() != 0, isNull);
+                }
+            }
+        }
+    }
+}
+
 TEST(StringLoad, NoneConsumesNothing) {
     GuardedBuffer buffer(Bytes("04 00 01 00 00 FF"));
     EXPECT_EQ(KyStringTab.Load(nullptr, buffer.data(), 1, 0), 0U);
@@ -155,6 +185,16 @@ TEST(StringOldStore, GoldenBytes) {
     EXPECT_EQ(Stored(KyOldStringTab, strings, 5, 1), "09 00 61 62 00 00 00 63 00 64 00");
     EXPECT_EQ(Stored(KyOldStringTab, strings, 5, 2), "00 09 61 62 00 00 00 63 00 64 00");
     EXPECT_EQ(Stored(KyOldStringTab, strings, 0, 1), "00 00");
+}
+
+TEST(StringOldStore, NarrowTextsStayWhatTheyAreAndWideOnesAreMapped) {
+    const unsigned short orders[] = {KyChar('a', KyCodeSetLatin1, 0).GetOrder(),
+                                     KyChar('Z', KyCodeSetLatin1, 0).GetOrder()};
+    const KyString strings[] = {Labelled(Narrow("\x80\xE4"), KyCodeSetWindows1252, 0),
+                                Labelled(Narrow("\xE4"), KyCodeSetNative, 0), Labelled(Wide(u"\u00E4"), 253, 3),
+                                StringGenerator::FromCodes(KyCodeSetOrders, 1, {orders[0], orders[1]})};
+    EXPECT_EQ(Stored(KyOldStringTab, strings, 4, 1), "0A 00 80 E4 00 E4 00 E4 00 3F 3F 00")
+        << "order values are no characters";
 }
 
 TEST(StringOldStore, LoadsAgain) {

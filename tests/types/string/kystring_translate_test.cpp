@@ -339,6 +339,36 @@ TEST(StringKey, OrderTextsOrderAsTheStringsWhereNothingIsLost) {
     EXPECT_GT(unmarked, 300);
 }
 
+TEST(StringKey, OrderTextsCompareWithConstantsAsWithTheirKeys) {
+    const UnicodeKeys orders(0);
+    StringGenerator generate(37);
+    const std::vector<unsigned char> languages = AllLanguages();
+    int equalHashes = 0;
+    for (int round = 0; round < 2000; ++round) {
+        const unsigned char language = languages[generate.Below(static_cast<unsigned>(languages.size()))];
+        const KyString a = generate.Next(253, language, 5);
+        const KyString b = generate.Below(4) == 0 ? a : generate.Next(253, language, 5);
+        if (a.IsEmpty() || b.IsEmpty()) continue;
+        const unsigned char form = generate.Below(2) == 0 ? 1 : 2;
+        auto keyA = KeyOf(a, form);
+        auto keyB = KeyOf(b, form);
+        auto constant = Stored(KyStringTab, {b}, form);
+        const Result keys = ComparedKeys(keyA, keyB, form);
+        int err = 77;
+        ASSERT_EQ(KyStringTab.Compare(form, 253, keyA.data(), 0, constant.data(), kExact, 1, err), keys.sign);
+        ASSERT_EQ(KyStringTab.Compare(form, 0, constant.data(), 253, keyA.data(), kExact, 1, err), -keys.sign);
+        const unsigned hashOfKey = KyStringTab.Hash(form, 253, keyB.data(), 1, err);
+        if (keyB[3] == KyCodeSetLatin1) {
+            ASSERT_EQ(KyStringTab.Hash(form, 0, constant.data(), 1, err), hashOfKey) << "nothing is lost";
+            ++equalHashes;
+        }
+        if (keys.sign == 0) {
+            ASSERT_EQ(KyStringTab.Hash(form, 253, keyA.data(), 1, err), hashOfKey);
+        }
+    }
+    EXPECT_GT(equalHashes, 300);
+}
+
 /// A configuration with "oldIndexUnicodeOrder".
 class OrderSwitch : public KyConfig {
 public:

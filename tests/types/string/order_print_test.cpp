@@ -107,6 +107,12 @@ TEST(OrderPrint, NullAndEmpty) {
     EXPECT_EQ(out.CodeSetGet(), KyCodeSetOrders) << "a copy";
 }
 
+TEST(OrderPrint, Kept_BytesOfAnyCodeSetAreShownAsThoseOfLatin1) {
+    const unsigned short euro = KyChar(static_cast<unsigned short>(0x20AC), KyCodeSetUnicode, 0).GetOrder();
+    EXPECT_EQ(Printed(StringGenerator::FromCodes(KyCodeSetOrders, KyCodeSetWindows1252, {euro}), "%2M"), "\x80");
+    EXPECT_EQ(Printed(StringGenerator::FromCodes(KyCodeSetOrders, KyCodeSetLatin1, {euro}), "%2M"), "?");
+}
+
 TEST(OrderPrint, TheCodeSetInWhichOrdersAreShown) {
     // 0x80 and 0x7F stand for none: that is Latin-1; so does 255.
     for (const unsigned language : {0x80U, 0xFFU, 1U, 0x81U}) {

@@ -1,0 +1,114 @@
+/// Blocks that comparisons and hashes of stored strings take, and what happens when there is no memory.
+
+#include <gtest/gtest.h>
+
+#include <new>
+#include <string>
+#include <vector>
+
+#include "../numeric/limit_blocks.h"
+#include "kystring.h"
+#include "kystring_slots.h"
+#include "string_texts.h"
+#include "support/guarded_buffer.h"
+
+namespace {
+
+using limit_blocks::TakeSizes;
+using Sizes = std::vector<std::size_t>;
+
+constexpr unsigned short kExact = 0x100;
+
+/// Memory is refused for as long as this lives.
+class Refusal {
+public:
+    explicit Refusal(std::size_t blocksLeft, bool throwing = false) { limit_blocks::Refuse(blocksLeft, throwing); }
+    Refusal(const Refusal&) = delete;
+    Refusal& operator=(const Refusal&) = delete;
+    ~Refusal() { limit_blocks::Refuse(limit_blocks::kNever); }
+};
+
+/// The record of a Unicode text, against an inaccessible page.
+class WideRecord {
+public:
+    explicit WideRecord(std::size_t characters, char16_t character = u'a') : WideRecord(Make(characters, character)) {}
+    void* Data() { return buffer.data(); }
+    unsigned Size() const { return static_cast<unsigned>(buffer.size()); }
+
+private:
+    GuardedBuffer buffer;
+
+    explicit WideRecord(const KyString& s) : buffer(KyStringTab.SizeGet(&s, KyFormMemory, 1, 1)) {
+        KyStringTab.Store(buffer.data(), &s, 1, 1);
+    }
+    static KyString Make(std::size_t characters, char16_t character) {
+        return Wide(std::u16string(characters, character));
+    }
+};
+
+/// A comparison that reads copies: of texts in front of a wildcard.
+int ComparePattern(WideRecord& text, WideRecord& pattern, int& err) {
+    err = 77;
+    return KyStringTab.Compare(1, text.Size(), text.Data(), pattern.Size(), pattern.Data(), 0, 1, err);
+}
+
+TEST(StringSlotsMemory, OnlyLongContentsTakeBlocks) {
+    TakeSizes();
+    int err = 77;
+    WideRecord shortText(127);
+    WideRecord longText(128);
+    WideRecord shortPattern(127, u'*');
+    WideRecord longPattern(128, u'*');
+    EXPECT_EQ(ComparePattern(shortText, shortPattern, err), 0);
+    EXPECT_EQ(err, 2101);
+    KyStringTab.Hash(1, shortText.Size(), shortText.Data(), 1, err);
+    EXPECT_EQ(TakeSizes(), Sizes());
+    EXPECT_EQ(ComparePattern(longText, longPattern, err), 0);
+    EXPECT_EQ(err, 2101);
+    EXPECT_EQ(TakeSizes(), (Sizes{258, 258}));
+    KyStringTab.Hash(1, longText.Size(), longText.Data(), 1, err);
+    EXPECT_EQ(TakeSizes(), Sizes{258});
+    EXPECT_EQ(limit_blocks::Live(), 0u);
+}
+
+TEST(StringSlotsMemory, WholeTextsAreComparedWhereTheyStand) {
+    TakeSizes();
+    WideRecord a(1000);
+    WideRecord b(1001);
+    int err = 77;
+    EXPECT_EQ(KyStringTab.Compare(1, a.Size(), a.Data(), b.Size(), b.Data(), kExact, 1, err), -1);
+    EXPECT_EQ(err, 0);
+    EXPECT_EQ(TakeSizes(), Sizes());
+}
+
+TEST(StringSlotsMemory, WithoutMemoryThereIsNoResult) {
+    WideRecord text(200);
+    WideRecord pattern(200, u'*');
+    int err = 77;
+    for (const std::size_t blocks : {0u, 1u}) {
+        const Refusal refused(blocks);
+        EXPECT_EQ(ComparePattern(text, pattern, err), 0);
+        EXPECT_EQ(err, -2999);
+        EXPECT_EQ(limit_blocks::Live(), 0u) << blocks;
+    }
+    {
+        const Refusal refused(0);
+        EXPECT_EQ(KyStringTab.Hash(1, text.Size(), text.Data(), 1, err), 0u);
+        EXPECT_EQ(err, -2999);
+    }
+    EXPECT_EQ(ComparePattern(text, pattern, err), 0);
+    EXPECT_EQ(err, 2101);
+}
+
+TEST(StringSlotsMemory, AHandlerThatThrowsLeavesNoBlock) {
+    WideRecord text(200);
+    WideRecord pattern(200, u'*');
+    int err = 77;
+    for (const std::size_t blocks : {0u, 1u}) {
+        const Refusal refused(blocks, true);
+        EXPECT_THROW(ComparePattern(text, pattern, err), std::bad_alloc);
+        EXPECT_EQ(limit_blocks::Live(), 0u) << blocks;
+    }
+}
+
+}  // namespace
