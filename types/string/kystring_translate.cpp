@@ -54,8 +54,10 @@ void PutTail(ByteSink& sink) {
     sink.Put(kEndMarker);
 }
 
+/// Writes nothing when memory fails: a key of no orders would be that of another string.
 void PutOrderKey(ByteSink& sink, const StoredText& s, Way way) {
     const TerminatedText text(s);
+    if (text.Text() == nullptr) return;
     KyStringIterator it(text.Text(), s.codeSet, s.language, way.sourceForm);
     unsigned char orders[2 * kMostKeyOrders];
     std::size_t bytes = 0;

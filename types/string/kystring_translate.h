@@ -9,7 +9,8 @@
 ///
 /// Where the configuration has a non-zero "oldIndexUnicodeOrder", keys of Unicode strings are order texts instead, as
 /// older databases hold them: the order values of the string's characters without their classes, so that scripts
-/// share their letters and interleave. They are marked where something is lost by that, and where they are cut.
+/// share their letters and interleave. They are marked where something is lost by that, and where they are cut. Where
+/// there is no memory to make one, no byte is written, and Translate returns 0.
 
 #include <atomic>
 #include <cstddef>

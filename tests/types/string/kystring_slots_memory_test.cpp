@@ -9,6 +9,7 @@
 #include "../numeric/limit_blocks.h"
 #include "kystring.h"
 #include "kystring_slots.h"
+#include "kystring_translate.h"
 #include "string_texts.h"
 #include "support/guarded_buffer.h"
 
@@ -98,6 +99,20 @@ TEST(StringSlotsMemory, WithoutMemoryThereIsNoResult) {
     }
     EXPECT_EQ(ComparePattern(text, pattern, err), 0);
     EXPECT_EQ(err, 2101);
+}
+
+TEST(StringSlotsMemory, WithoutMemoryThereIsNoOrderKey) {
+    const int previous = ky::unicodeKeysAreRecords.exchange(0);
+    WideRecord text(200);
+    const std::vector<unsigned char> zeros(ky::kIndexKeyBytes);
+    std::vector<unsigned char> key(ky::kIndexKeyBytes, 0xA5);
+    {
+        const Refusal refused(0);
+        EXPECT_EQ(KyStringTab.Translate(key.data(), 1, ky::kIndexKeyBytes, text.Data(), 1, text.Size(), 1), 0u);
+        EXPECT_EQ(key, zeros);
+    }
+    EXPECT_EQ(KyStringTab.Translate(key.data(), 1, ky::kIndexKeyBytes, text.Data(), 1, text.Size(), 1), 252u);
+    ky::unicodeKeysAreRecords = previous;
 }
 
 TEST(StringSlotsMemory, AHandlerThatThrowsLeavesNoBlock) {

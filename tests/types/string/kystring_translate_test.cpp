@@ -187,6 +187,25 @@ TEST(StringOldTranslate, IntoTheOldLayout) {
     EXPECT_EQ(Translated(KyOldStringTab, 1, 0, 2, nullptr, 8, 0, 0), "00 00");
 }
 
+TEST(StringOldTranslate, CutSourcesStayCut) {
+    const auto native = Bytes("06 00 61 62 00 63 64 00");
+    const auto reversed = Bytes("00 06 61 62 00 63 64 00");
+    for (unsigned length = 1; length < native.size(); ++length) {
+        SCOPED_TRACE(length);
+        GuardedBuffer part(std::span(native.data(), length));
+        KyString loaded[3] = {"old", "old", "old"};
+        EXPECT_EQ(KyOldStringTab.Translate(loaded, 8, 0, part.data(), 1, length, 3), length);
+        const unsigned present = length > 2 ? length - 2 : 0;
+        EXPECT_EQ(Text(loaded[0]), std::string("ab").substr(0, present));
+        EXPECT_EQ(Text(loaded[1]), std::string("cd").substr(0, present > 3 ? present - 3 : 0));
+        EXPECT_EQ(Text(loaded[2]), "");
+        const std::string swapped = Translated(KyOldStringTab, 2, 0, 64, part.data(), 1, length, 3);
+        if (length >= 2) {
+            EXPECT_EQ(swapped, Hex(reversed.data(), length)) << "the length field stays";
+        }
+    }
+}
+
 // --- index keys ---
 
 /// A string's index key.
