@@ -94,7 +94,7 @@ TEST(StringBoundsRecord, CopiesOfLiteralsWhereTheRelationClosesASide) {
                                          ::Record(1, 254, "a*", order), ::Record(1, 7, std::string("a\0*", 3), order)};
         for (const std::string& constant : constants) {
             for (unsigned relation = 0; relation < 8; ++relation) {
-                for (const unsigned other : {0x0, 0x8, 0x20, 0x200, 0x8000, 0x7FF0}) {
+                for (const unsigned other : {0x0u, 0x8u, 0x20u, 0x200u, 0x8000u, 0x7FF0u}) {
                     const std::string none;
                     EXPECT_EQ(Record(KyStringTab, constant, relation | other, form),
                               Limits((relation & 2) != 0 ? none : constant, (relation & 4) != 0 ? none : constant));
@@ -248,6 +248,18 @@ TEST(StringBoundsRecord, WithoutMemoryALimitStaysMissing) {
         EXPECT_EQ(out.record.lower, nullptr);
     }
     EXPECT_EQ(limit_blocks::Live(), 0U);
+}
+
+TEST(StringBoundsRecord, AConstantThatCannotBeReadForWantOfMemoryMayBeAnything) {
+    Guarded value(::Record(253, 0, Units(std::string(200, 'y') + "*", 1)));
+    GuardedRange range(Latin("a"), Latin("b"));
+    OwnedBounds out;
+    unsigned short op = KyCmpEqual;
+    limit_blocks::Refuse(0);
+    EXPECT_EQ(StringEvalAndBound(&range.bounds, op, value.Data(), 1, 1, &out.record), 1.0F);
+    limit_blocks::Refuse(limit_blocks::kNever);
+    EXPECT_EQ(out.record.lower, nullptr);
+    EXPECT_EQ(out.record.upper, nullptr);
 }
 
 TEST(StringBoundsRecord, KeysThatNoIndexHoldsRaiseAnAssertion) {
