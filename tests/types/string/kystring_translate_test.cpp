@@ -278,7 +278,7 @@ TEST(StringKey, CutKeysAreInOneOrder) {
         for (int i = 0; i < 24; ++i) {
             // Letters that may join stand right at the cut.
             std::vector<unsigned short> codes(246, 'x');
-            while (codes.size() < 260 + generate.Below(10)) codes.push_back("cdhsz"[generate.Below(5)]);
+            while (codes.size() < 260 + generate.Below(10)) codes.push_back(u"cdhsz"[generate.Below(5)]);
             keys.push_back(KeyOf(StringGenerator::FromCodes(1, language, codes), 1));
         }
         for (auto& a : keys) {
