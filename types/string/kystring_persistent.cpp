@@ -1,5 +1,7 @@
 /// Store, Load and the sizes of strings.
 
+#include <emmintrin.h>
+
 #include <cstring>
 #include <limits>
 
@@ -23,19 +25,48 @@ constexpr unsigned char kSizeOfOrders = 0x40;
 
 const KyString& ValueAt(const void* values, unsigned i) { return static_cast<const KyString*>(values)[i]; }
 
+/// Copies 16-bit units with their bytes swapped; `bytes` is even. Short texts take no call.
+void CopySwapped(char* dst, const char* src, std::size_t bytes) {
+    const auto swap = [](__m128i units) { return _mm_or_si128(_mm_slli_epi16(units, 8), _mm_srli_epi16(units, 8)); };
+    const auto at = [](const char* p) { return reinterpret_cast<const __m128i*>(p); };
+    const auto to = [](char* p) { return reinterpret_cast<__m128i*>(p); };
+    if (bytes > 32) {
+        KyMemCpy(dst, src, 2, KyFormReversed, static_cast<unsigned>(bytes));
+    } else if (bytes >= 16) {
+        _mm_storeu_si128(to(dst), swap(_mm_loadu_si128(at(src))));
+        _mm_storeu_si128(to(dst + bytes - 16), swap(_mm_loadu_si128(at(src + bytes - 16))));
+    } else if (bytes >= 8) {
+        const __m128i last = swap(_mm_loadl_epi64(at(src + bytes - 8)));
+        _mm_storel_epi64(to(dst), swap(_mm_loadl_epi64(at(src))));
+        _mm_storel_epi64(to(dst + bytes - 8), last);
+    } else {
+        for (std::size_t i = 0; i != bytes; i += 2) {
+            dst[i] = src[i + 1];
+            dst[i + 1] = src[i];
+        }
+    }
+}
+
+/// The content of a text between memory and a record of `form`.
+void CopyContent(char* dst, const char* src, std::size_t bytes, unsigned width, unsigned char form) {
+    if (form == KyFormReversed && width == 2) {
+        CopySwapped(dst, src, bytes);
+    } else {
+        ky::CopyText(dst, src, bytes);
+    }
+}
+
 std::size_t StoreRecord(unsigned char* record, const KyString& s, unsigned char form) {
     const std::size_t content = ky::RecordContent(s);
+    const unsigned width = ky::CharWidth(s.CodeSetGet());
     ky::WriteLength(record, static_cast<unsigned>(ky::RecordSize(content) - ky::kLengthField), form);
     record[2] = s.CodeSetGet();
     record[3] = s.LanguageGet();
     auto* text = reinterpret_cast<char*>(record + ky::kRecordHead);
-    if (form == KyFormReversed && s.NullLen() == 2 && content != 0) {
-        // A half unit at the end is one of the zeros behind the text; swapping leaves it out.
-        text[content - 1] = 0;
-        KyMemCpy(text, s.StrGet(), 2, form, static_cast<unsigned>(content));
-    } else {
-        ky::CopyText(text, s.StrGet(), content);
-    }
+    const std::size_t whole = width == 2 ? content & ~std::size_t{1} : content;
+    CopyContent(text, s.StrGet(), whole, width, form);
+    // Half a unit at the end is one of the zeros behind the text.
+    text[whole] = 0;
     text[content] = 0;
     text[content + 1] = static_cast<char>(ky::kEndMarker);
     return ky::RecordSize(content);
@@ -134,11 +165,7 @@ void ky::LoadText(KyString& out, unsigned char codeSet, unsigned char language, 
     const unsigned width = CharWidth(codeSet);
     if (bytes != 0) {
         block = new char[bytes + width];
-        if (form == KyFormReversed && width == 2) {
-            KyMemCpy(block, text, 2, form, static_cast<unsigned>(bytes));
-        } else {
-            CopyText(block, text, bytes);
-        }
+        CopyContent(block, text, bytes, width, form);
         block[bytes] = block[bytes + width - 1] = 0;
     }
     delete[] out.buffer;

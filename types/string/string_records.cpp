@@ -21,11 +21,6 @@ unsigned char HeadByte(const unsigned char* record, unsigned length, std::size_t
 
 namespace ky {
 
-std::size_t RecordContent(const KyString& s) {
-    const std::size_t size = s.BufferSizeGet();
-    return size > s.NullLen() ? size - s.NullLen() : 0;
-}
-
 unsigned char StoredText::ReadingLanguage() const {
     if (codeSet != KyCodeSetOrders || IsNull()) return language;
     const auto shownIn = static_cast<unsigned char>(language & ~kMark);

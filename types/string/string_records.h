@@ -3,13 +3,13 @@
 
 /// Strings as they stand in arrays: `KyString` objects in memory form, records in the persistent ones.
 
+#include <algorithm>
 #include <cstddef>
 
 #include "code_sets.h"
+#include "kystring.h"
 #include "kytypes.h"
 #include "raw_bytes.h"
-
-class KyString;
 
 namespace ky {
 
@@ -45,7 +45,10 @@ inline bool IsOldLayout(const void* from, unsigned length) { return *Advance(fro
 constexpr std::size_t ContentOf(unsigned length) { return length > kRecordHead ? length - kRecordHead : 0; }
 
 /// Content bytes of a string's record: its allocation but for the terminator.
-std::size_t RecordContent(const KyString& s);
+inline std::size_t RecordContent(const KyString& s) {
+    const std::size_t size = s.BufferSizeGet();
+    return size - std::min<std::size_t>(size, CharWidth(s.CodeSetGet()));
+}
 constexpr std::size_t RecordSize(std::size_t content) { return kEmptyRecord + content; }
 
 /// One string of an array, as far as the array's buffer holds it.
