@@ -88,8 +88,6 @@ constexpr Case cases[] = {
     {"latin1/caseless", kLatin1, KyFormNative, Pairs::neighbours, KyCmpExact | KyCmpIgnoreCase},
     {"latin1/wildcards_allowed", kLatin1, KyFormNative, Pairs::neighbours, 0},
     {"unicode/neighbours", kUnicode, KyFormReversed, Pairs::neighbours, KyCmpStringExact},
-    {"unicode/neighbours1", kUnicode, KyFormNative, Pairs::neighbours, KyCmpStringExact},
-    {"unicode/equal2", kUnicode, KyFormReversed, Pairs::equal, KyCmpStringExact},
     {"unicode/equal", kUnicode, KyFormNative, Pairs::equal, KyCmpStringExact},
     {"unicode/wildcards_allowed", kUnicode, KyFormNative, Pairs::neighbours, 0},
 };

@@ -16,9 +16,6 @@ namespace {
 
 using ky::StoredText;
 
-/// What stands behind the content of a record: 0 and the end marker.
-constexpr unsigned short kRecordEnd = 0xFF00;
-
 constexpr int Sign(int number) { return ky::Order(number, 0); }
 
 /// Two texts of which one or both are absent. A null one is first where texts are compared exactly.
@@ -60,13 +57,7 @@ int StringCompareCommon(unsigned char flag, unsigned len1, void* a, unsigned len
     return StringCompareCommon(flag, len1, a, len2, b, op, count, err, ky::LayoutRule::byLastByte);
 }
 
-// --- what nearly all comparisons of stored strings are: one complete record each, under one label, literally ---
-
-/// One pair, of which neither is a pattern, each text in its own language.
-[[gnu::always_inline]] inline bool IsLiteralPair(unsigned short op, unsigned count) {
-    constexpr unsigned short literal = KyCmpExact | KyCmpStringExact;
-    return count == 1 && (op & literal) != 0 && (op & KyCmpNeutralLanguage) == 0;
-}
+// --- what nearly all comparisons of stored strings are: one complete record each, under one label ---
 
 /// A whole record in the current layout that was not damaged; `length` is what its length field says. `len` 0: it is
 /// there.
@@ -77,7 +68,7 @@ template <unsigned char form>
     const auto field = ky::LoadAs<unsigned short>(record);
     length = form == KyFormReversed ? ky::ByteSwap(field) : field;
     return length - ky::kRecordHead < len - least &&
-           ky::LoadAs<unsigned short>(ky::Advance(record, length)) == kRecordEnd;
+           ky::LoadAs<unsigned short>(ky::Advance(record, length)) == ky::kRecordEnd;
 }
 
 [[gnu::always_inline]] inline unsigned short LabelOf(const void* record) {
@@ -159,7 +150,19 @@ template <unsigned char form>
     return result;
 }
 
-/// One literal pair in a persistent form.
+/// Where wildcards are allowed. A text that holds none is compared literally.
+[[gnu::noinline]] int CompareUnlessPattern(const ky::KeyTable& table, const char* a, const char* b, std::size_t bytesB,
+                                           Manner manner, int& err) {
+    if (ky::MayBePattern(table, b, bytesB)) {
+        // Back to the records.
+        return CompareByWalk(manner.form | ky::kCurrentLayout, 0, const_cast<char*>(a) - ky::kRecordHead, 0,
+                             const_cast<char*>(b) - ky::kRecordHead, manner.op, 1, err);
+    }
+    err = 0;
+    return Sign(ky::CompareByTable(table, a, b, ky::KeyMask(manner.op)));
+}
+
+/// One pair in a persistent form, each text in its own language.
 template <unsigned char form>
 [[gnu::noinline]] int ComparePair(unsigned char flag, unsigned len1, void* a, unsigned len2, void* b, unsigned short op,
                                   unsigned count, int& err) {
@@ -172,13 +175,17 @@ template <unsigned char form>
         if (codeSet - 1 < ky::kTableCodeSets - 1 && hasTables) {
             const ky::KeyTable* table = ky::keyTables[codeSet][language].load(std::memory_order_acquire);
             if (table != nullptr) [[likely]] {
+                const Manner manner{op, form, static_cast<unsigned char>(language)};
+                if (ky::AllowsWildcards(op)) {
+                    return CompareUnlessPattern(*table, TextOf(a), TextOf(b), lengthB - ky::kRecordHead, manner, err);
+                }
                 err = 0;
                 // Empty texts come out first, as absent ones have to.
                 const unsigned mask = ky::KeyMask(op);
                 const int result = CompareHeads(*table, TextOf(a), TextOf(b), mask);
                 return result != kUndecided ? result : CompareNarrow(*table, a, b, mask);
             }
-        } else if (codeSet == KyCodeSetUnicode && hasTables) {
+        } else if (codeSet == KyCodeSetUnicode && hasTables && !ky::AllowsWildcards(op)) {
             return CompareUnicode<form>(TextOf(a), lengthA - ky::kRecordHead, TextOf(b), lengthB - ky::kRecordHead,
                                         {op, form, static_cast<unsigned char>(language)}, err);
         }
@@ -190,7 +197,7 @@ template <unsigned char form>
 
 int StringCompare(unsigned char flag, unsigned len1, void* a, unsigned len2, void* b, unsigned short op, unsigned count,
                   int& err) {
-    if (IsLiteralPair(op, count)) [[likely]] {
+    if (count == 1 && (op & KyCmpNeutralLanguage) == 0) [[likely]] {
         if (ky::FormOf(flag) == KyFormReversed)
             return ComparePair<KyFormReversed>(flag, len1, a, len2, b, op, count, err);
         if (ky::FormOf(flag) == KyFormNative) return ComparePair<KyFormNative>(flag, len1, a, len2, b, op, count, err);

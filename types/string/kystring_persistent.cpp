@@ -57,18 +57,22 @@ void CopyContent(char* dst, const char* src, std::size_t bytes, unsigned width, 
 }
 
 std::size_t StoreRecord(unsigned char* record, const KyString& s, unsigned char form) {
+    const unsigned char codeSet = s.CodeSetGet();
     const std::size_t content = ky::RecordContent(s);
-    const unsigned width = ky::CharWidth(s.CodeSetGet());
-    ky::WriteLength(record, static_cast<unsigned>(ky::RecordSize(content) - ky::kLengthField), form);
-    record[2] = s.CodeSetGet();
+    const auto length = static_cast<unsigned short>(ky::RecordSize(content) - ky::kLengthField);
+    ky::StoreAs(record, form == KyFormReversed ? ky::ByteSwap(length) : length);
+    record[2] = codeSet;
     record[3] = s.LanguageGet();
     auto* text = reinterpret_cast<char*>(record + ky::kRecordHead);
-    const std::size_t whole = width == 2 ? content & ~std::size_t{1} : content;
-    CopyContent(text, s.StrGet(), whole, width, form);
-    // Half a unit at the end is one of the zeros behind the text.
-    text[whole] = 0;
-    text[content] = 0;
-    text[content + 1] = static_cast<char>(ky::kEndMarker);
+    if (ky::CharWidth(codeSet) == 1) {
+        ky::CopyText(text, s.StrGet(), content);
+    } else {
+        const std::size_t whole = content & ~std::size_t{1};
+        CopyContent(text, s.StrGet(), whole, 2, form);
+        // Half a unit at the end is one of the zeros behind the text.
+        if (whole != content) text[whole] = 0;
+    }
+    ky::StoreAs(text + content, ky::kRecordEnd);
     return ky::RecordSize(content);
 }
 

@@ -10,33 +10,28 @@
 #include "kystring.h"
 #include "kystring_build.h"
 #include "text_keys.h"
+#include "wildcard_keys.h"
 
 namespace ky {
 namespace {
 
 // --- without copies ---
 
-/// The orders that make a text a pattern.
-struct PatternOrders {
-    unsigned short asterisk = KyString::GetAsterisk();
-    unsigned short question = KyString::GetQuestion();
-    unsigned short escape = KyString::GetEscape();
-
-    bool Has(unsigned short order) const { return order == asterisk || order == question || order == escape; }
-};
-
 bool IsWildcardByte(char c) { return c == '*' || c == '?'; }
 
+/// Some character may make the text a pattern. What expands, or counts together with others, has orders that are not
+/// looked up here.
 template <class Keys>
-bool HoldsPatternOrders(const Keys& keys, const StoredText& s) {
-    const PatternOrders pattern;
-    const char* end = s.text + s.bytes / Keys::width * Keys::width;
-    for (const char* p = s.text; p != end && !AtEnd(p, Keys::width); p += Keys::width) {
-        // What expands, or counts together with others, has orders that are not looked up here.
-        if ((keys.Marks(p) & (KeyPage::kNeedsIterator | KeyPage::kJoinsNext)) != 0) return true;
-        if (pattern.Has(keys.Order(p))) return true;
+bool HoldsPatternOrders(const Keys& keys, const char* text, std::size_t bytes) {
+    const Wildcards wildcards;
+    constexpr unsigned unclear = KeyPage::kNeedsIterator | KeyPage::kJoinsNext;
+    bool found = false;
+    for (const char* end = text + bytes / Keys::width * Keys::width; text != end; text += Keys::width) {
+        const unsigned short order = keys.Order(text);
+        found |= ((keys.Marks(text) & unclear) != 0) | (order == wildcards.asterisk) | (order == wildcards.question) |
+                 (order == wildcards.escape);
     }
-    return false;
+    return found;
 }
 
 bool AreBytes(const StoredText& a, const StoredText& b) {
@@ -48,10 +43,10 @@ bool MayBePattern(const StoredText& a, const StoredText& b, unsigned short op, u
     if (AreBytes(a, b)) return std::any_of(b.text, b.text + b.Characters(), IsWildcardByte);
     const unsigned char language = ReadsNeutral(op) ? KyLanguageNeutral : b.language;
     if (KeyPages::AreKept(b.codeSet, language)) {
-        return HoldsPatternOrders(WideText{KeyPages(language), form}, b);
+        return HoldsPatternOrders(WideText{KeyPages(language), form}, b.text, b.bytes);
     }
     const KeyTable* table = KeyTableOf(b.codeSet, language);
-    return table == nullptr || HoldsPatternOrders(NarrowText{table}, b);
+    return table == nullptr || MayBePattern(*table, b.text, b.bytes);
 }
 
 /// Nothing where keys depend on their neighbours.
@@ -102,6 +97,10 @@ unsigned short NextOrder(KeyReader& reader) {
 bool IsCut(const StoredText& s) { return s.cutShort && s.Characters() == s.bytes / s.Width(); }
 
 }  // namespace
+
+bool MayBePattern(const KeyTable& table, const char* text, std::size_t bytes) {
+    return HoldsPatternOrders(NarrowText{&table}, text, bytes);
+}
 
 std::optional<int> CompareInPlace(const StoredText& a, const StoredText& b, unsigned short op, unsigned char form) {
     if (a.cutShort || b.cutShort) return std::nullopt;
@@ -176,14 +175,14 @@ std::optional<LiteralPart> StringPair::LiteralBytes() const {
 
 /// An escape and what it escapes are one order; an escape at the end stands for itself.
 std::optional<LiteralPart> StringPair::LiteralOrders() const {
-    const PatternOrders pattern;
+    const Wildcards wildcards;
     KeyReader reader = ReaderOf(second, textB.Text());
     for (std::size_t keys = 0;; ++keys) {
         const unsigned short order = NextOrder(reader);
         if (order == 0) return second.IsMarked() ? std::optional(LiteralPart{keys, false}) : std::nullopt;
-        if (order == pattern.question) return LiteralPart{keys, false};
-        if (order == pattern.asterisk) return LiteralPart{keys, NextOrder(reader) == 0 && !secondIsCut};
-        if (order == pattern.escape) NextOrder(reader);
+        if (order == wildcards.question) return LiteralPart{keys, false};
+        if (order == wildcards.asterisk) return LiteralPart{keys, NextOrder(reader) == 0 && !secondIsCut};
+        if (order == wildcards.escape) NextOrder(reader);
     }
 }
 

@@ -15,6 +15,9 @@ namespace ky {
 /// be a pattern, or a text without a terminator holds characters that do not rank alone.
 std::optional<int> CompareInPlace(const StoredText& a, const StoredText& b, unsigned short op, unsigned char form);
 
+/// False: an 8-bit text in the table's language is no pattern. Of its bytes those behind a terminator count, too.
+bool MayBePattern(const KeyTable& table, const char* text, std::size_t bytes);
+
 /// Any two texts, for `ComparePair`. They are read with terminators behind them, copied where there are none.
 class StringPair {
 public:

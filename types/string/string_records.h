@@ -17,6 +17,8 @@ inline constexpr std::size_t kRecordHead = 4;      ///< length, code set, langua
 inline constexpr std::size_t kRecordTail = 2;      ///< terminator byte, end marker
 inline constexpr std::size_t kLengthField = 2;     ///< not counted by the length itself
 inline constexpr unsigned char kEndMarker = 0xFF;  ///< last byte of a record
+/// Both as they are read and written at once.
+inline constexpr unsigned short kRecordEnd = kEndMarker << 8;
 inline constexpr std::size_t kEmptyRecord = kRecordHead + kRecordTail;
 /// Bytes of texts that an array in the old layout can hold: its length field has 16 bits.
 inline constexpr std::size_t kMostOldBytes = 0xFFFF;
