@@ -164,8 +164,8 @@ template <unsigned char form>
 
 /// One pair in a persistent form, each text in its own language.
 template <unsigned char form>
-[[gnu::noinline]] int ComparePair(unsigned char flag, unsigned len1, void* a, unsigned len2, void* b, unsigned short op,
-                                  unsigned count, int& err) {
+[[gnu::noinline]] int CompareOne(unsigned char flag, unsigned len1, void* a, unsigned len2, void* b, unsigned short op,
+                                 unsigned count, int& err) {
     unsigned lengthA;
     unsigned lengthB;
     if (IsSound<form>(a, len1, lengthA) && IsSound<form>(b, len2, lengthB) && LabelOf(a) == LabelOf(b)) [[likely]] {
@@ -199,8 +199,8 @@ int StringCompare(unsigned char flag, unsigned len1, void* a, unsigned len2, voi
                   int& err) {
     if (count == 1 && (op & KyCmpNeutralLanguage) == 0) [[likely]] {
         if (ky::FormOf(flag) == KyFormReversed)
-            return ComparePair<KyFormReversed>(flag, len1, a, len2, b, op, count, err);
-        if (ky::FormOf(flag) == KyFormNative) return ComparePair<KyFormNative>(flag, len1, a, len2, b, op, count, err);
+            return CompareOne<KyFormReversed>(flag, len1, a, len2, b, op, count, err);
+        if (ky::FormOf(flag) == KyFormNative) return CompareOne<KyFormNative>(flag, len1, a, len2, b, op, count, err);
     }
     return CompareByWalk(flag, len1, a, len2, b, op, count, err);
 }

@@ -45,6 +45,40 @@ TEST(KyStringAllocation, CopiesTakeOneBlockAndMovesNone) {
     EXPECT_EQ(TakenBy([&] { target = 12; }), (Taken{1, 3}));
 }
 
+TEST(KyStringAllocation, RowsTakeOneBlockALoadAndNoneElsewhere) {
+    KyString values[2] = {"twelve bytes", "twelve bytez"};
+    KyString wide(KyCodeSetUnicode, 0);
+    wide += values[0];
+    unsigned char a[64];
+    unsigned char b[64];
+    unsigned char units[64];
+    EXPECT_EQ(TakenBy([&] {
+                  KyStringTab.Store(a, &values[0], 1, 1);
+                  KyStringTab.Store(b, &values[1], 1, 1);
+                  KyStringTab.Store(units, &wide, 1, 1);
+                  KyStringTab.SizeGet(a, 1, 1, 1);
+              }),
+              (Taken{0, 0}));
+    int err = 0;
+    const auto compareAll = [&] {
+        for (const unsigned short op : {0, 0x20, 0x100}) {
+            for (unsigned char* other : {a, b, units}) {
+                KyStringTab.Compare(1, 0, a, 0, other, op, 1, err);
+                KyStringTab.Compare(1, 0, units, 0, other, op, 1, err);
+                KyStringTab.Compare(1, 9, a, 0, other, op, 1, err);
+            }
+        }
+        KyStringTab.Compare(8, 0, values, 0, values, 0x100, 2, err);
+        KyStringTab.Hash(1, 0, units, 1, err);
+    };
+    compareAll();  // tables of keys are made
+    EXPECT_EQ(TakenBy(compareAll), (Taken{0, 0}));
+    EXPECT_EQ(TakenBy([&] { KyStringTab.Load(&values[0], b, 1, 1); }), (Taken{1, 13}));
+    EXPECT_EQ(TakenBy([&] { KyStringTab.Load(&values[0], units, 1, 1); }), (Taken{1, 26}));
+    unsigned char key[253];
+    EXPECT_EQ(TakenBy([&] { KyStringTab.Translate(key, 1, sizeof key, &wide, 8, 0, 1); }), (Taken{0, 0}));
+}
+
 TEST(KyStringAllocation, LengthAndStateTakeNone) {
     const KyString s("twelve bytes");
     EXPECT_EQ(TakenBy([&] {
