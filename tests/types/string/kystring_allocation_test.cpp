@@ -61,7 +61,7 @@ TEST(KyStringAllocation, RowsTakeOneBlockALoadAndNoneElsewhere) {
               (Taken{0, 0}));
     int err = 0;
     const auto compareAll = [&] {
-        for (const unsigned short op : {0, 0x20, 0x100}) {
+        for (const unsigned short op : std::initializer_list<unsigned short>{0, 0x20, 0x100}) {
             for (unsigned char* other : {a, b, units}) {
                 KyStringTab.Compare(1, 0, a, 0, other, op, 1, err);
                 KyStringTab.Compare(1, 0, units, 0, other, op, 1, err);
