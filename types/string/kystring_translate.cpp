@@ -1,5 +1,6 @@
 #include "kystring_translate.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 
@@ -122,20 +123,16 @@ void PutOldArray(ByteSink& sink, const void* src, std::size_t srcLen, Way way) {
 
 // --- into memory ---
 
-bool IsComplete(StringWalk walk, unsigned count) {
-    for (unsigned i = 0; i < count; ++i) {
-        if (walk.IsMissing() || walk.Current().cutShort || (i + 1 != count && !walk.Next())) return false;
-    }
-    return true;
-}
-
-/// What is there of an array that is cut short; the other strings become empty.
-void LoadPart(KyString* strings, StringWalk walk, unsigned char form, unsigned count) {
+/// What is there of the strings; the others become empty. Returns the bytes that were read, at least all that there
+/// are when some string was not there.
+std::size_t LoadStrings(KyString* strings, StringWalk walk, unsigned char form, unsigned count) {
+    std::size_t read = 0;
     bool ended = false;
     for (unsigned i = 0; i < count; ++i) {
         ended = ended || walk.IsMissing();
         if (ended) {
             strings[i] = KyString();
+            read = std::numeric_limits<std::size_t>::max();
             continue;
         }
         const StoredText& s = walk.Current();
@@ -144,20 +141,22 @@ void LoadPart(KyString* strings, StringWalk walk, unsigned char form, unsigned c
         } else {
             LoadText(strings[i], s.codeSet, s.language, s.text, s.bytes / s.Width() * s.Width(), form);
         }
+        read += walk.Size();
         ended = !walk.Next();
     }
+    return read;
 }
 
+/// Within the source's length, if one is given.
 unsigned TranslateToMemory(void* dst, const void* src, unsigned char srcFlag, unsigned srcLen, unsigned count,
                            LayoutRule rule) {
-    if (srcLen != 0) {
-        const StringWalk walk(src, srcLen, srcFlag, rule);
-        if (!IsComplete(walk, count)) {
-            LoadPart(static_cast<KyString*>(dst), walk, FormOf(srcFlag), count);
-            return srcLen;
-        }
-    }
-    return StringLoad(dst, src, srcFlag, count);
+    if (srcLen == 0) return StringLoad(dst, src, srcFlag, count);
+    const unsigned char form = FormOf(srcFlag);
+    const StringWalk walk(src, srcLen, srcFlag, rule);
+    const std::size_t read = LoadStrings(static_cast<KyString*>(dst), walk, form, count);
+    // KEPT: of an array in the old layout the size of the whole, as Load tells it.
+    const std::size_t size = walk.IsInOldLayout() ? kLengthField + ReadLength(src, form) : read;
+    return static_cast<unsigned>(std::min<std::size_t>(size, srcLen));
 }
 
 unsigned Translate(void* dst, unsigned char dstFlag, unsigned dstLen, void* src, unsigned char srcFlag, unsigned srcLen,

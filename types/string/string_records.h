@@ -95,6 +95,8 @@ public:
 
     bool IsInOldLayout() const { return layout == Layout::old; }
     const StoredText& Current() const { return current; }
+    /// Bytes from the current string to the next, as its record tells them.
+    std::size_t Size() const { return step; }
     /// The buffer ends before it tells how long the current string is.
     bool IsMissing() const { return isMissing; }
     /// Steps on; false when the next string would start at or past the end of the buffer.

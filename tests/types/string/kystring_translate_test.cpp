@@ -206,6 +206,14 @@ TEST(StringOldTranslate, CutSourcesStayCut) {
     }
 }
 
+TEST(StringOldTranslate, ALengthFieldThatTellsOfMoreThanThereIs) {
+    GuardedBuffer array(Bytes("00 E0 61 00 62 00"));
+    KyString loaded[2];
+    EXPECT_EQ(KyOldStringTab.Translate(loaded, 8, 0, array.data(), 1, 6, 2), 6U);
+    EXPECT_EQ(Text(loaded[0]), "a");
+    EXPECT_EQ(Text(loaded[1]), "b");
+}
+
 // --- index keys ---
 
 /// A string's index key.
