@@ -26,7 +26,7 @@ constexpr unsigned char kSizeOfOrders = 0x40;
 const KyString& ValueAt(const void* values, unsigned i) { return static_cast<const KyString*>(values)[i]; }
 
 /// Copies 16-bit units with their bytes swapped; `bytes` is even. Short texts take no call.
-void CopySwapped(char* dst, const char* src, std::size_t bytes) {
+[[gnu::always_inline]] inline void CopySwapped(char* dst, const char* src, std::size_t bytes) {
     const auto swap = [](__m128i units) { return _mm_or_si128(_mm_slli_epi16(units, 8), _mm_srli_epi16(units, 8)); };
     const auto at = [](const char* p) { return reinterpret_cast<const __m128i*>(p); };
     const auto to = [](char* p) { return reinterpret_cast<__m128i*>(p); };
@@ -48,7 +48,8 @@ void CopySwapped(char* dst, const char* src, std::size_t bytes) {
 }
 
 /// The content of a text between memory and a record of `form`.
-void CopyContent(char* dst, const char* src, std::size_t bytes, unsigned width, unsigned char form) {
+[[gnu::always_inline]] inline void CopyContent(char* dst, const char* src, std::size_t bytes, unsigned width,
+                                               unsigned char form) {
     if (form == KyFormReversed && width == 2) {
         CopySwapped(dst, src, bytes);
     } else {
@@ -56,7 +57,7 @@ void CopyContent(char* dst, const char* src, std::size_t bytes, unsigned width, 
     }
 }
 
-std::size_t StoreRecord(unsigned char* record, const KyString& s, unsigned char form) {
+[[gnu::always_inline]] inline std::size_t StoreRecord(unsigned char* record, const KyString& s, unsigned char form) {
     const unsigned char codeSet = s.CodeSetGet();
     const std::size_t content = ky::RecordContent(s);
     const auto length = static_cast<unsigned short>(ky::RecordSize(content) - ky::kLengthField);
