@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "disk_bytes.h"
 #include "kybase.h"
 #include "kytypes.h"
 #include "raw_bytes.h"
@@ -23,7 +24,17 @@ public:
         CopyBytes(at, bytes, fitting);
         Advance(fitting);
     }
-    void Put(unsigned char byte) { Put(&byte, 1); }
+    void Put(unsigned char byte) {
+        if (written == room) return;
+        *at = byte;
+        Advance(1);
+    }
+    /// To or from disk form.
+    void PutConverted(const unsigned char (&table)[128], const void* bytes, std::size_t count) {
+        const std::size_t fitting = std::min(count, room - written);
+        ConvertBytes(table, at, bytes, fitting);
+        Advance(fitting);
+    }
     /// 16-bit units with their bytes swapped.
     void PutSwapped(const void* units, std::size_t count) {
         const std::size_t fitting = std::min(count, room - written);

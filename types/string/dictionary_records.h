@@ -36,6 +36,12 @@ constexpr unsigned char ModeOf(unsigned char marker) {
 /// Bytes of all texts of a stored array.
 inline unsigned StoredTexts(const void* array, unsigned char form) { return ReadLength(Advance(array, 1), form); }
 
+/// What stands in front of the texts; `storedTexts`: bytes of them all.
+inline void WriteDictionaryHead(void* to, unsigned char marker, unsigned storedTexts, unsigned char form) {
+    *static_cast<unsigned char*>(to) = marker;
+    WriteLength(Advance(to, 1), storedTexts, form);
+}
+
 /// The class of a dictionary order.
 template <class Order>
 struct ClassOfOrder;

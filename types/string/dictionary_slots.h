@@ -4,6 +4,8 @@
 /// The slots of the dictionary strings' rows, `Self` being `KyIString` or `KyCaseIString`. A memory-form value is one
 /// object; what the persistent forms are is told in `dictionary_records.h`.
 
+#include <cstddef>
+
 #include "kyistring.h"
 #include "kytypes.h"
 
@@ -19,11 +21,28 @@ struct DictionaryStoring {
     /// the mode 0x80 afterwards. Nothing behind the bytes that the header tells is read; values that are not there
     /// become empty. When memory fails the memory handler is called and, should it return, the value becomes empty.
     static KyLoadFunc Load;
+    /// Store of as many bytes as there is room for; the header tells of all. Returns the bytes written.
+    static unsigned StoreWithin(void* dst, std::size_t room, const void* src, unsigned char flag, unsigned count);
+    /// Load that reads no more than `length` bytes, 0: as many as the header tells.
+    static unsigned LoadWithin(void* dst, const void* src, std::size_t length, unsigned char flag, unsigned count);
     static KyNullSizeGetFunc NullSizeGet;
     /// Header included. With bit 0x80 of `toFlag` that of the key. `value` null: as NullSizeGet.
     static KySizeGetFunc SizeGet;
     /// As SizeGet; 0 where the file has no header. The file's position stays.
     static KySizeGetFromMemFileFunc SizeGetFromMemFile;
+};
+
+template <class Self>
+struct DictionaryTranslating {
+    /// Into memory: Assignment, or Load of the source's length, if one is given. From memory: Store in disk form. An
+    /// array between two persistent forms stays what it is, keys and texts out of disk form too, whatever `count` is,
+    /// unless that is 0; only its length takes the destination's byte order. Both may be the same memory. What is cut
+    /// short stays so; of an array without a whole header nothing is written.
+    ///
+    /// A persistent destination gets the first `dstLen` bytes, 0: all; zeros follow up to there. Lengths keep telling
+    /// of the whole array. Returns the bytes written without these zeros; into memory the bytes that were read, 16 for
+    /// each value from memory.
+    static KyTranslateFunc Translate;
 };
 
 template <class Self>

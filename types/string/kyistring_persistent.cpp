@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <new>
 
+#include "byte_sink.h"
 #include "dictionary_records.h"
 #include "dictionary_slots.h"
 #include "disk_bytes.h"
@@ -21,13 +22,54 @@ constexpr auto SizeMem = isApart<Self> ? _KyISizeMem : _KyCaseISizeMem;
 template <class Self>
 constexpr auto SizeNoMem = isApart<Self> ? _KyISizeNoMem : _KyCaseISizeNoMem;
 
-void PutText(unsigned char* dst, const char* text, std::size_t length, bool inDiskForm) {
-    if (inDiskForm) {
-        ky::ConvertBytes(ky::kToDiskForm, dst, text, length);
-    } else {
-        ky::CopyBytes(dst, text, length);
+/// As ByteSink, where there is room for all.
+class RoomySink {
+public:
+    explicit RoomySink(unsigned char* to) : at(to) {}
+
+    void Put(const void* bytes, std::size_t count) {
+        ky::CopyBytes(at, bytes, count);
+        at += count;
     }
-    dst[length] = 0;
+    void Put(unsigned char byte) { *at++ = byte; }
+    void PutConverted(const unsigned char (&table)[128], const void* bytes, std::size_t count) {
+        ky::ConvertBytes(table, at, bytes, count);
+        at += count;
+    }
+
+private:
+    unsigned char* at;
+};
+
+/// The texts of an array. Returns the bytes of all, written or not.
+template <class Sink, class Self>
+std::size_t PutTexts(Sink sink, const Self* values, unsigned count, bool inDiskForm) {
+    std::size_t total = 0;
+    bool shortened = false;
+    for (unsigned i = 0; i < count && total < ky::kMostStoredBytes; ++i) {
+        // Every value behind this one needs its terminator.
+        const std::size_t needed = total + (count - i);
+        const std::size_t room = needed < ky::kMostStoredBytes ? ky::kMostStoredBytes - needed : 0;
+        const char* text = values[i].StrGet();
+        const std::size_t length = std::min<std::size_t>(values[i].Len(), room);
+        shortened = shortened || text[length] != 0;
+        if (inDiskForm) {
+            sink.PutConverted(ky::kToDiskForm, text, length);
+        } else {
+            sink.Put(text, length);
+        }
+        sink.Put(0);
+        total += length + 1;
+    }
+    if (shortened || count > ky::kMostStoredBytes) KYRN_assert("array total <= 65535", "src/kystring", __LINE__);
+    return total;
+}
+
+constexpr bool IsInDiskForm(unsigned char flag) { return (flag & ~KyFormMask) == 0; }
+
+void WriteHead(void* to, std::size_t total, unsigned char flag) {
+    const unsigned char marker = IsInDiskForm(flag) ? ky::kMarkerDiskForm : ky::kMarkerPlain;
+    ky::WriteDictionaryHead(to, marker, static_cast<unsigned>(total), flag & KyFormMask);
 }
 
 /// A text's block in the program's code page; null for an empty text and when memory fails.
@@ -54,30 +96,29 @@ namespace ky {
 
 template <class Self>
 unsigned DictionaryStoring<Self>::Store(void* dst, const void* src, unsigned char flag, unsigned count) {
-    const auto* values = static_cast<const Self*>(src);
-    const bool inDiskForm = (flag & ~KyFormMask) == 0;
-    unsigned char* texts = Advance(dst, kDictionaryHead);
-    std::size_t total = 0;
-    bool shortened = false;
-    for (unsigned i = 0; i < count && total < kMostStoredBytes; ++i) {
-        // Every value behind this one needs its terminator.
-        const std::size_t needed = total + (count - i);
-        const std::size_t room = needed < kMostStoredBytes ? kMostStoredBytes - needed : 0;
-        const std::size_t length = std::min<std::size_t>(values[i].Len(), room);
-        shortened = shortened || values[i].StrGet()[length] != 0;
-        PutText(texts + total, values[i].StrGet(), length, inDiskForm);
-        total += length + 1;
-    }
-    if (shortened || count > kMostStoredBytes) KYRN_assert("array total <= 65535", "src/kystring", __LINE__);
-    *static_cast<unsigned char*>(dst) = inDiskForm ? kMarkerDiskForm : kMarkerPlain;
-    WriteLength(Advance(dst, 1), static_cast<unsigned>(total), flag & KyFormMask);
+    RoomySink texts(Advance(dst, kDictionaryHead));
+    const std::size_t total = PutTexts(texts, static_cast<const Self*>(src), count, IsInDiskForm(flag));
+    WriteHead(dst, total, flag);
     return static_cast<unsigned>(kDictionaryHead + total);
 }
 
 template <class Self>
-unsigned DictionaryStoring<Self>::Load(void* dst, const void* src, unsigned char flag, unsigned count) {
+unsigned DictionaryStoring<Self>::StoreWithin(void* dst, std::size_t room, const void* src, unsigned char flag,
+                                              unsigned count) {
+    const std::size_t roomOfHead = std::min(room, kDictionaryHead);
+    ByteSink texts(Advance(dst, roomOfHead), room - roomOfHead);
+    const std::size_t total = PutTexts(texts, static_cast<const Self*>(src), count, IsInDiskForm(flag));
+    unsigned char head[kDictionaryHead];
+    WriteHead(head, total, flag);
+    CopyBytes(dst, head, roomOfHead);
+    return static_cast<unsigned>(std::min(room, kDictionaryHead + total));
+}
+
+template <class Self>
+unsigned DictionaryStoring<Self>::LoadWithin(void* dst, const void* src, std::size_t length, unsigned char flag,
+                                             unsigned count) {
     auto* values = static_cast<Self*>(dst);
-    DictionaryWalk<Self> walk(src, 0, flag & (KyFormNative | KyFormReversed));
+    DictionaryWalk<Self> walk(src, length, flag & (KyFormNative | KyFormReversed));
     std::size_t read = kDictionaryHead;
     for (unsigned i = 0; i < count; ++i) {
         const bool isThere = i == 0 ? !walk.IsMissing() : walk.Next();
@@ -85,7 +126,12 @@ unsigned DictionaryStoring<Self>::Load(void* dst, const void* src, unsigned char
         DictionaryAccess::Install(values[i], NewText(text), text.mode & kModeKey);
         read += std::min(text.Length() + 1, text.room);
     }
-    return static_cast<unsigned>(read);
+    return static_cast<unsigned>(length != 0 ? std::min(read, length) : read);
+}
+
+template <class Self>
+unsigned DictionaryStoring<Self>::Load(void* dst, const void* src, unsigned char flag, unsigned count) {
+    return LoadWithin(dst, src, 0, flag, count);
 }
 
 template <class Self>

@@ -32,7 +32,7 @@ consteval KyTypeTab DictionaryRow(const char* typeName, const char* typeCodeName
         .Destructor = Objects::Destructor,
         .Assignment = Objects::Assignment,
         .Copy = Objects::Copy,
-        .Translate = KyIllegalTranslate,
+        .Translate = ky::DictionaryTranslating<Self>::Translate,
         .IsNull = NoIsNullDefined,
         .SetNull = nullptr,
         .printFormat = "%s",

@@ -19,6 +19,7 @@ set(folder_sources
   kyistring_persistent.cpp
   kyistring_rows.cpp
   kyistring_slots.cpp
+  kyistring_translate.cpp
   kymultibyte.cpp
   kymultibyte_read.cpp
   kymultibyte_write.cpp
