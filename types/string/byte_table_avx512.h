@@ -5,6 +5,8 @@
 
 #include <immintrin.h>
 
+#include <cstddef>
+
 #include "kyi18n.h"
 
 namespace ky {
@@ -18,6 +20,7 @@ constexpr struct SameUnits {
         for (unsigned short i = 0; i < 256; ++i) units[i] = i;
     }
 } kSame;
+
 /// The 128 units of the bytes from 0x80 on. A null table: every byte is its unit. The unit 0 reads as
 /// `KyCodeSet::Substitute`.
 struct UpperTable {
@@ -25,7 +28,7 @@ struct UpperTable {
 
     KY_TABLE_TARGET explicit UpperTable(const unsigned short* table) {
         if (table == nullptr) table = kSame.units;
-        for (int i = 0; i < 4; ++i) quarter[i] = _mm512_loadu_si512(table + 0x80 + 32 * i);
+        for (int i = 0; i < 4; ++i) quarter[i] = _mm512_loadu_si512(table + 0x80 + std::size_t{32} * i);
     }
     /// The units of 32 bytes in units of their own.
     KY_TABLE_TARGET __m512i Of(__m512i codes) const {
