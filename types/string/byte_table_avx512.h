@@ -28,7 +28,7 @@ struct UpperTable {
 
     KY_TABLE_TARGET explicit UpperTable(const unsigned short* table) {
         if (table == nullptr) table = kSame.units;
-        for (int i = 0; i < 4; ++i) quarter[i] = _mm512_loadu_si512(table + 0x80 + std::size_t{32} * i);
+        for (std::size_t i = 0; i < 4; ++i) quarter[i] = _mm512_loadu_si512(table + 0x80 + 32 * i);
     }
     /// The units of 32 bytes in units of their own.
     KY_TABLE_TARGET __m512i Of(__m512i codes) const {
