@@ -83,7 +83,7 @@ void UnitsToBytes(const KyUnicodeMap* map, const char* units, std::size_t count,
                                                  _mm_cmpeq_epi16(_mm_srl_epi16(high, narrowBits), zero));
         for (unsigned others = 0xFFFF ^ static_cast<unsigned>(_mm_movemask_epi8(isNarrow)); others != 0;
              others &= others - 1) {
-            const int i = std::countr_zero(others);
+            const auto i = static_cast<std::size_t>(std::countr_zero(others));
             bytes[i] = ByteOf(map, ReadUnit(units + 2 * i, 1), substitute);
         }
     }

@@ -140,7 +140,7 @@ unsigned char PrintableOf(unsigned short order, const Characters& characters) {
 
 std::string Formatted(const char* format, unsigned value) {
     char text[64];
-    std::snprintf(text, sizeof text, format, value);
+    static_cast<void>(std::snprintf(text, sizeof text, format, value));
     return text;
 }
 
