@@ -1,4 +1,5 @@
-set(folder_sources)
+set(folder_sources
+  date_names.cpp)
 set(folder_headers
   kydatime.h
   kydatime_arithmetic.h
