@@ -13,6 +13,12 @@
 
 class KyString;
 
+/// The English names that dates are printed and read with, Monday and January first. Each entry may be exchanged for
+/// another text while no other thread prints or reads dates; it is the setter's and has to outlive its use.
+// KEPT: "Januar" and "Februar"; texts that are stored were printed so.
+extern KY_EXPORT const char* ky_weekdays[7];
+extern KY_EXPORT const char* ky_months[12];
+
 /// A day of the Gregorian calendar, extended in both directions; year 0 is the year before 1.
 ///
 ///   int(KyDate(2000, 1, 1))     2451545, the Julian day number
