@@ -14,7 +14,7 @@ namespace ky {
 
 inline constexpr std::size_t kCountHeader = sizeof(std::size_t);
 
-/// Default-constructed objects: one, at the least. Null when there is no memory.
+/// Objects as one is default-constructed: one, at the least. Null when there is no memory.
 template <class Object>
 void* CountedCreate(unsigned count) {
     static_assert(alignof(Object) <= kCountHeader);
@@ -23,7 +23,7 @@ void* CountedCreate(unsigned count) {
     if (block == nullptr) return nullptr;
     StoreAs<std::size_t>(block, count);
     unsigned char* values = Advance(block, kCountHeader);
-    std::uninitialized_value_construct_n(reinterpret_cast<Object*>(values), count);
+    std::uninitialized_fill_n(reinterpret_cast<Object*>(values), count, Object());
     return values;
 }
 
