@@ -32,7 +32,7 @@ public:
     KyDate();  ///< today, by the local clock
     constexpr KyDate(short aYear, signed char aMonth, signed char aDay) : year(aYear), month(aMonth), day(aDay) {}
     /// The day with this number.
-    constexpr KyDate(int dayNumber) : KyDate(0, 0, 0) { dateabs(dayNumber); }  // NOLINT(google-explicit-constructor)
+    constexpr KyDate(int dayNumber);  // NOLINT(google-explicit-constructor)
 
     static KyDate Today();
 
@@ -72,12 +72,13 @@ public:
     /// -1 on either side counts as equal.
     constexpr int Compare(const KyDate& other, unsigned short flags) const;
 
-    friend constexpr bool operator==(const KyDate& a, const KyDate& b);
-    friend constexpr bool operator!=(const KyDate& a, const KyDate& b) { return a.Compare(b, 0xFFFF) != 0; }
-    friend constexpr bool operator<(const KyDate& a, const KyDate& b) { return a.Compare(b, 0xFFFF) < 0; }
-    friend constexpr bool operator<=(const KyDate& a, const KyDate& b) { return a.Compare(b, 0xFFFF) <= 0; }
-    friend constexpr bool operator>(const KyDate& a, const KyDate& b) { return a.Compare(b, 0xFFFF) > 0; }
-    friend constexpr bool operator>=(const KyDate& a, const KyDate& b) { return a.Compare(b, 0xFFFF) >= 0; }
+    // Exact comparisons.
+    friend constexpr bool operator==(const KyDate& a, const KyDate& b) { return a.Rank() == b.Rank(); }
+    friend constexpr bool operator!=(const KyDate& a, const KyDate& b) { return a.Rank() != b.Rank(); }
+    friend constexpr bool operator<(const KyDate& a, const KyDate& b) { return a.Rank() < b.Rank(); }
+    friend constexpr bool operator<=(const KyDate& a, const KyDate& b) { return a.Rank() <= b.Rank(); }
+    friend constexpr bool operator>(const KyDate& a, const KyDate& b) { return a.Rank() > b.Rank(); }
+    friend constexpr bool operator>=(const KyDate& a, const KyDate& b) { return a.Rank() >= b.Rank(); }
 
     /// By the directives of dates; a null format is "%Y-%m-%d". Returns `out`.
     KyString& PrintToKyString(KyString& out, const char* format) const;
@@ -109,6 +110,15 @@ public:
         *this = ZeroValue();
         return 0;
     }
+
+private:
+    friend class KyDateTime;
+    friend class KyDateTime_;
+
+    /// A number that orders days as exact comparisons do.
+    constexpr int Rank() const { return year * 65536 + (month + 128) * 256 + day + 128; }
+    static constexpr KyDate FromDayNumber(long long dayNumber);  ///< within 2^33
+    constexpr KyDate DaysLater(long long days) const;            ///< within 2^32
 };
 
 static_assert(sizeof(KyDate) == 4 && offsetof(KyDate, month) == 2 && offsetof(KyDate, day) == 3);
@@ -132,9 +142,8 @@ public:
     /// Seconds since midnight. The hour is not reduced: 90000 s are hour 25. Returns -1 for a negative remainder of
     /// hours, which is stored all the same, else 0.
     constexpr int SetSecondsAbs(int seconds);
-    constexpr operator int() const {
-        return hour * 3600 + minute * 60 + second;
-    }  // NOLINT(google-explicit-constructor)
+    /// Seconds since midnight. NOLINTNEXTLINE(google-explicit-constructor)
+    constexpr operator int() const { return hour * 3600 + minute * 60 + second; }
 
     /// Seconds later or earlier, days dropped.
     // KEPT: each field is summed in 8 bits, then one carry step is made, and a negative hour that is a multiple of 24
@@ -158,12 +167,13 @@ public:
     /// As `KyDate::Compare`, over hour, minute and second.
     constexpr int Compare(const KyTime& other, unsigned short flags) const;
 
-    friend constexpr bool operator==(const KyTime& a, const KyTime& b);
-    friend constexpr bool operator!=(const KyTime& a, const KyTime& b) { return a.Compare(b, 0xFFFF) != 0; }
-    friend constexpr bool operator<(const KyTime& a, const KyTime& b) { return a.Compare(b, 0xFFFF) < 0; }
-    friend constexpr bool operator<=(const KyTime& a, const KyTime& b) { return a.Compare(b, 0xFFFF) <= 0; }
-    friend constexpr bool operator>(const KyTime& a, const KyTime& b) { return a.Compare(b, 0xFFFF) > 0; }
-    friend constexpr bool operator>=(const KyTime& a, const KyTime& b) { return a.Compare(b, 0xFFFF) >= 0; }
+    // Exact comparisons.
+    friend constexpr bool operator==(const KyTime& a, const KyTime& b) { return a.Rank() == b.Rank(); }
+    friend constexpr bool operator!=(const KyTime& a, const KyTime& b) { return a.Rank() != b.Rank(); }
+    friend constexpr bool operator<(const KyTime& a, const KyTime& b) { return a.Rank() < b.Rank(); }
+    friend constexpr bool operator<=(const KyTime& a, const KyTime& b) { return a.Rank() <= b.Rank(); }
+    friend constexpr bool operator>(const KyTime& a, const KyTime& b) { return a.Rank() > b.Rank(); }
+    friend constexpr bool operator>=(const KyTime& a, const KyTime& b) { return a.Rank() >= b.Rank(); }
 
     /// As `KyDate`'s; a null format is "%H:%M:%S".
     KyString& PrintToKyString(KyString& out, const char* format) const;
@@ -189,6 +199,13 @@ public:
         *this = ZeroValue();
         return 0;
     }
+
+private:
+    friend class KyDateTime;
+
+    /// A number that orders times as exact comparisons do; 0 or more.
+    constexpr int Rank() const { return (hour + 128) * 65536 + (minute + 128) * 256 + second + 128; }
+    constexpr KyTime SecondsLater(long long seconds) const;
 };
 
 static_assert(sizeof(KyTime) == 3 && offsetof(KyTime, minute) == 1 && offsetof(KyTime, second) == 2);
@@ -239,12 +256,13 @@ public:
     constexpr int Compare(const KyDateTime& other, unsigned short flags) const;
     constexpr int Compare(const KyDateTime& other) const { return Compare(other, 0xFFFF); }
 
-    friend constexpr bool operator==(const KyDateTime& a, const KyDateTime& b) { return a.Compare(b) == 0; }
-    friend constexpr bool operator!=(const KyDateTime& a, const KyDateTime& b) { return a.Compare(b) != 0; }
-    friend constexpr bool operator<(const KyDateTime& a, const KyDateTime& b) { return a.Compare(b) < 0; }
-    friend constexpr bool operator<=(const KyDateTime& a, const KyDateTime& b) { return a.Compare(b) <= 0; }
-    friend constexpr bool operator>(const KyDateTime& a, const KyDateTime& b) { return a.Compare(b) > 0; }
-    friend constexpr bool operator>=(const KyDateTime& a, const KyDateTime& b) { return a.Compare(b) >= 0; }
+    // Exact comparisons.
+    friend constexpr bool operator==(const KyDateTime& a, const KyDateTime& b) { return a.Rank() == b.Rank(); }
+    friend constexpr bool operator!=(const KyDateTime& a, const KyDateTime& b) { return a.Rank() != b.Rank(); }
+    friend constexpr bool operator<(const KyDateTime& a, const KyDateTime& b) { return a.Rank() < b.Rank(); }
+    friend constexpr bool operator<=(const KyDateTime& a, const KyDateTime& b) { return a.Rank() <= b.Rank(); }
+    friend constexpr bool operator>(const KyDateTime& a, const KyDateTime& b) { return a.Rank() > b.Rank(); }
+    friend constexpr bool operator>=(const KyDateTime& a, const KyDateTime& b) { return a.Rank() >= b.Rank(); }
 
     constexpr bool IsDateTime() const { return Date().IsDate() && Time().IsTime(); }
     constexpr bool IsDaTime() const { return IsDateTime(); }
@@ -275,6 +293,10 @@ public:
         *this = ZeroValue();
         return 0;
     }
+
+private:
+    constexpr long long Rank() const { return Date().Rank() * (1LL << 24) + Time().Rank(); }
+    constexpr void SetDate(const KyDate& date);
 };
 
 static_assert(sizeof(KyDateTime) == 8 && offsetof(KyDateTime, hour) == 4 && offsetof(KyDateTime, second) == 6);

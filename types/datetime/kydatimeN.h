@@ -41,7 +41,7 @@ public:
     constexpr KyDateTime_(const KyDateTime& dateTime) : KyDateTime_(dateTime.Date(), dateTime.Time()) {}
     // NOLINTEND(google-explicit-constructor)
     /// `SetTotalSeconds`.
-    KyDateTime_(double seconds, int span);
+    constexpr KyDateTime_(double seconds, int span);
 
     constexpr KyDate Date() const { return {year, month, day}; }
     constexpr KyTime Time() const { return {hour, minute, second}; }
@@ -51,29 +51,29 @@ public:
     /// Calendar days when `span` is 0 and the day is one of the calendar's; else by months of 30 days, the year
     /// held within 16 bits. A negative count of days without months and years, or of months without years, stays
     /// negative.
-    void AddDays(int days, int span);
+    constexpr void AddDays(int days, int span);
     // Carried from field to field. Nothing is done for 0.
-    void AddHours(int hours, int span);
-    void AddMinutes(int minutes, int span);
-    void AddSeconds(int seconds, int span);
-    void AddSeconds(long long seconds, int span);
+    constexpr void AddHours(int hours, int span);
+    constexpr void AddMinutes(int minutes, int span);
+    constexpr void AddSeconds(int seconds, int span);
+    constexpr void AddSeconds(long long seconds, int span);
     /// As nanoseconds, truncated. NaN adds nothing.
-    void AddSeconds(double seconds, int span);
-    void AddNanoSeconds(int nanoseconds, int span);
-    void AddNanoSeconds(long long nanoseconds, int span);
+    constexpr void AddSeconds(double seconds, int span);
+    constexpr void AddNanoSeconds(int nanoseconds, int span);
+    constexpr void AddNanoSeconds(long long nanoseconds, int span);
 
     // Since 0000-01-01 00:00:00; of a span, its length. Nanoseconds wrap modulo 2^64 (years from -292 to 292 fit).
-    int GetTotalDays(int span) const;
-    long long GetTotalSeconds(int span) const;
-    long long GetTotalNanoSeconds(int span) const;
-    double GetTotalSeconds_f(int span) const;
+    constexpr int GetTotalDays(int span) const;
+    constexpr long long GetTotalSeconds(int span) const;
+    constexpr long long GetTotalNanoSeconds(int span) const;
+    constexpr double GetTotalSeconds_f(int span) const;
 
-    void SetZero(int span);  ///< 0000-01-01 00:00:00, or the span of length 0
+    constexpr void SetZero(int span);  ///< 0000-01-01 00:00:00, or the span of length 0
     // Zero, and the amount added.
-    void SetTotalDays(int days, int span);
-    void SetTotalSeconds(long long seconds, int span);
-    void SetTotalSeconds(double seconds, int span);
-    void SetTotalNanoSeconds(long long nanoseconds, int span);
+    constexpr void SetTotalDays(int days, int span);
+    constexpr void SetTotalSeconds(long long seconds, int span);
+    constexpr void SetTotalSeconds(double seconds, int span);
+    constexpr void SetTotalNanoSeconds(long long nanoseconds, int span);
 
     /// By the fields of the `KyDateTime`, its wildcards included, then -1, 0 or 1 by the nanoseconds, where -1 is a
     /// wildcard too. 0x10 in `flags` makes -1 an ordinary number.
@@ -88,6 +88,13 @@ public:
     /// As `KyDate`'s. A null format prints as a `KyDateTimeN`.
     KyString& PrintToKyString(KyString& out, const char* format) const;
     KyDateTime_* ScanFromKyString(KyString& in, const char* format);
+
+private:
+    // The steps of the carry chain in 64 bits, which hold every carry.
+    constexpr void AddSecondsAndCarry(long long seconds, int span);
+    constexpr void AddMinutesAndCarry(long long minutes, int span);
+    constexpr void AddHoursAndCarry(long long hours, int span);
+    constexpr void AddSpanDays(long long days);
 };
 
 static_assert(sizeof(KyDateTime_) == 12 && offsetof(KyDateTime_, second) == 6 &&
@@ -99,30 +106,30 @@ public:
     using KyDateTime_::KyDateTime_;
     constexpr KyDateTimeN() = default;  ///< null
     constexpr explicit KyDateTimeN(const KyDateTime_& fields) : KyDateTime_(fields) {}
-    explicit KyDateTimeN(double seconds) : KyDateTime_(seconds, 0) {}  ///< since 0000-01-01
+    constexpr explicit KyDateTimeN(double seconds) : KyDateTime_(seconds, 0) {}  ///< since 0000-01-01
 
     static KyDateTimeN Now();
     static KyDateTimeN NowUTC();
 
-    void AddDays(int days) { KyDateTime_::AddDays(days, 0); }
-    void AddHours(int hours) { KyDateTime_::AddHours(hours, 0); }
-    void AddMinutes(int minutes) { KyDateTime_::AddMinutes(minutes, 0); }
-    void AddSeconds(int seconds) { KyDateTime_::AddSeconds(seconds, 0); }
-    void AddSeconds(long long seconds) { KyDateTime_::AddSeconds(seconds, 0); }
-    void AddSeconds(double seconds) { KyDateTime_::AddSeconds(seconds, 0); }
-    void AddNanoSeconds(int count) { KyDateTime_::AddNanoSeconds(count, 0); }
-    void AddNanoSeconds(long long count) { KyDateTime_::AddNanoSeconds(count, 0); }
+    constexpr void AddDays(int days) { KyDateTime_::AddDays(days, 0); }
+    constexpr void AddHours(int hours) { KyDateTime_::AddHours(hours, 0); }
+    constexpr void AddMinutes(int minutes) { KyDateTime_::AddMinutes(minutes, 0); }
+    constexpr void AddSeconds(int seconds) { KyDateTime_::AddSeconds(seconds, 0); }
+    constexpr void AddSeconds(long long seconds) { KyDateTime_::AddSeconds(seconds, 0); }
+    constexpr void AddSeconds(double seconds) { KyDateTime_::AddSeconds(seconds, 0); }
+    constexpr void AddNanoSeconds(int count) { KyDateTime_::AddNanoSeconds(count, 0); }
+    constexpr void AddNanoSeconds(long long count) { KyDateTime_::AddNanoSeconds(count, 0); }
 
-    int GetTotalDays() const { return KyDateTime_::GetTotalDays(0); }
-    long long GetTotalSeconds() const { return KyDateTime_::GetTotalSeconds(0); }
-    long long GetTotalNanoSeconds() const { return KyDateTime_::GetTotalNanoSeconds(0); }
-    double GetTotalSeconds_f() const { return KyDateTime_::GetTotalSeconds_f(0); }
+    constexpr int GetTotalDays() const { return KyDateTime_::GetTotalDays(0); }
+    constexpr long long GetTotalSeconds() const { return KyDateTime_::GetTotalSeconds(0); }
+    constexpr long long GetTotalNanoSeconds() const { return KyDateTime_::GetTotalNanoSeconds(0); }
+    constexpr double GetTotalSeconds_f() const { return KyDateTime_::GetTotalSeconds_f(0); }
 
-    void SetZero() { KyDateTime_::SetZero(0); }
-    void SetTotalDays(int days) { KyDateTime_::SetTotalDays(days, 0); }
-    void SetTotalSeconds(long long seconds) { KyDateTime_::SetTotalSeconds(seconds, 0); }
-    void SetTotalSeconds(double seconds) { KyDateTime_::SetTotalSeconds(seconds, 0); }
-    void SetTotalNanoSeconds(long long count) { KyDateTime_::SetTotalNanoSeconds(count, 0); }
+    constexpr void SetZero() { KyDateTime_::SetZero(0); }
+    constexpr void SetTotalDays(int days) { KyDateTime_::SetTotalDays(days, 0); }
+    constexpr void SetTotalSeconds(long long seconds) { KyDateTime_::SetTotalSeconds(seconds, 0); }
+    constexpr void SetTotalSeconds(double seconds) { KyDateTime_::SetTotalSeconds(seconds, 0); }
+    constexpr void SetTotalNanoSeconds(long long count) { KyDateTime_::SetTotalNanoSeconds(count, 0); }
 
     constexpr bool IsValidDateTime() const { return DateTime().IsDateTime(); }
 
@@ -151,8 +158,8 @@ public:
     /// The fields as given, their low bits where they do not fit.
     constexpr KyTimeSpan(int years, int months, int days, int hours, int minutes, int seconds, int someNanoseconds);
     /// The time fields as given, the days brought into months and years.
-    KyTimeSpan(int days, int hours, int minutes, int seconds, int someNanoseconds);
-    explicit KyTimeSpan(double seconds) : KyDateTime_(seconds, 1) {}
+    constexpr KyTimeSpan(int days, int hours, int minutes, int seconds, int someNanoseconds);
+    constexpr explicit KyTimeSpan(double seconds) : KyDateTime_(seconds, 1) {}
 
     // The low bits where the argument does not fit.
     constexpr void SetYears(int years) { year = static_cast<short>(years); }
@@ -163,30 +170,30 @@ public:
     constexpr void SetSeconds(int seconds) { second = static_cast<signed char>(seconds); }
     constexpr void SetNanoSeconds(int count) { nanoseconds = count; }
 
-    void AddDays(int days) { KyDateTime_::AddDays(days, 1); }
-    void AddHours(int hours) { KyDateTime_::AddHours(hours, 1); }
-    void AddMinutes(int minutes) { KyDateTime_::AddMinutes(minutes, 1); }
-    void AddSeconds(int seconds) { KyDateTime_::AddSeconds(seconds, 1); }
-    void AddSeconds(long long seconds) { KyDateTime_::AddSeconds(seconds, 1); }
-    void AddSeconds(double seconds) { KyDateTime_::AddSeconds(seconds, 1); }
-    void AddNanoSeconds(int count) { KyDateTime_::AddNanoSeconds(count, 1); }
-    void AddNanoSeconds(long long count) { KyDateTime_::AddNanoSeconds(count, 1); }
+    constexpr void AddDays(int days) { KyDateTime_::AddDays(days, 1); }
+    constexpr void AddHours(int hours) { KyDateTime_::AddHours(hours, 1); }
+    constexpr void AddMinutes(int minutes) { KyDateTime_::AddMinutes(minutes, 1); }
+    constexpr void AddSeconds(int seconds) { KyDateTime_::AddSeconds(seconds, 1); }
+    constexpr void AddSeconds(long long seconds) { KyDateTime_::AddSeconds(seconds, 1); }
+    constexpr void AddSeconds(double seconds) { KyDateTime_::AddSeconds(seconds, 1); }
+    constexpr void AddNanoSeconds(int count) { KyDateTime_::AddNanoSeconds(count, 1); }
+    constexpr void AddNanoSeconds(long long count) { KyDateTime_::AddNanoSeconds(count, 1); }
 
-    int GetTotalDays() const { return KyDateTime_::GetTotalDays(1); }
-    long long GetTotalSeconds() const { return KyDateTime_::GetTotalSeconds(1); }
-    long long GetTotalNanoSeconds() const { return KyDateTime_::GetTotalNanoSeconds(1); }
-    double GetTotalSeconds_f() const { return KyDateTime_::GetTotalSeconds_f(1); }
+    constexpr int GetTotalDays() const { return KyDateTime_::GetTotalDays(1); }
+    constexpr long long GetTotalSeconds() const { return KyDateTime_::GetTotalSeconds(1); }
+    constexpr long long GetTotalNanoSeconds() const { return KyDateTime_::GetTotalNanoSeconds(1); }
+    constexpr double GetTotalSeconds_f() const { return KyDateTime_::GetTotalSeconds_f(1); }
 
-    void SetZero() { KyDateTime_::SetZero(1); }
-    void SetTotalDays(int days) { KyDateTime_::SetTotalDays(days, 1); }
-    void SetTotalSeconds(long long seconds) { KyDateTime_::SetTotalSeconds(seconds, 1); }
-    void SetTotalSeconds(double seconds) { KyDateTime_::SetTotalSeconds(seconds, 1); }
-    void SetTotalNanoSeconds(long long count) { KyDateTime_::SetTotalNanoSeconds(count, 1); }
+    constexpr void SetZero() { KyDateTime_::SetZero(1); }
+    constexpr void SetTotalDays(int days) { KyDateTime_::SetTotalDays(days, 1); }
+    constexpr void SetTotalSeconds(long long seconds) { KyDateTime_::SetTotalSeconds(seconds, 1); }
+    constexpr void SetTotalSeconds(double seconds) { KyDateTime_::SetTotalSeconds(seconds, 1); }
+    constexpr void SetTotalNanoSeconds(long long count) { KyDateTime_::SetTotalNanoSeconds(count, 1); }
 
     /// From one span to the other, never negative; null counts as zero.
     // KEPT: the fields are read as dates of the calendar, so that a span of a month less none is 31 days, and seconds
     // that are borrowed from midnight do not borrow from the day.
-    static KyTimeSpan Difference(const KyTimeSpan& a, const KyTimeSpan& b);
+    static constexpr KyTimeSpan Difference(const KyTimeSpan& a, const KyTimeSpan& b);
 
     /// A null format is "%J.%H:%M:%f".
     KyString& PrintToKyString(KyString& out, const char* format) const;

@@ -1,8 +1,9 @@
 #ifndef KYDATIME_ARITHMETIC_H
 #define KYDATIME_ARITHMETIC_H
 
-/// The calendar and clock arithmetic of `kydatime.h`, which includes it.
+/// The inline parts of `kydatime.h`, which includes it.
 
+#include "calendar_formulas.h"
 #include "kydatime.h"
 
 constexpr int KyDate::divide(int a, int b) const { return static_cast<int>(static_cast<long long>(a) / b); }
@@ -14,36 +15,28 @@ constexpr int KyDate::modulo(int a, int b) const {
     return static_cast<int>((a < 0) != (b < 0) ? -remainder : remainder);
 }
 
-constexpr int KyDate::dayabs() const {
-    const int a = (month - 14) / 12;
-    return day - 32075 + 1461 * (year + 4800 + a) / 4 + (367 * month - 4404 * a - 734) / 12 -
-           (3 * ((year + 4900 + a) / 100)) / 4;
+constexpr int KyDate::dayabs() const { return ky::DayNumber(year, month, day); }
+
+constexpr KyDate KyDate::FromDayNumber(long long dayNumber) {
+    const ky::CalendarFields fields = ky::FieldsOfDayNumber(dayNumber);
+    return {static_cast<short>(fields.year), static_cast<signed char>(fields.month),
+            static_cast<signed char>(fields.day)};
 }
 
-constexpr KyDate& KyDate::dateabs(int dayNumber) {
-    long long l = dayNumber + 68569LL;
-    const long long n = 4 * l / 146097;
-    l -= (146097 * n + 3) / 4;
-    const long long i = 4000 * (l + 1) / 1461001;
-    l += 31 - 1461 * i / 4;
-    const long long m = 80 * l / 2447;
-    const long long k = m / 11;
-    day = static_cast<signed char>(l - 2447 * m / 80);
-    month = static_cast<signed char>(m + 2 - 12 * k);
-    year = static_cast<short>(100 * (n - 49) + i + k);
-    return *this;
-}
+constexpr KyDate::KyDate(int dayNumber) : KyDate(FromDayNumber(dayNumber)) {}
+constexpr KyDate& KyDate::dateabs(int dayNumber) { return *this = FromDayNumber(dayNumber); }
 
-constexpr KyDate KyDate::operator+(int days) const { return {dayabs() + days}; }
-constexpr KyDate KyDate::operator-(int days) const { return {dayabs() - days}; }
+// In 64 bits, which the number of days cannot leave.
+constexpr KyDate KyDate::DaysLater(long long days) const { return FromDayNumber(dayabs() + days); }
+constexpr KyDate KyDate::operator+(int days) const { return DaysLater(days); }
+constexpr KyDate KyDate::operator-(int days) const { return DaysLater(-static_cast<long long>(days)); }
 constexpr int KyDate::operator-(const KyDate& other) const { return dayabs() - other.dayabs(); }
 
-constexpr int KyDate::daynxtmonth() const {
-    return KyDate(year, static_cast<signed char>(month + 1), 1).dayabs() - dayabs();
-}
+constexpr int KyDate::daynxtmonth() const { return ky::DayNumber(year, month + 1, 1) - dayabs(); }
 
 constexpr bool KyDate::IsDate() const {
-    return day >= 1 && day <= 31 && month >= 1 && month <= 12 && daynxtmonth() > 0;
+    if (day < 1 || day > 31 || month < 1 || month > 12) return false;
+    return day <= 28 || daynxtmonth() > 0;
 }
 
 constexpr int KyDate::GetDayOfTheDate() const {
@@ -51,7 +44,7 @@ constexpr int KyDate::GetDayOfTheDate() const {
     const int y = year + a;
     const int m = month + 10 - 12 * ((month + 10) / 13);
     const int s = (13 * m - 1) / 5 + day + 77 + (5 * (y - 100 * (y / 100))) / 4;
-    const int w = modulo(s + y / 400 - 2 * (y / 100), 7);
+    const int w = (s + y / 400 - 2 * (y / 100)) % 7;
     return w >= 1 && w <= 6 ? w - 1 : 6;
 }
 
@@ -63,10 +56,6 @@ constexpr int KyDate::Compare(const KyDate& other, unsigned short flags) const {
     return day - other.day;
 }
 
-constexpr bool operator==(const KyDate& a, const KyDate& b) {
-    return a.year == b.year && a.month == b.month && a.day == b.day;
-}
-
 constexpr int KyTime::SetSecondsAbs(int seconds) {
     const int rest = seconds % 3600;
     hour = static_cast<signed char>(seconds / 3600);
@@ -75,7 +64,7 @@ constexpr int KyTime::SetSecondsAbs(int seconds) {
     return rest < 0 ? -1 : 0;
 }
 
-constexpr KyTime KyTime::operator+(int seconds) const {
+constexpr KyTime KyTime::SecondsLater(long long seconds) const {
     auto h = static_cast<signed char>(hour + seconds / 60 / 60);
     auto m = static_cast<signed char>(minute + seconds / 60 % 60);
     auto s = static_cast<signed char>(second + seconds % 60);
@@ -98,7 +87,8 @@ constexpr KyTime KyTime::operator+(int seconds) const {
     return {h, m, s};
 }
 
-constexpr KyTime KyTime::operator-(int seconds) const { return *this + -seconds; }
+constexpr KyTime KyTime::operator+(int seconds) const { return SecondsLater(seconds); }
+constexpr KyTime KyTime::operator-(int seconds) const { return SecondsLater(-static_cast<long long>(seconds)); }
 
 constexpr bool KyTime::IsTime() const {
     return hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 && second < 60;
@@ -112,13 +102,40 @@ constexpr int KyTime::Compare(const KyTime& other, unsigned short flags) const {
     return second - other.second;
 }
 
-constexpr bool operator==(const KyTime& a, const KyTime& b) {
-    return a.hour == b.hour && a.minute == b.minute && a.second == b.second;
-}
-
 constexpr int KyDateTime::Compare(const KyDateTime& other, unsigned short flags) const {
     const int byDate = Date().Compare(other.Date(), flags);
     return byDate != 0 ? byDate : Time().Compare(other.Time(), flags);
+}
+
+constexpr void KyDateTime::SetDate(const KyDate& date) { *this = KyDateTime(date, Time()); }
+
+constexpr void KyDateTime::AddSeconds(int seconds) {
+    int days = seconds / 86400;
+    const int rest = seconds % 86400;
+    const KyTime before = Time();
+    if (rest < 0) {
+        *this = before - -rest;
+        if (Time() > before) --days;
+    } else {
+        *this = before + rest;
+        if (Time() < before) ++days;
+    }
+    if (days != 0) SetDate(Date() + days);
+}
+
+constexpr void KyDateTime::AddMinutes(int minutes) {
+    int newHour = minutes / 60;
+    int newMinute = minutes % 60;
+    if (minutes > 1439) {
+        SetDate(Date() + 1);
+        newHour -= 24;
+    } else if (minutes < 0) {
+        SetDate(Date() - 1);
+        newHour += newMinute != 0 ? 23 : 24;
+        if (newMinute != 0) newMinute += 60;
+    }
+    hour = static_cast<signed char>(newHour);
+    minute = static_cast<signed char>(newMinute);
 }
 
 #endif

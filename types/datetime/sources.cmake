@@ -1,6 +1,9 @@
 set(folder_sources
-  date_names.cpp)
+  date_names.cpp
+  kydatime.cpp
+  kydatimeN.cpp)
 set(folder_headers
+  calendar_formulas.h
   kydatime.h
   kydatime_arithmetic.h
   kydatimeN.h
