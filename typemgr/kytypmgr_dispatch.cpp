@@ -5,8 +5,6 @@
 
 namespace {
 
-constinit KyTypeMgr* defaultManager = nullptr;
-
 /// Puts `replacement` into a slot unless it is null; returns what stood there.
 template <class Slot>
 Slot* Exchange(Slot*& slot, Slot* replacement) {
@@ -16,8 +14,6 @@ Slot* Exchange(Slot*& slot, Slot* replacement) {
 }
 
 }  // namespace
-
-KyTypeMgr* DefaultTypeMgr(KyTypeMgr* manager) { return Exchange(defaultManager, manager); }
 
 KyTypeMgr::KyTypeMgr(unsigned factoryNumber) { SetFactory(factoryNumber); }
 

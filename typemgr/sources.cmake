@@ -1,5 +1,7 @@
 set(folder_sources
+  context.cpp
   convert_data.cpp
+  identification.cpp
   increment_pointer.cpp
   kytypmgr_dispatch.cpp
   kytypmgr_names.cpp

@@ -297,6 +297,11 @@ public:
     static const KyCodeSet* QueryCodeSet(unsigned char codeSet);
     /// 255 is the default language. Null for a number without a language, which 254 is too.
     static const KyLanguage* QueryLanguage(unsigned char language);
+
+    // `KyTableVersion` and `KyTableChecksum` of the library that is loaded, which may be another one than a program
+    // was compiled for: what a database compares when it is opened.
+    static unsigned QueryTableVersion();
+    static unsigned long long QueryTableChecksum();
 };
 
 extern "C" {

@@ -25,5 +25,8 @@ void KyLanguageContext::SetDefaultCmpOp(unsigned short op) { defaultCmpOp = op; 
 
 unsigned char KyLanguageContext::GetNativeCodeSet() { return KyCodeSetLatin1; }
 
+unsigned KyLanguageContext::QueryTableVersion() { return KyTableVersion; }
+unsigned long long KyLanguageContext::QueryTableChecksum() { return KyTableChecksum; }
+
 // All tables are constant data and the defaults outlive every attachment.
 void ___KyI18NContext(int) {}

@@ -85,6 +85,47 @@ TEST(Dlopen, NullTextIsMadeWhileTheLibraryIsLoaded) {
     setLanguage(atLoad);
 }
 
+TEST(Dlopen, LibraryTellsItsNameAndVersionBeforeItIsAttached) {
+    const Library library;
+    ASSERT_TRUE(library.IsOpen()) << dlerror();
+    auto* describe =
+        library.Find<const char*(unsigned*, unsigned*, unsigned*, unsigned*, unsigned*, const char**, const char**,
+                                 const char**, unsigned*, const char**, const char**)>("KyDescribeDll");
+    auto* info =
+        library.Find<void(const char**, unsigned*, const char**, const char**, const char**)>("GetKyTypeMgrInfo");
+    auto* check = library.Find<int(unsigned)>("KyCheckDll");
+    auto* name = library.Find<const char*>("DLLname");
+    ASSERT_TRUE(describe != nullptr && info != nullptr && check != nullptr && name != nullptr);
+
+    unsigned numbers[6];
+    const char* texts[5];
+    EXPECT_STREQ(describe(&numbers[0], &numbers[1], &numbers[2], &numbers[3], &numbers[4], &texts[0], &texts[1],
+                          &texts[2], &numbers[5], &texts[3], &texts[4]),
+                 "Corvane Typemanager");
+    EXPECT_EQ(numbers[3], 229U);
+    EXPECT_STREQ(texts[0], *name);
+    const char* version = nullptr;
+    info(nullptr, nullptr, &version, nullptr, nullptr);
+    EXPECT_STREQ(version, "Corvane Typemanager 12.0.2.229.0 ");
+    EXPECT_EQ(check(0), 0);
+}
+
+TEST(Dlopen, DefaultManagerExistsWhileTheLibraryIsAttached) {
+    const Library library;
+    ASSERT_TRUE(library.IsOpen()) << dlerror();
+    auto* context = library.Find<void(int)>("___KyTypemgrContext");
+    auto* defaultManager = library.Find<Manager*(Manager*)>("_Z14DefaultTypeMgrP9KyTypeMgr");
+    ASSERT_TRUE(context != nullptr && defaultManager != nullptr);
+
+    EXPECT_EQ(defaultManager(nullptr), nullptr);
+    context(1);
+    const Manager* manager = defaultManager(nullptr);
+    ASSERT_NE(manager, nullptr);
+    EXPECT_EQ(manager->factory, 5U);
+    context(0);
+    EXPECT_EQ(defaultManager(nullptr), nullptr);
+}
+
 TEST(Dlopen, ManagerPrintsAndKnowsTheNullText) {
     const Library library;
     ASSERT_TRUE(library.IsOpen()) << dlerror();

@@ -80,6 +80,11 @@ TEST(TableChecksum, IsWhatTheTablesSay) {
     EXPECT_EQ(checksum.Value(), KyTableChecksum);
 }
 
+TEST(TableChecksum, IsToldByTheLibraryItself) {
+    EXPECT_EQ(KyLanguageContext::QueryTableVersion(), KyTableVersion);
+    EXPECT_EQ(KyLanguageContext::QueryTableChecksum(), KyTableChecksum);
+}
+
 TEST(TableChecksum, IsPinnedWithTheVersion) {
     EXPECT_EQ(KyTableVersion, 1u);
     EXPECT_EQ(KyTableChecksum, 0xE90A2F1F8E8748D1u);

@@ -1,0 +1,75 @@
+#include "index_order.h"
+
+#include <array>
+#include <climits>
+#include <utility>
+
+#include "types.h"
+
+namespace engine {
+
+namespace {
+
+constexpr unsigned kFoldings = 4;
+constexpr unsigned kForms = 2;
+
+/// The types' Compare, taken from the rows once: a comparison is then one call.
+const std::array<KyCompareFunc*, KyTypeIdLimit> kCompare = [] {
+    std::array<KyCompareFunc*, KyTypeIdLimit> slots{};
+    for (int id = 0; id < KyTypeIdLimit; ++id)
+        slots[static_cast<std::size_t>(id)] = Types().CmpFuncPtrGet(static_cast<char>(id));
+    return slots;
+}();
+
+constexpr unsigned short OperatorOf(unsigned folding) {
+    return static_cast<unsigned short>(KyCmpExact | ((folding & 1U) != 0 ? KyCmpIgnoreCase : 0) |
+                                       ((folding & 2U) != 0 ? KyCmpIgnoreAccent : 0));
+}
+
+/// LMDB tells its order nothing but the two keys, so that each type, form and folding has an order of its own. The
+/// number of elements is known to the keys' lengths; an array goes on until one of them ends.
+template <std::size_t Type, unsigned char Form, unsigned Folded, bool Array>
+int CompareKeys(const MDB_val* a, const MDB_val* b) {
+    int err = 0;
+    return kCompare[Type](Form, static_cast<unsigned>(a->mv_size), a->mv_data, static_cast<unsigned>(b->mv_size),
+                          b->mv_data, OperatorOf(Folded), Array ? UINT_MAX : 1, err);
+}
+
+using TypeOrders = std::array<MDB_cmp_func*, kForms * kFoldings * 2>;
+
+template <std::size_t Type, std::size_t... I>
+constexpr TypeOrders OrdersOf(std::index_sequence<I...>) {
+    return {&CompareKeys<Type, static_cast<unsigned char>(1 + I / (kFoldings * 2)), I / 2 % kFoldings, I % 2 != 0>...};
+}
+
+template <std::size_t... Type>
+constexpr std::array<TypeOrders, KyTypeIdLimit> AllOrders(std::index_sequence<Type...>) {
+    return {OrdersOf<Type>(std::make_index_sequence<kForms * kFoldings * 2>())...};
+}
+
+constexpr auto kOrders = AllOrders(std::make_index_sequence<KyTypeIdLimit>());
+
+unsigned FoldingNumber(const Folding& folding) {
+    return (folding.ignoreCase ? 1U : 0U) | (folding.ignoreAccent ? 2U : 0U);
+}
+
+}  // namespace
+
+unsigned short IndexOperator(const Folding& folding) { return OperatorOf(FoldingNumber(folding)); }
+
+MDB_cmp_func* IndexOrder(const Attribute& attribute, unsigned char form) {
+    const std::size_t formAt = form == KyFormReversed ? 1 : 0;
+    return kOrders[static_cast<std::size_t>(attribute.type)]
+                  [(formAt * kFoldings + FoldingNumber(*attribute.index)) * 2 + (attribute.count > 1 ? 1 : 0)];
+}
+
+Bytes IndexKey(const Attribute& attribute, unsigned char form, Bytes stored, std::vector<unsigned char>& scratch) {
+    if (!IsString(attribute.type) || stored.size() <= kLongestKey) return stored;
+    scratch.resize(kLongestKey);
+    const unsigned size =
+        Types().Translate(attribute.type, scratch.data(), form, kLongestKey, const_cast<unsigned char*>(stored.data()),
+                          form, static_cast<unsigned>(stored.size()), 1);
+    return {scratch.data(), size};
+}
+
+}  // namespace engine

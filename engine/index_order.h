@@ -1,0 +1,33 @@
+#ifndef ENGINE_INDEX_ORDER_H
+#define ENGINE_INDEX_ORDER_H
+
+/// Index keys and their order.
+///
+/// The key of an attribute of fixed size is its persistent form; the key of a string is its record, cut to 253 bytes by
+/// the type manager's Translate. Keys are ordered by the type's Compare, exact (no wildcards), with the index's
+/// folding.
+
+#include <lmdb.h>
+
+#include <vector>
+
+#include "record.h"
+#include "schema.h"
+
+namespace engine {
+
+/// Bytes of a key at the most; shorter than what LMDB takes.
+inline constexpr unsigned kLongestKey = 253;
+
+/// The compare-operator word of an index.
+unsigned short IndexOperator(const Folding& folding);
+
+/// The order of an attribute's index, as LMDB calls it. The attribute has an index.
+MDB_cmp_func* IndexOrder(const Attribute& attribute, unsigned char form);
+
+/// The key of a stored value, in the same form. For strings it is made in `scratch`, else it is the value itself.
+Bytes IndexKey(const Attribute& attribute, unsigned char form, Bytes stored, std::vector<unsigned char>& scratch);
+
+}  // namespace engine
+
+#endif

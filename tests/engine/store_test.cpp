@@ -1,0 +1,158 @@
+#include "store.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "batch.h"
+#include "kystring.h"
+#include "maintenance.h"
+#include "scratch_store.h"
+#include "snapshot.h"
+#include "types.h"
+
+namespace {
+
+using engine::Access;
+using engine::Batch;
+using engine::Schema;
+using engine::Snapshot;
+using engine::Store;
+
+const char kWords[] = "class Word {\n text KyString index\n length int index\n twin KyString }\n";
+
+/// Adds objects "w<i>" for the numbers from `first` to `last`, in one batch.
+void AddWords(Store& store, int first, int last) {
+    Batch batch(store, 0);
+    for (int i = first; i <= last; ++i) {
+        KyString text(("w" + std::to_string(i)).c_str());
+        int length = i % 10;
+        KyString twin = text;
+        void* const values[] = {&text, &length, &twin};
+        batch.Add(values);
+    }
+    batch.Commit();
+}
+
+std::size_t Faults(const Store& store) {
+    return engine::CheckStore(store, [](const std::string& fault) { ADD_FAILURE() << fault; }).faults;
+}
+
+class StoreInForm : public ::testing::TestWithParam<unsigned char> {};
+
+TEST_P(StoreInForm, ObjectsAreFoundByNumberAndInEachIndex) {
+    const ScratchFolder folder;
+    Store::Create(folder.File("words"), Schema::Parse(kWords), GetParam());
+    {
+        Store store(folder.File("words"), Access::write);
+        AddWords(store, 1, 500);
+        AddWords(store, 501, 1000);
+    }
+    const Store store(folder.File("words"), Access::read);
+    EXPECT_EQ(store.Form(), GetParam());
+    EXPECT_EQ(Faults(store), 0U);
+    const Snapshot snapshot(store);
+    EXPECT_EQ(snapshot.ObjectCount(0), 1000U);
+
+    const engine::Bytes record = snapshot.Find(0, 777);
+    ASSERT_FALSE(record.empty());
+    const engine::Bytes length = store.Layout(0).At(record, 1);
+    int number = 0;
+    engine::Types().Load(KyINT_T, &number, const_cast<unsigned char*>(length.data()), GetParam(), 1);
+    EXPECT_EQ(number, 7);
+    EXPECT_TRUE(snapshot.Find(0, 1001).empty());
+    EXPECT_TRUE(snapshot.Find(0, 0).empty());
+
+    engine::IndexCursor cursor(snapshot, 0, 1);
+    int previous = -1;
+    std::size_t entries = 0;
+    for (auto entry = cursor.First(); entry; entry = cursor.Next(), ++entries) {
+        engine::Types().Load(KyINT_T, &number, const_cast<unsigned char*>(entry->key.data()), GetParam(), 1);
+        EXPECT_LE(previous, number);
+        previous = number;
+    }
+    EXPECT_EQ(entries, 1000U);
+}
+
+INSTANTIATE_TEST_SUITE_P(Forms, StoreInForm, ::testing::Values(KyFormNative, KyFormReversed));
+
+TEST(Store, GrowsByItself) {
+    const ScratchFolder folder;
+    Store::Create(folder.File("blobs"), Schema::Parse("class Text { text KyString }"), KyFormNative);
+    Store store(folder.File("blobs"), Access::write);
+    const std::string long30k(30000, 'x');
+    for (int round = 0; round < 4; ++round) {
+        Batch batch(store, 0);
+        for (int i = 0; i < 1000; ++i) {
+            KyString text(long30k.c_str());
+            void* const values[] = {&text};
+            batch.Add(values);
+        }
+        EXPECT_EQ(batch.Commit(), static_cast<engine::ObjectNumber>(round * 1000 + 1));
+    }
+    EXPECT_EQ(Snapshot(store).ObjectCount(0), 4000U);
+    EXPECT_EQ(Faults(store), 0U);
+}
+
+template <class Action>
+std::string FaultOf(Action action) {
+    try {
+        action();
+    } catch (const engine::StoreError& error) {
+        return error.what();
+    }
+    return "none";
+}
+
+TEST(Store, FilesThatAreNoStoreAreRefused) {
+    const ScratchFolder folder;
+    const std::string path = folder.File("store");
+    const auto open = [&path] { const Store store(path, Access::read); };
+
+    EXPECT_EQ(FaultOf(open), "\"" + path + "\" cannot be opened: No such file or directory");
+    std::ofstream(path) << "nothing like a store, and long enough for a page" << std::string(9000, ' ');
+    EXPECT_EQ(FaultOf(open), "\"" + path + "\" is no store of this program");
+    EXPECT_EQ(FaultOf([&] { Store::Create(path, Schema::Parse(kWords), 1); }), "\"" + path + "\" exists already");
+}
+
+TEST(Store, TruncatedFilesAreRefused) {
+    const ScratchFolder folder;
+    const std::string path = folder.File("store");
+    Store::Create(path, Schema::Parse(kWords), 1);
+    {
+        Store store(path, Access::write);
+        AddWords(store, 1, 5000);
+    }
+    const auto size = std::filesystem::file_size(path);
+    for (const auto cut : {size - 1, size / 2, static_cast<decltype(size)>(8192)}) {
+        std::filesystem::resize_file(path, cut);
+        EXPECT_EQ(FaultOf([&path] { const Store store(path, Access::read); }), "\"" + path + "\" is truncated") << cut;
+    }
+}
+
+TEST(Store, HasOneWriter) {
+    const ScratchFolder folder;
+    const std::string path = folder.File("store");
+    Store::Create(path, Schema::Parse(kWords), 1);
+    const Store writer(path, Access::write);
+    EXPECT_EQ(FaultOf([&path] { const Store second(path, Access::write); }),
+              "\"" + path + "\" is in use: somebody else is writing to it");
+}
+
+TEST(Store, ReindexMakesTheSameIndexes) {
+    const ScratchFolder folder;
+    const std::string path = folder.File("store");
+    Store::Create(path, Schema::Parse(kWords), 1);
+    {
+        Store store(path, Access::write);
+        AddWords(store, 1, 3000);
+    }
+    Store store(path, Access::reindex);
+    EXPECT_EQ(engine::Reindex(store), 6000U);
+    EXPECT_EQ(Faults(store), 0U);
+}
+
+}  // namespace
