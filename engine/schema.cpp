@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstring>
+#include <sstream>
 
 #include "error.h"
 #include "index_order.h"
@@ -11,6 +12,9 @@
 namespace engine {
 
 namespace {
+
+/// Of a language and of a code set: that of the library's language context.
+constexpr unsigned char kDefault = 255;
 
 /// Words and signs of a schema, with their places.
 class Words {
@@ -54,7 +58,7 @@ private:
             if (text[at] == '#') {
                 at = std::min(text.find('\n', at), text.size());
             } else {
-                if (text[at] == '\n') sameLine = false;
+                if (std::strchr("\n;,", text[at]) != nullptr) sameLine = false;
                 ++at;
             }
         }
@@ -185,24 +189,24 @@ Schema Schema::Parse(std::string_view text) {
 }
 
 std::string Schema::Text() const {
-    std::string text;
+    std::ostringstream text;
     for (const Class& each : classes) {
-        text += "class " + each.name + " {\n";
+        text << "class " << each.name << " {\n";
         for (const Attribute& attribute : each.attributes) {
-            text += "  " + attribute.name + " " + Types().NameGet(attribute.type, nullptr);
-            if (attribute.count > 1) text += "[" + std::to_string(attribute.count) + "]";
-            if (attribute.language != 255) text += " language " + std::to_string(attribute.language);
-            if (attribute.codeSet != 255) text += " codeset " + std::to_string(attribute.codeSet);
+            text << "  " << attribute.name << ' ' << Types().NameGet(attribute.type, nullptr);
+            if (attribute.count > 1) text << '[' << attribute.count << ']';
+            if (attribute.language != kDefault) text << " language " << unsigned{attribute.language};
+            if (attribute.codeSet != kDefault) text << " codeset " << unsigned{attribute.codeSet};
             if (attribute.index) {
-                text += " index";
-                if (attribute.index->ignoreCase) text += " nocase";
-                if (attribute.index->ignoreAccent) text += " noaccent";
+                text << " index";
+                if (attribute.index->ignoreCase) text << " nocase";
+                if (attribute.index->ignoreAccent) text << " noaccent";
             }
-            text += "\n";
+            text << '\n';
         }
-        text += "}\n";
+        text << "}\n";
     }
-    return text;
+    return text.str();
 }
 
 }  // namespace engine

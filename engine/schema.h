@@ -9,7 +9,7 @@
 ///     name      KyString         index nocase
 ///     numeric   KyNull_double
 ///     word      KyString         language de codeset 1 index
-///     samples   short[3]
+///     samples   o_2b[3]
 ///   }
 ///
 /// An attribute is a name, a type by its type name, and for fixed-length arrays the number of elements. What follows on
@@ -17,7 +17,8 @@
 ///   index             an index over the attribute; `nocase`, `noaccent` behind it: one that does not tell these apart
 ///   language N        strings: the language and code set that loaded texts get; 255, the default, is that of the
 ///   codeset N         library's language context
-/// Names are letters, digits and "_", not a digit first, and tell capitals from small letters. A "#" begins a comment.
+/// A ";" ends a line as well. Names are letters, digits and "_", not a digit first, and tell capitals from small
+/// letters. A "#" begins a comment.
 
 #include <optional>
 #include <string>

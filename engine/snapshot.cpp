@@ -54,17 +54,6 @@ Bytes Snapshot::Find(std::size_t classAt, ObjectNumber number) const {
     return WholeRecord(store->Layout(classAt), value, number);
 }
 
-Bytes Snapshot::Find(const KyObjId& id) const {
-    const std::size_t block = id.B;
-    if (block == 0 || block > store->GetSchema().Classes().size()) return {};
-    return Find(block - 1, static_cast<ObjectNumber>(id.H) << 32U | id.L);
-}
-
-KyObjId ObjectId(std::size_t classAt, ObjectNumber number) {
-    return {static_cast<unsigned>(classAt + 1), static_cast<unsigned>(number),
-            static_cast<unsigned short>(number >> 32U)};
-}
-
 ObjectCursor::ObjectCursor(const Snapshot& snapshot, std::size_t classAt)
     : cursor(OpenCursor(snapshot.Handle(), snapshot.Of().Opened(classAt).objects)),
       layout(&snapshot.Of().Layout(classAt)) {}

@@ -8,7 +8,6 @@
 #include <memory>
 #include <optional>
 
-#include "kyobjid.h"
 #include "store.h"
 
 namespace engine {
@@ -40,16 +39,11 @@ public:
 
     /// The record of an object; empty when there is none. Throws `StoreError` for a record that is broken.
     Bytes Find(std::size_t classAt, ObjectNumber number) const;
-    /// By the object's id.
-    Bytes Find(const KyObjId& id) const;
 
 private:
     const Store* store;
     MDB_txn* transaction;
 };
-
-/// The object's id: block the class's place and 1, object number as it is.
-KyObjId ObjectId(std::size_t classAt, ObjectNumber number);
 
 struct Object {
     ObjectNumber number;

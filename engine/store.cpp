@@ -164,9 +164,9 @@ void Store::OpenFile(const std::string& path, Access access) {
 
 void Store::ReadProperties(const std::string& path, Access access) {
     MDB_txn* const transaction = BeginReading(env.get());
-    const int error = mdb_dbi_open(transaction, kPropertiesName, 0, &properties);
+    const int opened = mdb_dbi_open(transaction, kPropertiesName, 0, &properties);
     mdb_txn_commit(transaction);  // keeps the handle
-    if (error != MDB_SUCCESS) throw StoreError("\"" + path + "\" is no store of this program");
+    if (opened != MDB_SUCCESS) throw StoreError("\"" + path + "\" is no store of this program");
 
     const std::string format = Property(kFormatKey);
     if (format != kFormat)

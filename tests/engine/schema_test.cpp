@@ -15,7 +15,7 @@ TEST(Schema, NamesClassesAttributesAndTheirIndexes) {
         "# words\n"
         "class Word {\n"
         "  text     KyString  language 2 codeset 1 index nocase noaccent  # both\n"
-        "  length   o_u2b index; counts short[3]\n"
+        "  length   o_u2b index; counts o_2b[3]\n"
         "}\n"
         "class Empty_1 { x KyBoolean }\n");
     ASSERT_EQ(schema.Classes().size(), 2U);

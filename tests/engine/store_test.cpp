@@ -28,7 +28,7 @@ const char kWords[] = "class Word {\n text KyString index\n length int index\n t
 void AddWords(Store& store, int first, int last) {
     Batch batch(store, 0);
     for (int i = first; i <= last; ++i) {
-        KyString text(("w" + std::to_string(i)).c_str());
+        KyString text(std::string("w").append(std::to_string(i)).c_str());
         int length = i % 10;
         KyString twin = text;
         void* const values[] = {&text, &length, &twin};
@@ -127,7 +127,7 @@ TEST(Store, TruncatedFilesAreRefused) {
         AddWords(store, 1, 5000);
     }
     const auto size = std::filesystem::file_size(path);
-    for (const auto cut : {size - 1, size / 2, static_cast<decltype(size)>(8192)}) {
+    for (const auto cut : {size - 1, size / 2, std::uintmax_t{8192}}) {
         std::filesystem::resize_file(path, cut);
         EXPECT_EQ(FaultOf([&path] { const Store store(path, Access::read); }), "\"" + path + "\" is truncated") << cut;
     }
