@@ -45,10 +45,10 @@ template <std::size_t size>
     return difference != 0;
 }
 
-[[gnu::always_inline]] inline std::size_t FirstOtherNullableText(NullLayout layout, const void* areaA,
-                                                                 const void* areaB, std::size_t count) {
-    const MaskWords& mask = kMaskWords[static_cast<std::size_t>(layout)];
-    const std::size_t element = SizesOf(layout).memory;
+/// Index of the first of `count` elements of `element` bytes that differ in a byte of the mask; `count` when none does.
+[[gnu::always_inline]] inline std::size_t FirstOtherElementText(const MaskWords& mask, std::size_t element,
+                                                                const void* areaA, const void* areaB,
+                                                                std::size_t count) {
     const std::size_t size = count * element;
     const unsigned char* a = Advance(areaA, 0);
     const unsigned char* b = Advance(areaB, 0);
@@ -68,6 +68,12 @@ template <std::size_t size>
         if (difference != 0) return (at + static_cast<std::size_t>(std::countr_zero(difference)) / 8) / element;
     }
     return count;
+}
+
+[[gnu::always_inline]] inline std::size_t FirstOtherNullableText(NullLayout layout, const void* areaA,
+                                                                 const void* areaB, std::size_t count) {
+    return FirstOtherElementText(kMaskWords[static_cast<std::size_t>(layout)], SizesOf(layout).memory, areaA, areaB,
+                                 count);
 }
 
 }  // namespace ky::detail

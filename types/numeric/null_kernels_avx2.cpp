@@ -8,20 +8,10 @@
 namespace ky {
 namespace {
 
-#define KY_KERNEL_TARGET __attribute__((target("avx2")))
+#include "byte_vectors_avx2.inl"
 
-/// Bytes are permuted within 16 of them only.
-using Vector = __m128i;
 using Plan = NullPlan<sizeof(Vector)>;
 
-KY_KERNEL_TARGET inline Vector LoadVector(const unsigned char* from) {
-    return _mm_loadu_si128(reinterpret_cast<const Vector*>(from));
-}
-KY_KERNEL_TARGET inline void StoreVector(unsigned char* to, Vector vector) {
-    _mm_storeu_si128(reinterpret_cast<Vector*>(to), vector);
-}
-KY_KERNEL_TARGET inline Vector Permute(Vector vector, Vector index) { return _mm_shuffle_epi8(vector, index); }
-KY_KERNEL_TARGET inline Vector PermuteOrZero(Vector vector, Vector index) { return _mm_shuffle_epi8(vector, index); }
 KY_KERNEL_TARGET inline Vector Least(Vector a, Vector b) {
     typedef unsigned char Bytes __attribute__((vector_size(sizeof(Vector))));
     const auto bytesA = reinterpret_cast<Bytes>(a);
