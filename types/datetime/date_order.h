@@ -7,7 +7,7 @@
 
 #include <cstddef>
 
-#include "array_order.h"
+#include "date_arrays.h"
 #include "date_kernels.h"
 #include "date_records.h"
 #include "kytypes.h"
@@ -39,11 +39,11 @@ int CompareStoredArrays(unsigned char flag, unsigned len1, const void* a, unsign
                         unsigned count, int& err) {
     constexpr DateRecord record = RecordOf<Value>();
     const DateForm form = StoredFormOf(flag);
-    return CompareArrays(DateLayout(record, form).size, len1, a, len2, b, count, err,
-                         [form, exact](const void* x, const void* y) {
-                             return CompareStoredDates<record>(ReadFields<record>(Advance(x, 0), form),
-                                                               ReadFields<record>(Advance(y, 0), form), exact);
-                         });
+    return CompareDateArrays(DateLayout(record, form).size, len1, a, len2, b, count, err,
+                             [form, exact](const void* x, const void* y) {
+                                 return CompareStoredDates<record>(ReadFields<record>(Advance(x, 0), form),
+                                                                   ReadFields<record>(Advance(y, 0), form), exact);
+                             });
 }
 
 /// The slot. In memory form the result is that of the class's own comparison.
@@ -62,7 +62,7 @@ int DateCompare(unsigned char flag, unsigned len1, void* a, unsigned len2, void*
             sizeof(Value), len1, a, len2, b, count, err, compare,
             [](const void* x, const void* y, std::size_t elements) { return FirstOtherDate(record, x, y, elements); });
     } else {
-        return CompareArrays(sizeof(Value), len1, a, len2, b, count, err, compare);
+        return CompareDateArrays(sizeof(Value), len1, a, len2, b, count, err, compare);
     }
 }
 
@@ -75,7 +75,7 @@ unsigned DateHash(unsigned char flag, unsigned len, void* data, unsigned count, 
     err = 0;
     if (count == 1) return kHashFactor * HashWordOf<record>(ReadFields<record>(Advance(data, 0), form));
     if (count == 0) return 0;
-    const std::size_t visited = ElementsInside(len, DateLayout(record, form).size, count);
+    const std::size_t visited = ElementsThatFit(len, DateLayout(record, form).size, count);
     err = BufferEndError(visited, visited, count);
     return kHashFactor * HashDates(record, form, data, visited);
 }

@@ -1,4 +1,8 @@
 set(folder_sources
+  date_getvalue.cpp
+  date_kernels.cpp
+  date_kernels_avx2.cpp
+  date_kernels_avx512.cpp
   date_names.cpp
   kydatime.cpp
   kydatimeN.cpp)
