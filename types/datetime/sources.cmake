@@ -3,7 +3,16 @@ set(folder_sources
   date_kernels.cpp
   date_kernels_avx2.cpp
   date_kernels_avx512.cpp
+  date_members.cpp
   date_names.cpp
+  date_text_digits.cpp
+  date_text_pieces.cpp
+  date_text_print.cpp
+  date_text_print_pieces.cpp
+  date_text_scan.cpp
+  date_text_scan_pieces.cpp
+  date_text_scan_values.cpp
+  date_text_slots.cpp
   kydatime.cpp
   kydatimeN.cpp)
 set(folder_headers

@@ -1,0 +1,42 @@
+#ifndef DATE_TEXTS_H
+#define DATE_TEXTS_H
+
+#include <ostream>
+#include <string>
+
+#include "date_text.h"
+#include "kystring.h"
+
+namespace ky {
+
+inline bool operator==(const DateTimeParts& a, const DateTimeParts& b) {
+    return a.year == b.year && a.month == b.month && a.day == b.day && a.hour == b.hour && a.minute == b.minute &&
+           a.second == b.second && a.nanoseconds == b.nanoseconds;
+}
+
+inline void PrintTo(const DateTimeParts& p, std::ostream* out) {
+    *out << p.year << '-' << p.month << '-' << p.day << ' ' << p.hour << ':' << p.minute << ':' << p.second << " ns "
+         << p.nanoseconds;
+}
+
+}  // namespace ky
+
+inline std::string Printed(const ky::DateTimeParts& parts, const char* format,
+                           const ky::DatePrintRules& rules = ky::kKyDatePrint) {
+    KyString out("before");
+    ky::PrintDateTime(out, parts, format, rules);
+    return out.StrGet();
+}
+
+/// What a text gives for a value that is anything before.
+struct Scan {
+    ky::DateScan result;
+    ky::DateTimeParts parts;
+
+    Scan(const char* text, const char* format) : parts{77, 77, 77, 77, 77, 77, 77} {
+        KyString in(text);
+        result = ky::ScanDateTime(parts, in, format);
+    }
+};
+
+#endif
