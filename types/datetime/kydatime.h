@@ -116,7 +116,7 @@ private:
     friend class KyDateTime_;
 
     /// A number that orders days as exact comparisons do.
-    constexpr int Rank() const { return year * 65536 + (month + 128) * 256 + day + 128; }
+    constexpr int Rank() const { return year * 65536 + (month + 128) * 256 + (day + 128); }
     static constexpr KyDate FromDayNumber(long long dayNumber);  ///< within 2^33
     constexpr KyDate DaysLater(long long days) const;            ///< within 2^32
 };
