@@ -14,16 +14,21 @@ namespace ky {
 
 inline constexpr std::size_t kCountHeader = sizeof(std::size_t);
 
-/// Objects as one is default-constructed: one, at the least. Null when there is no memory.
+/// Objects as one is default-constructed: one, at the least. Null when there is no memory; what a constructor throws goes
+/// on to the caller.
 template <class Object>
 void* CountedCreate(unsigned count) {
     static_assert(alignof(Object) <= kCountHeader);
     if (count < 2) return new (std::nothrow) Object();
-    void* block = ::operator new(kCountHeader + count * sizeof(Object), std::nothrow);
+    struct Release {
+        void operator()(void* memory) const { ::operator delete(memory); }
+    };
+    std::unique_ptr<void, Release> block(::operator new(kCountHeader + count * sizeof(Object), std::nothrow));
     if (block == nullptr) return nullptr;
-    StoreAs<std::size_t>(block, count);
-    unsigned char* values = Advance(block, kCountHeader);
+    StoreAs<std::size_t>(block.get(), count);
+    unsigned char* values = Advance(block.get(), kCountHeader);
     std::uninitialized_fill_n(reinterpret_cast<Object*>(values), count, Object());
+    block.release();
     return values;
 }
 

@@ -1,0 +1,9 @@
+set(folder_sources
+  kyblob.cpp
+  kyblob_ranges.cpp
+  kyblob_record.cpp
+  kyblob_rows.cpp
+  kyblob_slots.cpp
+  kyblob_text.cpp)
+set(folder_headers
+  kyblob.h)
