@@ -4,6 +4,7 @@
 #include <climits>
 #include <utility>
 
+#include "pattern.h"
 #include "types.h"
 
 namespace engine {
@@ -12,6 +13,10 @@ namespace {
 
 constexpr unsigned kFoldings = 4;
 constexpr unsigned kForms = 2;
+
+/// Characters of a dictionary string in a key. Compare refuses constants of more than 253 key bytes, and a character
+/// has two of them at the most.
+constexpr unsigned short kLongestDictionaryKey = 120;
 
 /// The types' Compare, taken from the rows once: a comparison is then one call.
 const std::array<KyCompareFunc*, KyTypeIdLimit> kCompare = [] {
@@ -65,6 +70,10 @@ MDB_cmp_func* IndexOrder(const Attribute& attribute, unsigned char form) {
 
 Bytes IndexKey(const Attribute& attribute, unsigned char form, Bytes stored, std::vector<unsigned char>& scratch) {
     if (!IsString(attribute.type) || stored.size() <= kLongestKey) return stored;
+    if (attribute.type != KySTRING_T) {
+        scratch = FirstCharacters(attribute.type, form, stored, kLongestDictionaryKey);
+        return scratch;
+    }
     scratch.resize(kLongestKey);
     const unsigned size =
         Types().Translate(attribute.type, scratch.data(), form, kLongestKey, const_cast<unsigned char*>(stored.data()),

@@ -3,9 +3,9 @@
 
 /// Index keys and their order.
 ///
-/// The key of an attribute of fixed size is its persistent form; the key of a string is its record, cut to 253 bytes by
-/// the type manager's Translate. Keys are ordered by the type's Compare, exact (no wildcards), with the index's
-/// folding.
+/// The key of an attribute of fixed size is its persistent form. The key of a string is its record, cut to 253 bytes by
+/// the type manager's Translate; that of a dictionary string of more bytes is the record of its first 120 characters.
+/// Keys are ordered by the type's Compare, exact (no wildcards), with the index's folding.
 
 #include <lmdb.h>
 

@@ -1,0 +1,68 @@
+#include "pattern.h"
+
+#include "kyistring.h"
+#include "kystrcmp.h"
+#include "kystring.h"
+#include "kywildcard.h"
+#include "value.h"
+
+namespace engine {
+
+namespace {
+
+Value Loaded(char type, unsigned char form, Bytes stored) {
+    Value value(type);
+    value.Load(stored, form);
+    return value;
+}
+
+}  // namespace
+
+bool MatchesPattern(char type, unsigned char form, Bytes value, Bytes pattern, unsigned short op) {
+    const Value text = Loaded(type, form, value);
+    const Value wanted = Loaded(type, form, pattern);
+    if (type == KySTRING_T) {
+        const auto& a = *static_cast<const KyString*>(text.Get());
+        const auto& b = *static_cast<const KyString*>(wanted.Get());
+        constexpr short wholeTexts = -1;
+        return KyStrCmp(a.CodeSetGet(), a.LanguageGet(), a.StrGet(), b.CodeSetGet(), b.LanguageGet(), b.StrGet(), op,
+                        wholeTexts, KyFormNative, nullptr) == 0;
+    }
+    if (type == KyISTRING_T) {
+        const auto& a = *static_cast<const KyIString*>(text.Get());
+        const auto& b = *static_cast<const KyIString*>(wanted.Get());
+        return istrwild(b.StrGet(), a.StrGet(), b.ModeGet(), a.ModeGet()) != 0;
+    }
+    const auto& a = *static_cast<const KyCaseIString*>(text.Get());
+    const auto& b = *static_cast<const KyCaseIString*>(wanted.Get());
+    return caseistrwild(b.StrGet(), a.StrGet(), b.ModeGet(), a.ModeGet()) != 0;
+}
+
+std::vector<unsigned char> DictionaryPrefix(char type, unsigned char form, Bytes pattern) {
+    const Value value = Loaded(type, form, pattern);
+    const auto cut = [](auto& text, int wildcard) {
+        if (wildcard >= 0) text.Cut(static_cast<unsigned short>(wildcard), -1);
+    };
+    if (type == KyISTRING_T) {
+        auto& text = *static_cast<KyIString*>(value.Get());
+        cut(text, istrwc(text.StrGet(), text.ModeGet()));
+    } else {
+        auto& text = *static_cast<KyCaseIString*>(value.Get());
+        cut(text, caseistrwc(text.StrGet(), text.ModeGet()));
+    }
+    return value.Store(form);
+}
+
+std::vector<unsigned char> FirstCharacters(char type, unsigned char form, Bytes stored, unsigned short most) {
+    const Value value = Loaded(type, form, stored);
+    if (type == KySTRING_T) {
+        static_cast<KyString*>(value.Get())->Cut(most, -1);
+    } else if (type == KyISTRING_T) {
+        static_cast<KyIString*>(value.Get())->Cut(most, -1);
+    } else {
+        static_cast<KyCaseIString*>(value.Get())->Cut(most, -1);
+    }
+    return value.Store(form);
+}
+
+}  // namespace engine

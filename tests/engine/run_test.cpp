@@ -1,0 +1,212 @@
+#include "run.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "batch.h"
+#include "kystring.h"
+#include "scratch_store.h"
+#include "types.h"
+
+namespace {
+
+using engine::Access;
+using engine::AccessPath;
+using engine::Object;
+using engine::PreparedQuery;
+using engine::Schema;
+using engine::Snapshot;
+using engine::Store;
+
+std::string ScanByType(const engine::Attribute& attribute, std::string_view text, void* value) {
+    KyString copy(std::string(text).c_str());
+    engine::Types().ScanFromKyString(attribute.type, value, copy, nullptr, 1);
+    return text == "nonsense" ? "no sense in this" : "";
+}
+
+/// Words over a small alphabet, so that prefixes and duplicates abound, in an indexed and a plain attribute.
+class RunTest : public ::testing::TestWithParam<unsigned char> {
+protected:
+    RunTest() {
+        Store::Create(folder.File("words"),
+                      Schema::Parse("class Word { text KyString index\n folded KyString index nocase\n plain KyString\n"
+                                    "number int index\n dictionary KyIString index }"),
+                      GetParam());
+        store.emplace(folder.File("words"), Access::write);
+        engine::Batch batch(*store, 0);
+        unsigned state = 1;
+        for (int i = 0; i < 2000; ++i) {
+            std::string word;
+            state = state * 1103515245 + 12345;
+            const unsigned length = state >> 16U & 7U;
+            for (unsigned k = 0; k < length; ++k) {
+                state = state * 1103515245 + 12345;
+                word += "abAB*"[(state >> 16U) % 5];
+            }
+            if (i % 50 == 0) word = std::string(300, 'a').append(word);
+            KyString text(word.c_str());
+            KyString folded = text;
+            KyString plain = text;
+            KyString dictionaryText(word.c_str());
+            int number = i % 97;
+            void* const dictionary = engine::Types().Create(KyISTRING_T, 1);
+            engine::Types().ScanFromKyString(KyISTRING_T, dictionary, dictionaryText, nullptr, 1);
+            void* const values[] = {&text, &folded, &plain, &number, dictionary};
+            batch.Add(values);
+            engine::Types().Delete(KyISTRING_T, dictionary, 1);
+        }
+        batch.Commit();
+    }
+
+    /// The objects that a query finds, by the plan or by looking at all of them.
+    std::vector<engine::ObjectNumber> Numbers(const std::string& text, bool byPlan, AccessPath::Kind* kind = nullptr) {
+        const PreparedQuery query(*store, engine::ParseQuery(store->GetSchema(), text), ScanByType);
+        const Snapshot snapshot(*store);
+        const AccessPath path = byPlan ? query.Plan(snapshot) : AccessPath();
+        if (kind != nullptr) *kind = path.kind;
+        std::vector<engine::ObjectNumber> numbers;
+        query.Run(snapshot, path, [&numbers](const Object& object) {
+            numbers.push_back(object.number);
+            return true;
+        });
+        std::ranges::sort(numbers);
+        return numbers;
+    }
+
+    const ScratchFolder folder;
+    std::optional<Store> store;
+};
+
+TEST_P(RunTest, PlansFindWhatAScanOfAllFinds) {
+    const char* const patterns[] = {"",
+                                    "a",
+                                    "ab",
+                                    "B",
+                                    "ab*",
+                                    "a?b",
+                                    "*",
+                                    "*b",
+                                    "aA*b",
+                                    "?",
+                                    "a\\*b",
+                                    "\\**",
+                                    "aaaaaaaaaaaaaaaaaaaaaaaaaaaaaa*",
+                                    "zz",
+                                    "a*A*"};
+    const char* const relations[] = {"=", "<>", "<", "<=", ">", ">="};
+    std::set<AccessPath::Kind> kinds;
+    for (const char* relation : relations) {
+        for (const char* pattern : patterns) {
+            for (const char* attribute : {"text", "folded", "dictionary"}) {
+                for (const char* modifier : {"", " nocase", " exact", " exact nocase"}) {
+                    if (attribute[0] == 'd' && std::string(modifier).find("nocase") != std::string::npos) continue;
+                    const std::string query = std::string("Word where ")
+                                                  .append(attribute)
+                                                  .append(relation)
+                                                  .append("\"")
+                                                  .append(pattern)
+                                                  .append("\"")
+                                                  .append(modifier);
+                    AccessPath::Kind kind{};
+                    EXPECT_EQ(Numbers(query, true, &kind), Numbers(query, false)) << query;
+                    kinds.insert(kind);
+                }
+            }
+        }
+    }
+    EXPECT_EQ(kinds.size(), 2U);
+}
+
+TEST_P(RunTest, LongConstantsFindTheirNeighbours) {
+    for (const char* tail : {"", "a", "b", "bA", "*"}) {
+        for (const char* relation : {"=", "<", "<=", ">", ">="}) {
+            const std::string query = std::string("Word where text ")
+                                          .append(relation)
+                                          .append(" \"")
+                                          .append(300, 'a')
+                                          .append(tail)
+                                          .append("\"");
+            EXPECT_EQ(Numbers(query, true), Numbers(query, false)) << query;
+        }
+    }
+}
+
+TEST_P(RunTest, ConditionsOfSeveralAttributesAgree) {
+    for (const char* condition :
+         {"number = 5 and text >= \"a\"", "number > 10 and number <= 12", "number >= 90 and number < 20",
+          "number = 1 or number = 2 or text = \"ab*\"", "(number = 1 or text = \"a\") and plain >= \"a\"",
+          "plain = \"a*\" or number = 7", "number > 3 and number > 90 and text = \"*\""}) {
+        const std::string query = std::string("Word where ") + condition;
+        EXPECT_EQ(Numbers(query, true), Numbers(query, false)) << query;
+    }
+}
+
+TEST_P(RunTest, VisitsTheNarrowedRangeOnly) {
+    const PreparedQuery query(*store, engine::ParseQuery(store->GetSchema(), "Word where number = 5"), ScanByType);
+    const Snapshot snapshot(*store);
+    const AccessPath path = query.Plan(snapshot);
+    ASSERT_EQ(path.kind, AccessPath::Kind::oneIndex);
+    EXPECT_NEAR(path.share, 1.0 / 97, 0.001);
+    const engine::RunResult result = query.Run(snapshot, path, [](const Object&) { return true; });
+    EXPECT_EQ(result.found, 21U);
+    EXPECT_EQ(result.visited, 21U);
+}
+
+TEST_P(RunTest, SortsAndLimits) {
+    const PreparedQuery query(
+        *store, engine::ParseQuery(store->GetSchema(), "Word where number >= 90 order by number desc, text limit 25"),
+        ScanByType);
+    const Snapshot snapshot(*store);
+    std::vector<Object> objects;
+    query.Run(snapshot, query.Plan(snapshot), [&objects](const Object& object) {
+        objects.push_back(object);
+        return true;
+    });
+    ASSERT_EQ(objects.size(), 25U);
+    const engine::RecordLayout& layout = store->Layout(0);
+    const auto compare = [&](std::size_t attribute, const Object& a, const Object& b) {
+        int err = 0;
+        const engine::Bytes valueA = layout.At(a.record, attribute);
+        const engine::Bytes valueB = layout.At(b.record, attribute);
+        return engine::Types().Cmp(layout.Of().attributes[attribute].type, static_cast<unsigned>(valueA.size()),
+                                   const_cast<unsigned char*>(valueA.data()), static_cast<unsigned>(valueB.size()),
+                                   const_cast<unsigned char*>(valueB.data()), KyCmpExact, 1, GetParam(), err);
+    };
+    for (std::size_t i = 1; i < objects.size(); ++i) {
+        const int byNumber = compare(3, objects[i - 1], objects[i]);
+        EXPECT_GE(byNumber, 0) << i;
+        if (byNumber == 0) {
+            EXPECT_LE(compare(0, objects[i - 1], objects[i]), 0) << i;
+        }
+    }
+}
+
+TEST_P(RunTest, ConstantsCanBeBound) {
+    PreparedQuery query(*store, engine::ParseQuery(store->GetSchema(), "Word where number = ?"), ScanByType);
+    const Snapshot snapshot(*store);
+    for (int number : {0, 50, 96, 97}) {
+        query.Bind(0, &number);
+        const engine::RunResult result = query.Run(snapshot, query.Plan(snapshot), [](const Object&) { return true; });
+        EXPECT_EQ(result.found, number == 97 ? 0U : number < 2000 % 97 ? 21U : 20U) << number;
+    }
+}
+
+TEST_P(RunTest, ConstantsThatDoNotScanAreToldWithTheirPlace) {
+    try {
+        const PreparedQuery query(
+            *store, engine::ParseQuery(store->GetSchema(), "Word where text = \"a\" or number = \"nonsense\""),
+            ScanByType);
+        ADD_FAILURE();
+    } catch (const engine::TextError& error) {
+        EXPECT_STREQ(error.what(), "no sense in this");
+        EXPECT_EQ(error.Position(), 34U);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Forms, RunTest, ::testing::Values(KyFormNative, KyFormReversed));
+
+}  // namespace
