@@ -57,7 +57,7 @@ public:
     bool TookContractions() const { return it && it->TookContractions(); }
     /// Whether further orders of the character that was read last follow.
     bool InCharacter() const { return it && it->InOverflow(); }
-    /// The character that is read next. Not inside one.
+    /// The character that the next order is of.
     const char* Place() const { return it && !LooksUp() ? it->Position() : at; }
 
 private:

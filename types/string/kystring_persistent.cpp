@@ -2,6 +2,7 @@
 
 #include <emmintrin.h>
 
+#include <algorithm>
 #include <cstring>
 #include <limits>
 
@@ -99,18 +100,35 @@ void LoadOldTexts(KyString* strings, const unsigned char* texts, std::size_t len
     }
 }
 
-std::size_t OrdersOf(const ky::StoredText& s, unsigned char form) {
-    const ky::TerminatedText text(s);
-    ky::KeyReader reader({text.Text(), s.codeSet, s.ReadingLanguage(), form}, ~0u, ~0u, false);
+/// Orders of an 8-bit text. A damaged record may leave it without a terminator, so it is read in pieces, each with one
+/// behind it: that takes no memory.
+std::size_t OrdersOf(const ky::StoredText& s) {
+    constexpr std::size_t longest = 254;  // of a piece
+    constexpr std::size_t joined = 16;    // more characters than count as one in any language
     std::size_t orders = 0;
-    while (reader.Next(), reader.Order() != 0) ++orders;
+    std::size_t left = s.Characters();
+    for (const char* text = s.text; left != 0;) {
+        char piece[longest + 1];
+        const std::size_t size = std::min(longest, left);
+        ky::CopyBytes(piece, text, size);
+        piece[size] = 0;
+        const char* const limit = piece + (size == left ? size : size - joined);
+        ky::KeyReader reader({piece, s.codeSet, s.ReadingLanguage(), KyFormNative}, ~0u, ~0u, false);
+        for (; reader.Place() < limit; ++orders) {
+            reader.Next();
+            if (reader.Order() == 0) return orders;
+        }
+        const auto taken = static_cast<std::size_t>(reader.Place() - piece);
+        text += taken;
+        left -= taken;
+    }
     return orders;
 }
 
 /// Bytes of a string's record, as the options of the target flag ask for it.
-std::size_t SizeOf(const ky::StoredText& s, unsigned char form, unsigned char toFlag) {
+std::size_t SizeOf(const ky::StoredText& s, unsigned char toFlag) {
     if (s.Width() == 1 && !s.IsNull()) {
-        if ((toFlag & kSizeOfOrders) != 0) return ky::RecordSize(2 * OrdersOf(s, form));
+        if ((toFlag & kSizeOfOrders) != 0) return ky::RecordSize(2 * OrdersOf(s));
         if ((toFlag & kSizeOfUnits) != 0) return ky::RecordSize(2 * s.Characters());
     }
     return ky::RecordSize(s.length);
@@ -134,7 +152,7 @@ std::size_t StoredSize(const void* at, unsigned char flag, unsigned char toFlag,
         const std::size_t size = ky::kLengthField + ky::ReadLength(record, FormOf(flag));
         if (HasOptions(toFlag)) {
             const ky::StringWalk one(record, 0, flag | ky::kCurrentLayout, ky::LayoutRule::byLastByte);
-            total += SizeOf(one.Current(), FormOf(flag), toFlag);
+            total += SizeOf(one.Current(), toFlag);
         } else {
             total += size;
         }
@@ -222,7 +240,7 @@ unsigned StringSizeGet(const void* value, unsigned char fromFlag, unsigned char 
         const KyString& s = ValueAt(value, i);
         if (HasOptions(toFlag)) {
             const ky::StringWalk one(&s, 0, KyFormMemory, ky::LayoutRule::byLastByte);
-            total += SizeOf(one.Current(), KyFormNative, toFlag);
+            total += SizeOf(one.Current(), toFlag);
         } else {
             total += ky::RecordSize(ky::RecordContent(s));
         }

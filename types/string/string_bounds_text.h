@@ -19,8 +19,6 @@ constexpr unsigned char PersistentFlag(unsigned char flag) {
 /// The first string of the `length` bytes at `array`, 0: of as many as its length field says. No text where that or
 /// the label are not all there, or `array` is null.
 inline StoredText FirstStored(const void* array, std::size_t length, unsigned char persistentFlag, LayoutRule rule) {
-    if (array == nullptr) return {};
-    if (length == 0) length = kLengthField + ReadLength(array, FormOf(persistentFlag));
     return StringWalk(array, length, persistentFlag, rule).Current();
 }
 

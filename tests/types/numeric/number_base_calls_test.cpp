@@ -3,7 +3,9 @@
 #include <string>
 #include <vector>
 
+#include "kybase.h"
 #include "number_arrays.h"
+#include "number_bounds.h"
 #include "number_order.h"
 #include "raw_bytes.h"
 
@@ -75,6 +77,25 @@ TEST(NumberBaseCalls, OtherFormsAreHashedThroughStoreOne) {
     EXPECT_EQ(ky::NumberHash<InvertedLSHelper>(0x85, 0, values.data(), 1, err), 7 * 1103515245u);
 }
 
+TEST(NumberBaseCalls, OtherFormsAreBoundedThroughStoreOne) {
+    auto value = Inverted({9, 50});
+    auto lower = Inverted({0});
+    auto upper = Inverted({99});
+    KyIdxBounds range{lower.data(), upper.data(), 6, 6};
+    unsigned short less = KyCmpLess;
+    asked.clear();
+    EXPECT_EQ(ky::NumberEvalAndBound<InvertedLSHelper>(&range, less, value.data(), 0x85, 2, nullptr), 0.09F);
+    EXPECT_EQ(asked, "StoreOne 5;StoreOne 5;StoreOne 5;");
+    // What is recorded is as long as the base library says.
+    value.resize(77);
+    KyIdxBounds out;
+    asked.clear();
+    EXPECT_EQ(ky::NumberEvalAndBound<InvertedLSHelper>(nullptr, less, value.data(), 0x85, 2, &out), 0.0F);
+    EXPECT_EQ(asked, "SizeGet nothing 5 5 2;");
+    EXPECT_EQ(out.upperLen, 77);
+    mmKyfree(out.upper);
+}
+
 TEST(NumberBaseCalls, ThePlainFormsAskNothing) {
     std::vector<unsigned char> numbers = {7, 0, 0, 0, 9, 0, 0, 0};
     int err = -1;
@@ -83,6 +104,9 @@ TEST(NumberBaseCalls, ThePlainFormsAskNothing) {
         EXPECT_EQ(Compare(numbers, numbers, flag, 0, 2), 0);
         ky::NumberHash<InvertedLSHelper>(flag, 0, numbers.data(), 1, err);
         ky::NumberHash<InvertedLSHelper>(flag, 0, numbers.data(), 2, err);
+        KyIdxBounds range{numbers.data(), numbers.data() + 4, 4, 4};
+        unsigned short op = KyCmpEqual;
+        ky::NumberEvalAndBound<InvertedLSHelper>(&range, op, numbers.data(), flag, 1, nullptr);
     }
     EXPECT_EQ(asked, "");
 }

@@ -37,13 +37,13 @@ std::vector<unsigned char> RecordOf(const KyString& s, unsigned char form) {
 /// What the first `length` bytes of the records compare like, against an inaccessible page; 0: all of them, their
 /// lengths not given.
 Outcome ComparedParts(const std::vector<unsigned char>& a, unsigned lengthA, const std::vector<unsigned char>& b,
-                      unsigned lengthB, unsigned short op, unsigned char flag) {
+                      unsigned lengthB, unsigned short op, unsigned char flag, unsigned count = 1) {
     const auto part = [](const std::vector<unsigned char>& record, unsigned length) {
         return std::span(record.data(), length != 0 ? length : record.size());
     };
     GuardedBuffer partA(part(a, lengthA));
     GuardedBuffer partB(part(b, lengthB));
-    return Compared(KyStringTab, flag, lengthA, partA.data(), lengthB, partB.data(), op);
+    return Compared(KyStringTab, flag, lengthA, partA.data(), lengthB, partB.data(), op, count);
 }
 
 KyString Labelled(const KyString& s, unsigned char codeSet, unsigned char language) {
@@ -232,6 +232,37 @@ TEST(StringMark, TellsWhichOperandIsMarked) {
     const KyString pair[] = {marked, plain};
     const KyString others[] = {marked, marked};
     EXPECT_EQ(Compared(KyStringTab, 8, 0, pair, 0, others, kExact, 2), (Outcome{0, 2114})) << "ends the walk";
+}
+
+TEST(StringMark, WhereTheBufferEndsBeforeTheCountThatIsTold) {
+    constexpr unsigned short a = 0x600C;
+    constexpr unsigned short b = 0x6010;
+    const KyString plain = OrderText({a}, 1);
+    const KyString marked = OrderText({a}, 0x81);
+    const KyString behind = OrderText({b}, 0x81);
+    const struct {
+        const KyString &first, &second;
+        int sign;
+        int err;  ///< of the pair by itself
+    } cases[] = {
+        {marked, plain, 0, 2114}, {plain, marked, 0, 2115}, {behind, plain, 1, 2114}, {plain, behind, -1, 2115}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(Compared(KyStringTab, 8, 16, &c.first, 16, &c.second, kExact, 1), (Outcome{c.sign, c.err}));
+        EXPECT_EQ(Compared(KyStringTab, 8, 16, &c.first, 16, &c.second, kExact, 2), (Outcome{c.sign, 2101}));
+        for (const unsigned char flag : std::initializer_list<unsigned char>{1, 2, 0x81}) {
+            const auto first = RecordOf(c.first, flag & 15);
+            const auto second = RecordOf(c.second, flag & 15);
+            // The buffer of the other has room for more.
+            const auto pair = [](std::vector<unsigned char> record) {
+                record.insert(record.end(), record.begin(), record.end());
+                return record;
+            };
+            EXPECT_EQ(ComparedParts(first, 8, second, 8, kExact, flag, 1), (Outcome{c.sign, c.err}));
+            EXPECT_EQ(ComparedParts(first, 8, pair(second), 0, kExact, flag, 2), (Outcome{c.sign, 2101}));
+            EXPECT_EQ(ComparedParts(pair(first), 0, second, 8, kExact, flag, 2), (Outcome{c.sign, 2101}));
+            EXPECT_EQ(ComparedParts(pair(first), 0, pair(second), 0, kExact, flag, 2), (Outcome{c.sign, c.err}));
+        }
+    }
 }
 
 TEST(StringMark, NullsCarryNone) {

@@ -309,6 +309,14 @@ TEST(StringOldStore, ShortensWhatTheLengthFieldCannotTell) {
     EXPECT_EQ(KyOldStringTab.Store(zeros.data(), many.data(), 1, 70000), zeros.size());
 }
 
+TEST(StringSize, TheFirstRecordTellsTheLayoutOfAll) {
+    // The second one's last byte is damaged.
+    GuardedBuffer records(Bytes("05 00 01 00 61 00 FF 06 00 01 00 62 63 00 00"));
+    EXPECT_EQ(KyStringTab.SizeGet(records.data(), 1, 1, 2), 15U);
+    EXPECT_EQ(KyStringTab.SizeGet(records.data(), 1, 0x21, 2), 18U);
+    EXPECT_EQ(KyStringTab.SizeGet(records.data(), 1, 0x41, 2), 18U);
+}
+
 TEST(StringSize, InAnotherForm) {
     constexpr unsigned char units = 0x21;
     constexpr unsigned char orders = 0x41;
@@ -327,6 +335,7 @@ TEST(StringSize, InAnotherForm) {
         {"slack", Labelled(KyString("a\0bcd", 5), 1, 0), 11, 8, 8},
         {"no buffer", KyString(1, 0), 6, 6, 6},
         {"null", Null(), 6, 6, 6},
+        {"null with a text", Labelled("abc", 1, 254), 9, 9, 9},
         {"16-bit", Labelled(Wide(u"ab"), 253, 0), 10, 10, 10},
     };
     unsigned char memory[64];
@@ -348,6 +357,17 @@ TEST(StringSize, InAnotherForm) {
             EXPECT_EQ(KyOldStringTab.SizeGetFromMemFile(&file, form | 0x40, 1), c.plain) << c.what;
             EXPECT_EQ(KyOldStringTab.SizeGet(record.data(), form, orders, 1), KyOldStringTab.SizeGet(&c.s, 8, 1, 1));
         }
+    }
+}
+
+TEST(StringSize, EveryByteHasOrders) {
+    std::string bytes;
+    for (int c = 1; c < 256; ++c) bytes += static_cast<char>(c);
+    for (unsigned codeSet = 0; codeSet < KyCodeSetFirst16Bit; ++codeSet) {
+        KyString s = Narrow(bytes);
+        s.SetCodeSetCode(static_cast<unsigned char>(codeSet));
+        s.LanguageSet(0);
+        EXPECT_GE(KyStringTab.SizeGet(&s, KyFormMemory, 0x41, 1), 6 + 2 * 255u) << codeSet;
     }
 }
 

@@ -48,9 +48,9 @@ private:
 };
 
 /// A comparison that reads copies: of texts in front of a wildcard.
-int ComparePattern(WideRecord& text, WideRecord& pattern, int& err) {
+int ComparePattern(WideRecord& text, WideRecord& pattern, int& err, unsigned count = 1) {
     err = 77;
-    return KyStringTab.Compare(1, text.Size(), text.Data(), pattern.Size(), pattern.Data(), 0, 1, err);
+    return KyStringTab.Compare(1, text.Size(), text.Data(), pattern.Size(), pattern.Data(), 0, count, err);
 }
 
 TEST(StringSlotsMemory, OnlyLongContentsTakeBlocks) {
@@ -90,6 +90,8 @@ TEST(StringSlotsMemory, WithoutMemoryThereIsNoResult) {
         const Refusal refused(blocks);
         EXPECT_EQ(ComparePattern(text, pattern, err), 0);
         EXPECT_EQ(err, -2999);
+        EXPECT_EQ(ComparePattern(text, pattern, err, 2), 0);
+        EXPECT_EQ(err, -2999) << "nor does the buffer's end matter";
         EXPECT_EQ(limit_blocks::Live(), 0u) << blocks;
     }
     {
@@ -113,6 +115,45 @@ TEST(StringSlotsMemory, WithoutMemoryThereIsNoOrderKey) {
     }
     EXPECT_EQ(KyStringTab.Translate(key.data(), 1, ky::kIndexKeyBytes, text.Data(), 1, text.Size(), 1), 252u);
     ky::unicodeKeysAreRecords = previous;
+}
+
+/// In Czech "ch" is one letter, in Hungarian "dzs". There are no tables of the last language.
+constexpr unsigned char kLanguages[] = {10, 12, 200};
+
+/// So many characters, beginning with the repeated ones.
+KyString Repeated(std::string_view repeated, std::size_t characters, unsigned char language) {
+    std::string text;
+    while (text.size() < characters) text += repeated;
+    KyString s = Narrow(text.substr(0, characters));
+    s.SetCodeSetCode(KyCodeSetLatin1);
+    s.LanguageSet(language);
+    return s;
+}
+
+TEST(StringSlotsMemory, OrdersOfADamagedRecordAreCountedWithoutMemory) {
+    TakeSizes();
+    const Refusal refused(0);
+    const auto sizeOf = [](const KyString& s) { return KyStringTab.SizeGet(&s, KyFormMemory, 0x41, 1); };
+    for (const unsigned char language : kLanguages) {
+        for (const char* repeated : {"a", "ch", "dzs", "\xDF", "xch\xDFydzs", "c"}) {
+            for (const std::size_t characters : {1u, 2u, 253u, 254u, 255u, 256u, 300u, 493u, 494u, 1000u, 60000u}) {
+                const KyString s = Repeated(repeated, characters, language);
+                GuardedBuffer record(KyStringTab.SizeGet(&s, KyFormMemory, 1, 1));
+                KyStringTab.Store(record.data(), &s, 1, 1);
+                EXPECT_EQ(KyStringTab.SizeGet(record.data(), 1, 0x41, 1), sizeOf(s));
+                // In the place of the terminator, where it would join a "c".
+                record.data()[record.size() - 2] = 'h';
+                EXPECT_EQ(KyStringTab.SizeGet(record.data(), 1, 0x41, 1), sizeOf(s)) << repeated << ' ' << characters;
+                record.data()[record.size() - 3] = 0;
+                EXPECT_EQ(KyStringTab.SizeGet(record.data(), 1, 0x41, 1),
+                          sizeOf(Repeated(repeated, characters - 1, language)));
+            }
+        }
+    }
+    EXPECT_EQ(sizeOf(Repeated("ch", 600, 10)), 6 + 2 * 300u);
+    EXPECT_EQ(sizeOf(Repeated("dzs", 600, 12)), 6 + 2 * 200u);
+    EXPECT_EQ(sizeOf(Repeated("\xDF", 600, 200)), 6 + 2 * 1200u);
+    EXPECT_EQ(TakeSizes(), Sizes());
 }
 
 TEST(StringSlotsMemory, AHandlerThatThrowsLeavesNoBlock) {

@@ -98,6 +98,39 @@ TEST(OrderPrint, TheCodeSetOfTheOutput) {
     EXPECT_EQ(Text16(more), u"xA\u00C4");
 }
 
+TEST(OrderPrint, PiecesAreMappedIntoTheCodeSetOfTheOutput) {
+    // The pound sign has no other writing: it is printed as the character that it is.
+    KyString value = OrdersOf("\xC4\xA3", 0x81);
+    const auto printed = [&](KyString out, const char* format) {
+        KyStringTab.PrintToKyString(out, &value, format, 1);
+        return out;
+    };
+    const KyString wide = printed(KyString(KyCodeSetUnicode, 3), "<%4M>");
+    EXPECT_EQ(wide.CodeSetGet(), KyCodeSetUnicode);
+    EXPECT_EQ(wide.LanguageGet(), 3);
+    EXPECT_EQ(Text16(wide), u"<\\\"A><\u00A3>");
+    EXPECT_EQ(Text16(printed(KyString(KyCodeSetUnicode, 3), "<%3M>")),
+              u"<letter A, upper, with diaeresis><symbol pound sign><[MIX]>");
+    EXPECT_EQ(Text16(printed(Wide(u"x\u0416"), "%4M")), u"x\u0416\\\"A\u00A3");
+    EXPECT_EQ(Text16(printed(Wide(u"x\u0416"), "%3M")),
+              u"x\u0416letter A, upper, with diaeresissymbol pound sign[MIX]");
+    // What is around the directive, too.
+    EXPECT_EQ(Text16(printed(KyString(KyCodeSetUnicode, 0), "\xA7%4M")), u"\u00A7\\\"A\u00A7\u00A3");
+    // An 8-bit code set without the character, and the default one for an output that has none.
+    const KyString ascii = printed(KyString(KyCodeSetAscii, 0), "<%4M>");
+    EXPECT_EQ(ascii.CodeSetGet(), KyCodeSetAscii);
+    KyString unmapped(value.CodeSetGet(), 0);
+    unmapped = "<\\\"A><\xA3>";
+    unmapped.SetCodeSetCode(KyCodeSetLatin1);
+    unmapped.MapToCodeSet(KyCodeSetAscii);
+    EXPECT_EQ(Text(ascii), Text(unmapped));
+    KyString::SetDefaultCodeSet(KyCodeSetUnicode);
+    const KyString none = printed(KyString(KyCodeSetNative, 0), "<%4M>");
+    KyString::SetDefaultCodeSet(0);
+    EXPECT_EQ(none.CodeSetGet(), KyCodeSetUnicode);
+    EXPECT_EQ(Text16(none), u"<\\\"A><\u00A3>");
+}
+
 TEST(OrderPrint, NullAndEmpty) {
     EXPECT_EQ(Printed(OrdersOf("", 254), "<%1M>"), "{NULL}");
     KyString empty = OrdersOf("", 1);

@@ -138,27 +138,39 @@ TEST(StringBoundsRecord, TheOldLayoutKnowsNoEscapes) {
 }
 
 /// Other wildcard characters for as long as this lives.
-class OtherAsterisk {
+class OtherWildcards {
 public:
-    explicit OtherAsterisk(unsigned short order) : previous(KyString::GetAsterisk()) {
-        KyString::SetAsterisk(KyChar(order, 254, 0));
+    OtherWildcards(unsigned short asterisk, unsigned short question)
+        : previousAsterisk(KyString::GetAsterisk()), previousQuestion(KyString::GetQuestion()) {
+        Set(asterisk, question);
     }
-    OtherAsterisk(const OtherAsterisk&) = delete;
-    OtherAsterisk& operator=(const OtherAsterisk&) = delete;
-    ~OtherAsterisk() { KyString::SetAsterisk(KyChar(previous, 254, 0)); }
+    OtherWildcards(const OtherWildcards&) = delete;
+    OtherWildcards& operator=(const OtherWildcards&) = delete;
+    ~OtherWildcards() { Set(previousAsterisk, previousQuestion); }
 
 private:
-    unsigned short previous;
+    unsigned short previousAsterisk;
+    unsigned short previousQuestion;
+
+    static void Set(unsigned short asterisk, unsigned short question) {
+        KyString::SetAsterisk(KyChar(asterisk, 254, 0));
+        KyString::SetQuestion(KyChar(question, 254, 0));
+    }
 };
 
 TEST(StringBoundsRecord, WildcardsAreTheOnesThatAreSet) {
     const unsigned short percent = KyStringIterator("%", 1, 0, 1).GetNextOrder(0);
-    const OtherAsterisk other(percent);
+    const unsigned short underline = KyStringIterator("_", 1, 0, 1).GetNextOrder(0);
+    const OtherWildcards others(percent, underline);
     ASSERT_EQ(KyString::GetAsterisk(), percent);
+    ASSERT_EQ(KyString::GetQuestion(), underline);
     EXPECT_EQ(Record(KyStringTab, Latin("ab*c%d"), KyCmpEqual), Limits(Latin("ab*c"), ""));
+    EXPECT_EQ(Record(KyStringTab, Latin("ab?c_d"), KyCmpEqual), Limits(Latin("ab?c"), ""));
     // Among plain bytes it is the asterisk, among characters what is set; either can be meant.
     EXPECT_EQ(Record(KyStringTab, ::Record(0, 0, "ab*c%d"), KyCmpEqual), Limits(::Record(0, 0, "ab"), ""));
     EXPECT_EQ(Record(KyStringTab, ::Record(0, 0, "ab%c*d"), KyCmpEqual), Limits(::Record(0, 0, "ab"), ""));
+    EXPECT_EQ(Record(KyStringTab, ::Record(0, 0, "ab?c_d"), KyCmpEqual), Limits(::Record(0, 0, "ab"), ""));
+    EXPECT_EQ(Record(KyStringTab, ::Record(0, 0, "ab_c?d"), KyCmpEqual), Limits(::Record(0, 0, "ab"), ""));
     EXPECT_EQ(Record(KyOldStringTab, OldArray({"ab%c*d"}), KyCmpEqual), Limits(OldArray({"ab%c"}), ""));
 }
 
@@ -196,6 +208,13 @@ TEST(StringBoundsRecord, BehindAPatternInAnArrayTheLowestValuesFollow) {
         EXPECT_EQ(Record(KyOldStringTab, OldArray({"abc", "*", "f"}, form), KyCmpEqual, form, 3),
                   Limits(OldArray({"abc", "", ""}, form), ""));
     }
+}
+
+TEST(StringBoundsRecord, TheFirstRecordTellsTheLayoutOfAll) {
+    std::string damaged = Latin("de*");
+    damaged.back() = 0;
+    EXPECT_EQ(Record(KyStringTab, Latin("abc") + damaged + Latin("f"), KyCmpEqual, 1, 3),
+              Limits(Latin("abc") + Latin("de") + ::Record(1, 254, ""), ""));
 }
 
 TEST(StringBoundsRecord, ALimitThatIsSetStays) {
@@ -305,7 +324,8 @@ TEST(StringBoundsRecord, AWildcardAtTheBeginningKeepsEverything) {
     const std::string limits[] = {Latin("bcd"), Latin("bcx"), Latin("zz"), Latin(""), ::Record(1, 254, ""), ""};
     for (const std::string& lower : limits) {
         for (const std::string& upper : limits) {
-            for (const char* pattern : {"*", "?b", "\\*"}) {
+            // One that begins with something may keep less.
+            for (const char* pattern : {"*", "?b", "\\*", "b*", "bcz*", "zzz*"}) {
                 GuardedRange range(lower, upper);
                 Guarded value(Latin(pattern));
                 unsigned short op = KyCmpEqual;
