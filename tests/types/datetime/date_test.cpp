@@ -111,10 +111,10 @@ TEST(KyDate, ValidDatesAreThoseOfTheCalendar) {
         for (int month = 0; month <= 13; ++month) {
             for (int day = 0; day <= 32; ++day) {
                 const bool valid = slow.Year() == year && slow.Month() == month && slow.Day() == day;
-                ASSERT_EQ(KyDate(static_cast<short>(year), static_cast<signed char>(month),
-                                 static_cast<signed char>(day))
-                              .IsDate(),
-                          valid)
+                ASSERT_EQ(
+                    KyDate(static_cast<short>(year), static_cast<signed char>(month), static_cast<signed char>(day))
+                        .IsDate(),
+                    valid)
                     << year << '-' << month << '-' << day;
                 if (valid) slow.Next();
             }
@@ -127,12 +127,11 @@ TEST(KyDate, Kept_EarlyDatesAreValidByTheFormula) {
     for (int year = -32768; year < -4799; ++year) {
         for (int month = 1; month <= 12; ++month) {
             for (int day = 28; day <= 31; ++day) {
-                const bool valid =
-                    oracle::SlowDayNumber(year, month + 1, 1) > oracle::SlowDayNumber(year, month, day);
-                ASSERT_EQ(KyDate(static_cast<short>(year), static_cast<signed char>(month),
-                                 static_cast<signed char>(day))
-                              .IsDate(),
-                          valid)
+                const bool valid = oracle::SlowDayNumber(year, month + 1, 1) > oracle::SlowDayNumber(year, month, day);
+                ASSERT_EQ(
+                    KyDate(static_cast<short>(year), static_cast<signed char>(month), static_cast<signed char>(day))
+                        .IsDate(),
+                    valid)
                     << year << '-' << month << '-' << day;
             }
         }
@@ -231,18 +230,12 @@ TEST(KyDate, ComparesWithWildcards) {
         KyDate a, b;
         int exact, withWildcards;
     } const cases[] = {
-        {KyDate(2024, 5, 17), KyDate(2024, 5, 17), 0, 0},
-        {KyDate(2024, 5, 17), KyDate(2023, 6, 18), 1, 1},
-        {KyDate(2024, 5, 17), KyDate(2024, 9, 1), -4, -4},
-        {KyDate(2024, 5, 17), KyDate(2024, 5, 11), 6, 6},
-        {KyDate(2024, 5, 17), KyDate(-1, 5, -1), 2025, 0},
-        {KyDate(-1, 5, -1), KyDate(2024, 5, 17), -2025, 0},
-        {KyDate(2024, 5, 17), KyDate(-1, 6, 17), 2025, -1},
-        {KyDate(2024, 5, 17), KyDate(2024, -1, 18), 6, -1},
-        {KyDate(2024, -1, 17), KyDate(2024, 5, 18), -6, -1},
-        {KyDate(2024, 5, -1), KyDate(2024, 5, 17), -18, 0},
-        {KyDate(2024, 5, -1), KyDate(2024, 6, 17), -1, -1},
-        {KyDate(32767, 1, 1), KyDate(-32768, 1, 1), 65535, 65535},
+        {KyDate(2024, 5, 17), KyDate(2024, 5, 17), 0, 0},    {KyDate(2024, 5, 17), KyDate(2023, 6, 18), 1, 1},
+        {KyDate(2024, 5, 17), KyDate(2024, 9, 1), -4, -4},   {KyDate(2024, 5, 17), KyDate(2024, 5, 11), 6, 6},
+        {KyDate(2024, 5, 17), KyDate(-1, 5, -1), 2025, 0},   {KyDate(-1, 5, -1), KyDate(2024, 5, 17), -2025, 0},
+        {KyDate(2024, 5, 17), KyDate(-1, 6, 17), 2025, -1},  {KyDate(2024, 5, 17), KyDate(2024, -1, 18), 6, -1},
+        {KyDate(2024, -1, 17), KyDate(2024, 5, 18), -6, -1}, {KyDate(2024, 5, -1), KyDate(2024, 5, 17), -18, 0},
+        {KyDate(2024, 5, -1), KyDate(2024, 6, 17), -1, -1},  {KyDate(32767, 1, 1), KyDate(-32768, 1, 1), 65535, 65535},
         {KyDate(0, 127, 1), KyDate(0, -128, 1), 255, 255},
     };
     for (const auto& c : cases) {
