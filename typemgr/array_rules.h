@@ -64,14 +64,19 @@ inline unsigned CopyPersistent(void* dst, unsigned dstLen, const void* src, unsi
 }
 
 /// The Translate slot of a fixed-size type. `Facts` names its `Element` (memory form), `Store`, `Load` and
-/// `SizeGet`. Lengths matter between persistent forms alone; 0 stands for the size of `count` elements.
+/// `SizeGet`, and its `Assignment` where that is not `AssignArray`. Lengths matter between persistent forms alone; 0
+/// stands for the size of `count` elements.
 template <class Facts>
 unsigned TranslateArray(void* dst, unsigned char dstFlag, unsigned dstLen, void* src, unsigned char srcFlag,
                         unsigned srcLen, unsigned count) {
     const bool toMemory = (dstFlag & KyFormMemory) != 0;
     const bool fromMemory = (srcFlag & KyFormMemory) != 0;
     if (toMemory && fromMemory) {
-        AssignArray<typename Facts::Element>(dst, src, count, 0);
+        if constexpr (requires { Facts::Assignment; }) {
+            Facts::Assignment(dst, src, count, 0);
+        } else {
+            AssignArray<typename Facts::Element>(dst, src, count, 0);
+        }
         return static_cast<unsigned>(count * sizeof(typename Facts::Element));
     }
     if (toMemory) return Facts::Load(dst, src, srcFlag, count);

@@ -24,16 +24,12 @@ consteval KyTypeTab Pending(const char* typeName, const char* typeCodeName, cons
 }
 
 consteval unsigned Fixed(unsigned bytes) { return KyFixedSize | bytes; }
-consteval unsigned Variable(unsigned bytes) { return bytes; }
 
 }  // namespace
 
 // clang-format off
 constinit KyTypeTab KyDateTab          = Pending("KyDate", "KyDATE_T", "%a %e.%b %Y", Fixed(4), Null::has);
 constinit KyTypeTab KyTimeTab          = Pending("KyTime", "KyTIME_T", "%I:%M:%S %p", Fixed(3), Null::has);
-constinit KyTypeTab KyObjIdTab         = Pending("KyObjId", "KyOBJID_T", "(%H-%L#%B)", Fixed(12), Null::has);
-constinit KyTypeTab KyClassIdTab       = Pending("KyClassId", "KyCLID_T", "(%Cv%V)", Fixed(4), Null::has);
-constinit KyTypeTab KyRefTab           = Pending("KyRef", "KyREF_T", "(%D:%H-%L#%B, %C)", Fixed(16), Null::has);
 constinit KyTypeTab KyDateTimeTab      = Pending("KyDateTime", "KyDATIME_T", "%a %e.%b %Y %I:%M:%S %p", Fixed(8), Null::has);
 constinit KyTypeTab Kyd_DateTab        = Pending("d_Date", "D_DATE_T", "%a %b %e", Fixed(4), Null::none);
 constinit KyTypeTab Kyd_TimeTab        = Pending("d_Time", "D_TIME_T", "%I:%M:%S %p", Fixed(6), Null::none);

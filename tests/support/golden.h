@@ -8,13 +8,15 @@
 #include "kytypes.h"
 
 /// One line of a golden file: a value's text in the row's print format, its bytes in both persistent forms, its hash,
-/// and, for types that have such a form, its packed bytes.
+/// and, for types that have such a form, its packed bytes. A column of two hashes is that of all forms but the reversed
+/// one and that of the reversed one.
 struct GoldenLine {
     int number = 0;  ///< in its file, from 1
     std::string value;
     std::string form1;
     std::string form2;
     std::string hash;
+    std::string reversedHash;  ///< mostly the same
     std::string packed;
 };
 

@@ -1,8 +1,14 @@
 set(folder_sources
+  identifier_kernels.cpp
+  identifier_rows.cpp
+  identifier_slots.cpp
+  identifier_text.cpp
+  kyobjid.cpp
   kyseal.cpp
   kyseal_rows.cpp
   kyseal_slots.cpp
   kytypfmt.cpp)
 set(folder_headers
+  kyobjid.h
   kyseal.h
   kytypfmt.h)
