@@ -15,6 +15,9 @@ inline constexpr unsigned char kModeKey = 0x80;       ///< it is a key: its byte
 inline constexpr unsigned char kModeDiskForm = 0x40;  ///< it is in disk form, else in the program's code page
 inline constexpr unsigned char kModeAccents = 0x20;   ///< accents count; where cases are alike only
 
+/// Without the bit for accents: keys that are stored have none.
+constexpr unsigned char ModeOfStoredKey(unsigned char mode) { return mode & (kModeKey | kModeDiskForm); }
+
 /// Lower case just before upper case.
 struct CaseApart {
     static constexpr const DictionaryTables& tables = kIStringTables;
@@ -81,16 +84,16 @@ inline constexpr ByteKeys kByteKeys[4] = {
 
 inline constexpr ByteKeys kKeysOfKeys = MakeKeysOfKeys();
 
-/// Of a text that is no key.
+/// By the three highest bits of a mode.
 template <class Order>
-const ByteKeys& ByteKeysOfText(unsigned char mode) {
-    constexpr unsigned significant = Order::alike ? kModeDiskForm | kModeAccents : kModeDiskForm;
-    return kByteKeys<Order>[(mode & significant) / kModeAccents];
-}
+inline constexpr const ByteKeys* kKeysOfModes[8] = {
+    &kByteKeys<Order>[0], &kByteKeys<Order>[1], &kByteKeys<Order>[2], &kByteKeys<Order>[3],
+    &kKeysOfKeys,         &kKeysOfKeys,         &kKeysOfKeys,         &kKeysOfKeys,
+};
 
 template <class Order>
 const ByteKeys& ByteKeysOf(unsigned char mode) {
-    return (mode & kModeKey) != 0 ? kKeysOfKeys : ByteKeysOfText<Order>(mode);
+    return *kKeysOfModes<Order>[mode / kModeAccents];
 }
 
 /// Second keys in text[0, length).

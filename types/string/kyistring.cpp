@@ -4,6 +4,7 @@
 #include <cstring>
 #include <new>
 
+#include "compare_rules.h"
 #include "dictionary_keys.h"
 #include "kystring_build.h"
 #include "kytypes.h"
@@ -252,7 +253,7 @@ unsigned short KyDictionaryString<Self>::SubStringPos(const Self& pattern, unsig
         }
         return NotFound;
     };
-    if ((op & (KyCmpExact | KyCmpStringExact)) != 0) {
+    if (!ky::AllowsWildcards(op)) {
         const auto& keysOf = ky::ByteKeysOf<typename Facts<Self>::Order>(pattern.mode);
         const std::size_t keys = std::min<std::size_t>(ky::KeyCount(keysOf, pattern.text, wanted), 65535);
         return firstPlace([&](const char* place) {

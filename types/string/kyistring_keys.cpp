@@ -93,9 +93,6 @@ unsigned char ByteOfKey(unsigned char key) {
 
 // --- sizes ---
 
-/// Without the bit for accents: keys that are stored have none.
-constexpr unsigned char StoredMode(unsigned char mode) { return mode & (ky::kModeKey | ky::kModeDiskForm); }
-
 template <class Order>
 unsigned KeyLength(const void* data, unsigned char format, unsigned count) {
     const bool stored = (format & KyFormMemory) == 0;
@@ -104,7 +101,7 @@ unsigned KeyLength(const void* data, unsigned char format, unsigned count) {
     std::size_t length = count;
     for (unsigned i = 0; i < count && (i == 0 || walk.Next()); ++i) {
         const ky::DictionaryText& s = walk.Current();
-        length += ky::KeyCount(ky::ByteKeysOf<Order>(StoredMode(s.mode)), s.text, s.Length());
+        length += ky::KeyCount(ky::ByteKeysOf<Order>(ky::ModeOfStoredKey(s.mode)), s.text, s.Length());
     }
     return static_cast<unsigned>(length);
 }

@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <cstring>
+#include <optional>
 
-#include "array_rules.h"
+#include "compare_rules.h"
 #include "dictionary_records.h"
 #include "dictionary_slots.h"
 #include "kywildcard.h"
@@ -65,8 +66,7 @@ template <class Order>
 [[gnu::noinline]] bool IsKeyTooLong(DictionaryText s, std::size_t most) {
     const std::size_t length = strnlen(s.text, most);
     if (2 * length <= kLongestKey) return false;
-    const auto& keys = ky::ByteKeysOf<Order>(s.mode & (ky::kModeKey | ky::kModeDiskForm));
-    return ky::KeyCount(keys, s.text, length) > kLongestKey;
+    return ky::KeyCount(ky::ByteKeysOf<Order>(ky::ModeOfStoredKey(s.mode)), s.text, length) > kLongestKey;
 }
 
 template <class Order>
@@ -83,47 +83,61 @@ int FindWildcard(const char* text, unsigned char mode) {
     return text[at] != 0 ? static_cast<int>(at) : -1;
 }
 
-bool AllowsWildcards(unsigned short op) { return (op & (KyCmpExact | KyCmpStringExact)) == 0; }
-
 int Sign(int number) { return ky::Order(number, 0); }
 
-/// Keys that a text has for certain, at most so many.
-template <class Order>
-std::size_t CertainKeys(const DictionaryText& s, const char* text, std::size_t most) {
-    return s.cutShort ? std::min(most, ky::KeyCount(ky::ByteKeysOf<Order>(s.mode), text, std::strlen(text))) : most;
-}
+/// Two texts, for `ComparePair`.
+template <class Self>
+class DictionaryPair {
+public:
+    DictionaryPair(const Walk<Self>& walkA, const Walk<Self>& walkB)
+        : firstIsCut(walkA.Current().cutShort),
+          secondIsCut(walkB.Current().cutShort),
+          firstLength(firstIsCut || secondIsCut ? walkA.TextLength() : 0),
+          secondLength(firstIsCut || secondIsCut ? walkB.TextLength() : 0),
+          a(walkA.Current()),
+          b(walkB.Current()) {}
+
+    const bool firstIsCut;
+    const bool secondIsCut;
+    const std::size_t firstLength;  ///< both: where one is cut short
+    const std::size_t secondLength;
+
+    std::optional<ky::LiteralPart> Literals() const {
+        const char* pattern = b.text.Text();
+        const int position = FindWildcard<Self>(pattern, b.mode);
+        if (position < 0) return std::nullopt;
+        const bool endsInRun = !secondIsCut && pattern[position] == '*' && pattern[position + 1] == 0;
+        return ky::LiteralPart{b.Keys(static_cast<std::size_t>(position)), endsInRun};
+    }
+    int Compare(std::size_t keys) const {
+        if (keys == 0) return 0;
+        const auto most = static_cast<unsigned short>(keys != ky::kAllKeys ? keys : 0);
+        return Sign(Functions<Self>::Compare(a.text.Text(), b.text.Text(), most, a.mode, b.mode));
+    }
+    std::size_t KeysOfFirst(std::size_t most) const { return std::min(most, a.Keys(std::strlen(a.text.Text()))); }
+    std::size_t KeysOfSecond(std::size_t most) const { return std::min(most, b.Keys(std::strlen(b.text.Text()))); }
+
+private:
+    struct Side {
+        explicit Side(const DictionaryText& s) : text(s), mode(s.mode) {}
+
+        Terminated text;
+        unsigned char mode;
+
+        std::size_t Keys(std::size_t length) const {
+            return ky::KeyCount(ky::ByteKeysOf<typename Functions<Self>::Order>(mode), text.Text(), length);
+        }
+    };
+    const Side a;
+    const Side b;
+};
 
 /// A comparand that may be a pattern, or texts that are not all there. Copies, so that the caller's walks stay in
 /// registers.
 template <class Self>
 [[gnu::noinline]] int CompareOpen(Walk<Self> walkA, Walk<Self> walkB, unsigned short op, int& err) {
-    using Order = typename Functions<Self>::Order;
-    const DictionaryText& a = walkA.Current();
-    const DictionaryText& b = walkB.Current();
-    const Terminated textA(a);
-    const Terminated textB(b);
-    const char* pattern = textB.Text();
-    const int position = AllowsWildcards(op) ? FindWildcard<Self>(pattern, b.mode) : -1;
-    if (position < 0 && !a.cutShort && !b.cutShort) {
-        return Sign(Functions<Self>::Compare(textA.Text(), pattern, 0, a.mode, b.mode));
-    }
-
-    constexpr std::size_t all = 65535;
-    const std::size_t literals =
-        position >= 0 ? ky::KeyCount(ky::ByteKeysOf<Order>(b.mode), pattern, static_cast<std::size_t>(position)) : all;
-    const std::size_t present = CertainKeys<Order>(a, textA.Text(), literals);
-    const auto limit = static_cast<unsigned short>(CertainKeys<Order>(b, pattern, present));
-    const int result = limit != 0 ? Sign(Functions<Self>::Compare(textA.Text(), pattern, limit, a.mode, b.mode)) : 0;
-    const bool byComparer = (op & KyCmpPrefixResult) != 0;
-    if (position >= 0) {
-        const bool endsWithRun = !b.cutShort && pattern[position] == '*' && pattern[position + 1] == 0;
-        const bool isCertain = a.cutShort && present == literals && endsWithRun && !byComparer;
-        if (!isCertain) err = KyErrBufferEnd;
-        return result;
-    }
-    if (result != 0) return result;
-    err = KyErrBufferEnd;
-    return byComparer ? 0 : ky::Order(walkA.TextLength(), walkB.TextLength());
+    const DictionaryPair<Self> pair(walkA, walkB);
+    return ky::ComparePair(pair, op, err);
 }
 
 /// The current texts of both, neither missing.
@@ -137,7 +151,7 @@ template <class Self>
         return -1;
     }
     if (a.IsEmpty() || b.IsEmpty()) return static_cast<int>(b.IsEmpty()) - static_cast<int>(a.IsEmpty());
-    if (AllowsWildcards(op) || !a.terminated || !b.terminated) return CompareOpen(walkA, walkB, op, err);
+    if (ky::AllowsWildcards(op) || !a.terminated || !b.terminated) return CompareOpen(walkA, walkB, op, err);
     return Sign(Functions<Self>::Compare(a.text, b.text, 0, a.mode, b.mode));
 }
 
@@ -148,20 +162,11 @@ namespace ky {
 template <class Self>
 int DictionaryOrder<Self>::Compare(unsigned char flag, unsigned len1, void* a, unsigned len2, void* b,
                                    unsigned short op, unsigned count, int& err) {
-    err = 0;
-    if (count == 0) return 0;
+    if (count == 0) return err = 0;
     DictionaryWalk<Self> walkA(a, len1, flag);
     DictionaryWalk<Self> walkB(b, len2, flag);
-    if (walkA.IsMissing() || walkB.IsMissing()) {
-        err = KyErrBufferEnd;
-        return 0;
-    }
-    for (;;) {
-        const int result = CompareTexts(walkA, walkB, op, err);
-        if (--count == 0 || err < 0) return result;
-        if (!walkA.Next() || !walkB.Next()) err = KyErrBufferEnd;
-        if (result != 0 || err != 0) return result;
-    }
+    return CompareArrays(walkA, walkB, count, err,
+                         [&](int& pairErr) { return CompareTexts(walkA, walkB, op, pairErr); });
 }
 
 template <class Self>

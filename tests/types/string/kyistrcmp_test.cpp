@@ -106,6 +106,8 @@ TEST(DictionaryCompare, NullAndEmptyTexts) {
         // Bytes, not keys.
         EXPECT_EQ(c.compare("", "a", 0, 0, 0), -'a');
         EXPECT_EQ(c.compare("a", "", 0, 0, 0), 'a');
+        EXPECT_EQ(c.compare("", " ", 0, 0, 0), -' ');
+        EXPECT_EQ(c.compare(" ", "", 0, 0, 0), ' ');
         EXPECT_EQ(c.compare("", "\xE9", 0, kDisk, kDisk), -0xE9);
         EXPECT_EQ(c.compare("\xE9", "", 0, 0, 0), 0xE9);
     }
@@ -125,6 +127,23 @@ TEST(DictionaryCompare, UpToSoManyKeys) {
         EXPECT_LT(c.compare("\xDFx", "ssy", 3, kDisk, kDisk), 0);
         EXPECT_EQ(c.compare("\xDF\xDFx", "\xDF\xDFy", 4, kDisk, kDisk), 0);
         EXPECT_LT(c.compare("\xDF\xDFx", "\xDF\xDFy", 5, kDisk, kDisk), 0);
+    }
+}
+
+TEST(DictionaryCompare, LimitsInEveryPartOfAText) {
+    for (const Comparer& c : kComparers) {
+        for (std::size_t at = 0; at < 100; ++at) {
+            for (const char* different : {"b", "\xF1", "\x8C"}) {
+                const std::string a = std::string(at, 'e') + "a";
+                const std::string b = std::string(at, 'e') + different;
+                for (const std::size_t limit : {at, at + 1, 2 * at, 2 * at + 1}) {
+                    const auto keys = static_cast<unsigned short>(limit);
+                    ASSERT_EQ(c.compare(a.c_str(), b.c_str(), keys, kDisk, kDisk),
+                              SlowDictionaryCompare(c.caseAlike, a, b, keys, kDisk, kDisk))
+                        << c.name << ' ' << at << ' ' << limit;
+                }
+            }
+        }
     }
 }
 
@@ -284,6 +303,13 @@ TEST(DictionaryCompare, EveryPairOfBytes) {
                     const char textB[] = {'q', static_cast<char>(b), 0};
                     ASSERT_EQ(c.compare(textA, textB, 0, both, both),
                               SlowDictionaryCompare(c.caseAlike, textA, textB, 0, both, both))
+                        << a << ' ' << b << ' ' << mode;
+                    // The first of the text, and by the first two keys alone.
+                    ASSERT_EQ(c.compare(textA + 1, textB + 1, 0, both, both),
+                              SlowDictionaryCompare(c.caseAlike, textA + 1, textB + 1, 0, both, both))
+                        << a << ' ' << b << ' ' << mode;
+                    ASSERT_EQ(c.compare(textA, textB, 2, both, both),
+                              SlowDictionaryCompare(c.caseAlike, textA, textB, 2, both, both))
                         << a << ' ' << b << ' ' << mode;
                 }
             }
