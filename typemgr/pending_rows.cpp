@@ -28,13 +28,8 @@ consteval unsigned Fixed(unsigned bytes) { return KyFixedSize | bytes; }
 }  // namespace
 
 // clang-format off
-constinit KyTypeTab KyDateTab          = Pending("KyDate", "KyDATE_T", "%a %e.%b %Y", Fixed(4), Null::has);
-constinit KyTypeTab KyTimeTab          = Pending("KyTime", "KyTIME_T", "%I:%M:%S %p", Fixed(3), Null::has);
-constinit KyTypeTab KyDateTimeTab      = Pending("KyDateTime", "KyDATIME_T", "%a %e.%b %Y %I:%M:%S %p", Fixed(8), Null::has);
 constinit KyTypeTab Kyd_DateTab        = Pending("d_Date", "D_DATE_T", "%a %b %e", Fixed(4), Null::none);
 constinit KyTypeTab Kyd_TimeTab        = Pending("d_Time", "D_TIME_T", "%I:%M:%S %p", Fixed(6), Null::none);
 constinit KyTypeTab Kyd_TimestampTab   = Pending("d_Timestamp", "D_TIMESTAMP_T", "%a %b %e %I:%M:%S %p", Fixed(10), Null::none);
 constinit KyTypeTab Kyd_IntervalTab    = Pending("d_Interval", "D_INTERVAL_T", "%e days, %I hours, %M minutes, %S seconds", Fixed(4), Null::none);
-constinit KyTypeTab KyDateTimeNTab     = Pending("KyDateTimeN", "KyDATIME_N_T", "%X", Fixed(12), Null::has);
-constinit KyTypeTab KyTimeSpanTab      = Pending("KyTimeSpan", "KyTIMESPAN_T", "%V", Fixed(12), Null::has);
 // clang-format on

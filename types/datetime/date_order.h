@@ -58,7 +58,7 @@ int DateCompare(unsigned char flag, unsigned len1, void* a, unsigned len2, void*
         return ReadValue<Value>(x).Compare(ReadValue<Value>(y), op);
     };
     if constexpr (HasDate(record) && HasTime(record)) {
-        return CompareArrays(
+        return CompareDateArrays(
             sizeof(Value), len1, a, len2, b, count, err, compare,
             [](const void* x, const void* y, std::size_t elements) { return FirstOtherDate(record, x, y, elements); });
     } else {

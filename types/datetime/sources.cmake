@@ -5,6 +5,7 @@ set(folder_sources
   date_kernels_avx512.cpp
   date_members.cpp
   date_names.cpp
+  date_rows.cpp
   date_text_digits.cpp
   date_text_pieces.cpp
   date_text_print.cpp
