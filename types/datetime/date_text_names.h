@@ -3,6 +3,8 @@
 
 /// Names of months and weekdays in texts. The tables may be written by applications: names of any length.
 
+#include <bit>
+
 namespace ky {
 
 /// Letters by which a name is known, and that its short form has.
@@ -17,13 +19,18 @@ inline const char* ShortNameEnd(const char* name) {
 /// The first name of the table that a text begins with, or -1. All of the name that the text agrees with is read. A
 /// shorter name than a short one has to be there as a whole, an empty one never is.
 inline int TakeName(const char*& text, const char* const* names, int count) {
-    for (int i = 0; i < count; ++i) {
-        const char* const name = names[i];
-        unsigned length = 0;
-        while (name[length] != 0 && name[length] == text[length]) ++length;
-        if (length >= kShortName || (length != 0 && name[length] == 0)) {
+    if (*text == 0) return -1;
+    // All first letters are looked at, so that no branch depends on which name it is.
+    unsigned candidates = 0;
+    for (int i = 0; i < count; ++i) candidates |= (*names[i] == *text ? 1U : 0U) << i;
+    for (; candidates != 0; candidates &= candidates - 1) {
+        const int index = std::countr_zero(candidates);
+        const char* const name = names[index];
+        unsigned length = 1;
+        while (name[length] == text[length] && name[length] != 0) ++length;
+        if (length >= kShortName || name[length] == 0) {
             text += length;
-            return i;
+            return index;
         }
     }
     return -1;

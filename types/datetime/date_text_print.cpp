@@ -1,213 +1,118 @@
-#include <array>
-#include <optional>
-#include <vector>
+#include <cstring>
 
 #include "date_text.h"
 #include "date_text_digits.h"
 #include "date_text_directives.h"
 #include "date_text_names.h"
-#include "date_text_output.h"
-#include "date_text_print_pieces.h"
+#include "date_text_pieces.h"
+#include "date_text_print_items.h"
 #include "kydatime.h"
 #include "kystring.h"
+#include "number_text.h"
 #include "text_constants.h"
 
 namespace ky {
 
 namespace {
 
+constexpr bool IsBelow(int part, unsigned limit) { return static_cast<unsigned>(part) < limit; }
+
+char* Put(char* at, char c) {
+    *at = c;
+    return at + 1;
+}
+
+char* PutShortName(char* at, const char* name) {
+    const char* const end = ShortNameEnd(name);
+    for (unsigned i = 0; i < kShortName && name + i != end; ++i) at[i] = name[i];
+    return at + (end - name);
+}
+
+char* PutNumericDate(char* at, const DateTimeParts& parts) {
+    if (!IsBelow(parts.year, 10000) || !IsBelow(parts.month, 100) || !IsBelow(parts.day, 100)) return nullptr;
+    at = Put(PutFour(at, parts.year), '-');
+    at = Put(PutTwo(at, parts.month), '-');
+    return PutTwo(at, parts.day);
+}
+
+bool HasNames(const DateTimeParts& parts) { return IsBelow(parts.month - 1, 12) && IsBelow(parts.day, 100); }
+
+char* PutWeekday(char* at, const DateTimeParts& parts, const DatePrintRules& rules) {
+    return Put(PutShortName(at, ky_weekdays[rules.weekday(parts)]), ' ');
+}
+
+char* PutNamedDate(char* at, const DateTimeParts& parts, const DatePrintRules& rules) {
+    if (!HasNames(parts) || !IsBelow(parts.year, 10000)) return nullptr;
+    at = Put(PutTwo(PutWeekday(at, parts, rules), parts.day), '.');
+    at = Put(PutShortName(at, ky_months[parts.month - 1]), ' ');
+    return PutFour(at, parts.year);
+}
+
+char* PutYearlessDate(char* at, const DateTimeParts& parts, const DatePrintRules& rules) {
+    if (!HasNames(parts)) return nullptr;
+    at = Put(PutShortName(PutWeekday(at, parts, rules), ky_months[parts.month - 1]), ' ');
+    return PutTwo(at, parts.day);
+}
+
+char* PutDays(char* at, const DateTimeParts& parts) {
+    if (parts.year < 0 || parts.month < 0 || parts.day < 0) return nullptr;
+    return at + UnsignedText(static_cast<unsigned long long>(TotalDays(parts)), at);
+}
+
+char* PutDate(char* at, DatePiece piece, const DateTimeParts& parts, const DatePrintRules& rules) {
+    switch (piece) {
+        case DatePiece::numeric:
+            return PutNumericDate(at, parts);
+        case DatePiece::named:
+            return PutNamedDate(at, parts, rules);
+        case DatePiece::yearless:
+            return PutYearlessDate(at, parts, rules);
+        case DatePiece::days:
+            return PutDays(at, parts);
+        case DatePiece::none:
+            break;
+    }
+    return at;
+}
+
+char* PutTime(char* at, TimePiece piece, const DateTimeParts& parts, const DatePrintRules& rules) {
+    if (piece == TimePiece::none) return at;
+    if (!IsBelow(parts.hour, 100) || !IsBelow(parts.minute, 100) || !IsBelow(parts.second, 100)) return nullptr;
+    const bool isClock = piece == TimePiece::clock;
+    at = Put(PutTwo(at, isClock ? ClockHour(parts.hour, true, rules) : parts.hour), ':');
+    at = Put(PutTwo(at, parts.minute), ':');
+    at = PutTwo(at, parts.second);
+    if (isClock) return Put(Put(Put(at, ' '), parts.hour < kNoon ? 'a' : 'p'), 'm');
+    if (piece == TimePiece::seconds || parts.nanoseconds == 0) return at;
+    if (!IsBelow(parts.nanoseconds, 1'000'000'000)) return nullptr;
+    return PutFraction(Put(at, '.'), static_cast<unsigned>(parts.nanoseconds), FractionDigits(parts.nanoseconds));
+}
+
+/// Room that the text of any pieces takes, with what is written behind it on the way.
+constexpr unsigned kPiecesTextSize = 96;
+
+/// Writes the parts in a recognised format; returns the end of the text, or null when a part is not one that the format
+/// shows with its usual number of digits.
+char* PutPieces(char* at, FormatPieces format, const DateTimeParts& parts, const DatePrintRules& rules) {
+    at = PutDate(at, format.Date(), parts, rules);
+    if (at == nullptr) return nullptr;
+    if (format.Between() != 0) at = Put(at, format.Between());
+    return PutTime(at, format.Time(), parts, rules);
+}
+
+/// `KyDate`'s weekday; by the same congruence without its general case where that gives the calendar's.
 int KyDateWeekday(const DateTimeParts& parts) {
+    if (parts.year >= 1 && parts.year < 4600 && IsBelow(parts.month - 1, 12) && IsBelow(parts.day, 100)) {
+        constexpr unsigned char kDaysBeforeMonth[] = {0, 3, 2, 5, 0, 3, 5, 1, 4, 6, 2, 4};  // from March on, modulo 7
+        const auto year = static_cast<unsigned>(parts.year - (parts.month < 3 ? 1 : 0));
+        const unsigned century = year / 100;
+        const auto day = static_cast<unsigned>(parts.day) + kDaysBeforeMonth[parts.month - 1];
+        return static_cast<int>((year + year / 4 - century + century / 4 + day + 6) % 7);
+    }
     return KyDate(static_cast<short>(parts.year), static_cast<signed char>(parts.month),
                   static_cast<signed char>(parts.day))
         .GetDayOfTheDate();
 }
-
-/// Whether a format tells before noon from after noon.
-bool HasDayHalf(const char* format) {
-    while (*format != 0) {
-        FormatItem item;
-        if (*format++ == '%' && TakeItem(format, item) && item.Meaning().kind == DirectiveKind::dayHalf) return true;
-    }
-    return false;
-}
-
-/// Where the groups begin that are open, in the output. Deeper ones than usual take a block.
-class OpenGroups {
-public:
-    bool Any() const { return depth != 0; }
-    void Open(std::size_t start) {
-        if (depth < starts.size()) {
-            starts[depth] = start;
-        } else {
-            deeper.push_back(start);
-        }
-        ++depth;
-    }
-    std::size_t Close() {
-        --depth;
-        if (depth < starts.size()) return starts[depth];
-        const std::size_t start = deeper.back();
-        deeper.pop_back();
-        return start;
-    }
-
-private:
-    std::array<std::size_t, 4> starts;
-    std::vector<std::size_t> deeper;
-    std::size_t depth = 0;
-};
-
-/// Prints directive by directive, whatever the parts and the format are.
-class DatePrinter {
-public:
-    DatePrinter(const DateTimeParts& someParts, const char* wholeFormat, const DatePrintRules& someRules)
-        : parts(someParts), rules(someRules), outerFormat(wholeFormat) {
-        Print(wholeFormat);
-    }
-
-    void MoveTo(KyString& out) {
-        const char* const text = output.Text();
-        AssignText(out, text, output.Length());
-    }
-
-private:
-    const DateTimeParts& parts;
-    const DatePrintRules& rules;
-    const char* outerFormat;
-    std::optional<bool> hasDayHalf;  ///< asked for by "%I" alone
-    bool hasPrinted = false;         ///< a directive has
-    bool afterWildcard = false;      ///< the last part that was printed was a "*"
-    OpenGroups groups;
-    DateTextOutput output;
-
-    void Print(const char* format) {
-        while (*format != 0) {
-            if (*format == '%') {
-                FormatItem item;
-                ++format;
-                if (!TakeItem(format, item)) return;
-                if (item.opensGroup) groups.Open(output.Length());
-                PrintItem(item);
-            } else if (*format == ')' && groups.Any()) {
-                ++format;
-                CloseGroup();
-            } else {
-                output.Append(*format++);
-            }
-        }
-    }
-
-    void CloseGroup() {
-        const std::size_t start = groups.Close();
-        if (!hasPrinted) output.CutTo(start);
-    }
-
-    void PrintItem(const FormatItem& item) {
-        const Directive& directive = item.Meaning();
-        if (directive.kind == DirectiveKind::expansion) {
-            Print(directive.expansion);
-            return;
-        }
-        if (item.isOptional && !hasPrinted && IsZero(directive)) return;
-        hasPrinted = true;
-        if (directive.kind == DirectiveKind::character) {
-            output.Append(item.letter);
-            if (afterWildcard) output.Append('*');
-        } else if (directive.kind == DirectiveKind::dayHalf) {
-            PrintDayHalf(item.letter);
-        } else {
-            afterWildcard = IsWildcard(directive);
-            if (afterWildcard) {
-                output.Append('*');
-            } else {
-                PrintPart(item.letter, directive);
-            }
-        }
-    }
-
-    bool IsZero(const Directive& directive) const {
-        switch (directive.kind) {
-            case DirectiveKind::character:
-            case DirectiveKind::expansion:
-                return false;
-            case DirectiveKind::seconds:
-                return parts.second == 0 && parts.nanoseconds == 0;
-            case DirectiveKind::totalDays:
-                return TotalDays(parts) == 0;
-            default:
-                return parts.*directive.part == 0;
-        }
-    }
-
-    bool IsWildcard(const Directive& directive) const {
-        if (!rules.wildcards) return false;
-        switch (directive.kind) {
-            case DirectiveKind::seconds:
-                return parts.second == kDateWildcard || parts.nanoseconds == kDateWildcard;
-            case DirectiveKind::totalDays:
-                return parts.year == kDateWildcard && parts.month == kDateWildcard && parts.day == kDateWildcard;
-            default:
-                return parts.*directive.part == kDateWildcard;
-        }
-    }
-
-    void PrintPart(char letter, const Directive& directive) {
-        switch (directive.kind) {
-            case DirectiveKind::shortYear:
-                PrintNumber(parts.year % 100, directive.digits);
-                break;
-            case DirectiveKind::clockHour:
-                PrintNumber(ClockHour(parts.hour, ShowsDayHalf(), rules), directive.digits);
-                break;
-            case DirectiveKind::monthName:
-                if (parts.month >= 1 && parts.month <= 12) {
-                    PrintName(ky_months[parts.month - 1], letter == 'b');
-                } else {
-                    PrintNumber(parts.month, directive.digits);
-                }
-                break;
-            case DirectiveKind::weekdayName:
-                PrintName(ky_weekdays[rules.weekday(parts)], letter == 'a');
-                break;
-            case DirectiveKind::seconds:
-                output.SetEnd(PutSeconds(output.Room(kDateNumberSize), parts.second, parts.nanoseconds));
-                break;
-            case DirectiveKind::totalDays:
-                PrintNumber(TotalDays(parts), 1);
-                break;
-            default:
-                PrintNumber(parts.*directive.part, directive.digits);
-                break;
-        }
-    }
-
-    void PrintNumber(long long number, unsigned digits) {
-        output.SetEnd(PutNumber(output.Room(kDateNumberSize), number, digits));
-    }
-
-    void PrintName(const char* name, bool isShort) {
-        if (isShort) {
-            output.Append({name, ShortNameEnd(name)});
-        } else {
-            output.Append(std::string_view(name));
-        }
-    }
-
-    void PrintDayHalf(char letter) {
-        if (afterWildcard || (rules.wildcards && parts.hour == kDateWildcard)) {
-            output.Append('*');
-        } else if (letter == 'p') {
-            output.Append(std::string_view(parts.hour < kNoon ? "am" : "pm"));
-        } else {
-            output.Append(std::string_view(parts.hour < kNoon ? "AM" : "PM"));
-        }
-    }
-
-    bool ShowsDayHalf() {
-        if (!hasDayHalf) hasDayHalf = HasDayHalf(outerFormat);
-        return *hasDayHalf;
-    }
-};
 
 }  // namespace
 
@@ -217,14 +122,14 @@ void PrintDateTime(KyString& out, const DateTimeParts& parts, const char* format
     const FormatPieces pieces = PiecesOf(format);
     if (pieces.Recognised()) {
         char text[kPiecesTextSize];
-        char* const end = PrintPieces(text, pieces, parts, rules);
+        char* const end = PutPieces(text, pieces, parts, rules);
         if (end != nullptr) {
             *end = 0;
             AssignText(out, text, static_cast<std::size_t>(end - text));
             return;
         }
     }
-    DatePrinter(parts, format, rules).MoveTo(out);
+    PrintItems(out, parts, format, rules);
 }
 
 void PrintNullDate(KyString& out) { out = NullPrintString(); }

@@ -1,11 +1,12 @@
-#include <algorithm>
-#include <limits>
-
+#include <cstdint>
+#include <cstring>
 #include "ascii.h"
+
 #include "date_text.h"
 #include "date_text_directives.h"
 #include "date_text_names.h"
-#include "date_text_scan_pieces.h"
+#include "date_text_pieces.h"
+#include "date_text_scan_items.h"
 #include "date_text_scan_values.h"
 #include "eight_bit_text.h"
 #include "kydatime.h"
@@ -16,144 +17,165 @@ namespace ky {
 
 namespace {
 
-void SkipSpace(const char*& at) {
-    while (IsSpace(*at)) ++at;
+int DigitAt(const char* at) { return *at - '0'; }
+
+/// Exactly two digits, which no other follows.
+bool TakeTwo(const char*& at, int& value) {
+    if (!IsDigit(at[0]) || !IsDigit(at[1]) || IsDigit(at[2])) return false;
+    value = DigitAt(at) * 10 + DigitAt(at + 1);
+    at += 2;
+    return true;
 }
 
-/// Reads directive by directive, whatever the text and the format are.
-class DateScanner {
+bool TakeFour(const char*& at, int& value) {
+    if (!IsDigit(at[0]) || !IsDigit(at[1])) return false;
+    const int century = DigitAt(at) * 10 + DigitAt(at + 1);
+    at += 2;
+    if (!TakeTwo(at, value)) return false;
+    value += century * 100;
+    return true;
+}
+
+bool Take(const char*& at, char c) {
+    if (*at != c) return false;
+    ++at;
+    return true;
+}
+
+/// Eight characters, of which digits have the value 0 to 9 where the pattern has a "0", and no other where it has one.
+class EightCharacters {
 public:
-    /// All bytes before `readable` can be read. The parts are 0.
-    DateScanner(const char* text, const char* readable, DateTimeParts& someParts)
-        : at(text), limit(readable), parts(someParts) {}
-
-    DateScan Scan(const char* format) {
-        const bool isWhole = Walk(format);
-        parts.hour = HourOfHalf(parts.hour, isAm, isPm);
-        return isWhole ? DateScan::whole : DateScan::cut;
-    }
-
-private:
-    const char* at;
-    const char* limit;
-    DateTimeParts& parts;
-    std::size_t openGroups = 0;
-    bool isAm = false;
-    bool isPm = false;
-
-    /// False when the text has ended before a directive.
-    bool Walk(const char* format) {
-        for (;;) {
-            SkipSpace(format);
-            SkipSpace(at);
-            if (*format == 0) return true;
-            const char c = *format++;
-            if (c == '%') {
-                FormatItem item;
-                if (!TakeItem(format, item)) return true;
-                if (item.opensGroup) ++openGroups;
-                if (*at == 0 || !TakeValue(item.Meaning())) return false;
-            } else if (c == ')' && openGroups != 0) {
-                --openGroups;
-            } else if (*at == c || !IsDigit(*at)) {
-                SkipOne();
-            }
+    explicit constexpr EightCharacters(const char (&pattern)[9]) {
+        for (unsigned i = 0; i < 8; ++i) {
+            const bool isDigit = pattern[i] == '0';
+            characters |= std::uint64_t{static_cast<unsigned char>(pattern[i])} << (8 * i);
+            // Sets the top bit of what is 10 and more, or is not 0.
+            excess |= std::uint64_t{isDigit ? 0x76U : 0x7FU} << (8 * i);
         }
     }
 
-    void SkipOne() {
-        if (*at != 0) ++at;
-    }
-
-    bool TakeValue(const Directive& directive) {
-        if (directive.kind == DirectiveKind::expansion) return Walk(directive.expansion);
-        if (*at == '*') {
-            ++at;
-            SetWildcard(directive);
-        } else {
-            TakePart(directive);
-        }
+    /// Whether a text begins so. Then byte i of `pairs` is the value of the digits i and i + 1.
+    bool Match(const char* text, std::uint64_t& pairs) const {
+        std::uint64_t digits;
+        std::memcpy(&digits, text, sizeof digits);
+        digits ^= characters;
+        if ((((digits + excess) | digits) & 0x8080808080808080) != 0) return false;
+        pairs = digits * 10 + (digits >> 8);
         return true;
     }
 
-    void SetWildcard(const Directive& directive) {
-        switch (directive.kind) {
-            case DirectiveKind::seconds:
-                parts.second = parts.nanoseconds = kDateWildcard;
-                break;
-            case DirectiveKind::totalDays:
-                parts.year = parts.month = parts.day = kDateWildcard;
-                break;
-            case DirectiveKind::number:
-            case DirectiveKind::shortYear:
-            case DirectiveKind::clockHour:
-            case DirectiveKind::monthName:
-                parts.*directive.part = kDateWildcard;
-                break;
-            default:
-                break;
-        }
-    }
-
-    void TakePart(const Directive& directive) {
-        switch (directive.kind) {
-            case DirectiveKind::number:
-            case DirectiveKind::clockHour:
-                TakeInteger(at, parts.*directive.part);
-                break;
-            case DirectiveKind::shortYear:
-                TakeShortYear();
-                break;
-            case DirectiveKind::monthName:
-                TakeMonth();
-                break;
-            case DirectiveKind::weekdayName:
-                TakeName(at, ky_weekdays, 7);
-                break;
-            case DirectiveKind::seconds:
-                TakeSeconds(at, limit, parts.second, parts.nanoseconds);
-                break;
-            case DirectiveKind::totalDays:
-                TakeTotalDays();
-                break;
-            case DirectiveKind::dayHalf:
-                TakeDayHalf();
-                break;
-            default:
-                SkipOne();
-                break;
-        }
-    }
-
-    void TakeShortYear() {
-        constexpr int kLastOfThisCentury = 30;
-        int year;
-        if (!TakeInteger(at, year)) return;
-        const int century = year > kLastOfThisCentury ? 1900 : 2000;
-        parts.year = std::min(year, std::numeric_limits<int>::max() - century) + century;
-    }
-
-    void TakeMonth() {
-        const int index = TakeName(at, ky_months, 12);
-        if (index >= 0) {
-            parts.month = index + 1;
-        } else {
-            TakeMonthNumber(at, parts.month);
-        }
-    }
-
-    void TakeTotalDays() {
-        int days;
-        if (TakeInteger(at, days)) SetTotalDays(parts, days);
-    }
-
-    void TakeDayHalf() {
-        isPm = isPm || *at == 'p' || *at == 'P';
-        isAm = isAm || *at == 'a' || *at == 'A';
-        SkipOne();
-        SkipOne();
-    }
+private:
+    std::uint64_t characters = 0;
+    std::uint64_t excess = 0;
 };
+
+int PairAt(std::uint64_t pairs, unsigned i) { return static_cast<int>(pairs >> (8 * i) & 0xFF); }
+
+bool TakeNumericDate(const char*& at, const char* limit, DateTimeParts& parts) {
+    constexpr EightCharacters kPattern("0000-00-");
+    std::uint64_t pairs;
+    if (limit - at < 8 || !kPattern.Match(at, pairs)) return false;
+    at += 8;
+    parts.year = PairAt(pairs, 0) * 100 + PairAt(pairs, 2);
+    parts.month = PairAt(pairs, 5);
+    return TakeTwo(at, parts.day);
+}
+
+bool TakeSpace(const char*& at) {
+    while (IsSpace(*at)) ++at;
+    return true;
+}
+
+/// False where the mark of a wildcard stands. `index` is -1 where no name does.
+bool TakeAnyName(const char*& at, const char* const* names, int count, int& index) {
+    TakeSpace(at);
+    if (*at == '*') return false;
+    index = TakeName(at, names, count);
+    return true;
+}
+
+bool TakeWeekday(const char*& at) {
+    int unused;
+    return TakeAnyName(at, ky_weekdays, 7, unused);
+}
+
+/// By its name.
+bool TakeMonth(const char*& at, int& month) {
+    int index;
+    if (!TakeAnyName(at, ky_months, 12, index) || index < 0) return false;
+    month = index + 1;
+    return true;
+}
+
+bool TakeDays(const char*& at, DateTimeParts& parts) {
+    int days;
+    if (!IsDigit(*at) || !TakeInteger(at, days)) return false;
+    SetTotalDays(parts, days);
+    return true;
+}
+
+bool TakeDate(const char*& at, const char* limit, DatePiece piece, DateTimeParts& parts) {
+    switch (piece) {
+        case DatePiece::numeric:
+            return TakeNumericDate(at, limit, parts);
+        case DatePiece::named:
+            return TakeWeekday(at) && TakeSpace(at) && TakeTwo(at, parts.day) && Take(at, '.') &&
+                   TakeMonth(at, parts.month) && TakeSpace(at) && TakeFour(at, parts.year);
+        case DatePiece::yearless:
+            return TakeWeekday(at) && TakeSpace(at) && TakeMonth(at, parts.month) && TakeSpace(at) &&
+                   TakeTwo(at, parts.day);
+        case DatePiece::days:
+            return TakeDays(at, parts);
+        case DatePiece::none:
+            break;
+    }
+    return true;
+}
+
+bool TakeDayHalf(const char* at, int& hour) {
+    switch (*at) {
+        case 'p':
+        case 'P':
+            hour = HourOfHalf(hour, false, true);
+            return true;
+        case 'a':
+        case 'A':
+            hour = HourOfHalf(hour, true, false);
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool TakeTime(const char* at, const char* limit, TimePiece piece, DateTimeParts& parts) {
+    if (piece == TimePiece::none) return true;
+    constexpr EightCharacters kPattern("00:00:00");
+    std::uint64_t pairs;
+    if (limit - at < 8 || !kPattern.Match(at, pairs)) return false;
+    parts.hour = PairAt(pairs, 0);
+    parts.minute = PairAt(pairs, 3);
+    if (piece == TimePiece::fraction) {
+        at += 6;
+        TakeSeconds(at, limit, parts.second, parts.nanoseconds);
+        return true;
+    }
+    parts.second = PairAt(pairs, 6);
+    at += 8;
+    if (IsDigit(*at)) return false;
+    return piece == TimePiece::seconds || (TakeSpace(at) && TakeDayHalf(at, parts.hour));
+}
+
+bool TakeBetween(const char*& at, char between) {
+    if (between == 0) return true;
+    return IsSpace(between) ? TakeSpace(at) : Take(at, between);
+}
+
+/// Reads a text in a recognised format into parts that are 0. False, with anything in the parts, when the text is not
+/// what printing such a format usually gives.
+bool TakePieces(const char* at, const char* limit, FormatPieces format, DateTimeParts& parts) {
+    return TakeDate(at, limit, format.Date(), parts) && TakeBetween(at, format.Between()) &&
+           TakeTime(at, limit, format.Time(), parts);
+}
 
 /// Whether an 8-bit text begins with the null print string. An empty one is for empty texts alone.
 bool IsNullText(const KyString& text) {
@@ -174,11 +196,8 @@ DateScan ScanDateTime(DateTimeParts& parts, KyString& text, const char* format) 
         const char* const limit = start + narrow.BufferSizeGet();
         const FormatPieces pieces = PiecesOf(format);
         parts = {};
-        if (pieces.Recognised()) {
-            if (ScanPieces(start, limit, pieces, parts)) return DateScan::whole;
-            parts = {};
-        }
-        return DateScanner(start, limit, parts).Scan(format);
+        if (pieces.Recognised() && TakePieces(start, limit, pieces, parts)) return DateScan::whole;
+        return ScanItems(parts, start, limit, format);
     });
 }
 

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 
 #include "ascii.h"
 #include "number_text.h"
+#include "number_text_digits.h"
 
 namespace ky {
 
@@ -25,8 +27,21 @@ struct Digits {
     std::uint64_t number = 0;
     unsigned count = 0;
 
-    void Take(const char*& text) {
+    /// All bytes before `limit` are readable.
+    void Take(const char*& text, const char* limit) {
         const char* const start = text;
+        if (limit - text >= 8) {
+            constexpr std::uint64_t kPowers[] = {1,       10,        100,        1'000,      10'000,
+                                                 100'000, 1'000'000, 10'000'000, 100'000'000};
+            std::uint64_t bytes;
+            std::memcpy(&bytes, text, sizeof bytes);
+            bytes ^= kEightZeros;
+            const unsigned length = LeadingDigits(bytes);
+            // The digits behind zeros in the place of the other bytes.
+            const std::uint64_t digits = length == 0 ? 0 : bytes << (64 - 8 * length);
+            number = number * kPowers[length] + EightDigitsValue(digits);
+            text += length;
+        }
         for (; IsDigit(*text); ++text) number = number * 10 + static_cast<unsigned>(*text - '0');
         count += static_cast<unsigned>(text - start);
     }
@@ -43,9 +58,9 @@ bool ReadDecimal(const char* text, const char* limit, double& value) {
     const char* at = text;
     if (IsSign(*at)) ++at;
     Digits digits;
-    digits.Take(at);
+    digits.Take(at, limit);
     const unsigned whole = digits.count;
-    if (*at == '.') digits.Take(++at);
+    if (*at == '.') digits.Take(++at, limit);
     if (digits.count == 0) return false;
     if (digits.count > kExactDigits || *at == 'e' || *at == 'E') {
         value = ScanDoubleText({text, static_cast<unsigned>(limit - text)});
@@ -59,16 +74,17 @@ bool ReadDecimal(const char* text, const char* limit, double& value) {
 }  // namespace
 
 bool TakeInteger(const char*& text, int& value) {
-    constexpr long long kFar = std::numeric_limits<long long>::max() / 10 - 1;
-    const bool negative = *text == '-';
-    if (IsSign(*text)) ++text;
-    if (!IsDigit(*text)) return false;
-    long long number = 0;
-    for (; IsDigit(*text); ++text) {
-        if (number < kFar) number = number * 10 + (*text - '0');
-    }
     using Limits = std::numeric_limits<int>;
-    value = static_cast<int>(std::clamp<long long>(negative ? -number : number, Limits::min(), Limits::max()));
+    constexpr long long kFar = Limits::max() + 1LL;
+    const char* at = text;
+    const bool negative = *at == '-';
+    if (IsSign(*at)) ++at;
+    const char* const start = at;
+    long long number = 0;
+    for (; IsDigit(*at); ++at) number = std::min(number * 10 + (*at - '0'), kFar);
+    text = at;
+    if (at == start) return false;
+    value = static_cast<int>(negative ? -number : std::min(number, kFar - 1));
     return true;
 }
 
@@ -86,7 +102,9 @@ void TakeSeconds(const char*& text, const char* limit, int& second, int& nanosec
         second = Limited<int>(value);
         nanoseconds = static_cast<int>(Limited<long long>(value * kBillion) % 1'000'000'000);
     }
-    while (IsDigit(*text) || *text == '.' || IsSign(*text)) ++text;
+    const char* at = text;
+    while (IsDigit(*at) || *at == '.' || IsSign(*at)) ++at;
+    text = at;
 }
 
 }  // namespace ky

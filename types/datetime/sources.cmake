@@ -7,11 +7,10 @@ set(folder_sources
   date_names.cpp
   date_rows.cpp
   date_text_digits.cpp
-  date_text_pieces.cpp
   date_text_print.cpp
-  date_text_print_pieces.cpp
+  date_text_print_items.cpp
   date_text_scan.cpp
-  date_text_scan_pieces.cpp
+  date_text_scan_items.cpp
   date_text_scan_values.cpp
   date_text_slots.cpp
   kydatime.cpp
