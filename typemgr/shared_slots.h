@@ -11,8 +11,7 @@ int NoIsNullDefined(void* value);
 /// -2999, whatever is asked.
 int KyGetValueFuncDummy(void* value, unsigned count, unsigned char form, unsigned char what);
 
-// The illegal row's functions: each sets err to 0 where it has one and answers with nothing. Rows of types
-// that are not built yet hold them in their empty slots.
+// The illegal row's functions: each sets err to 0 where it has one and answers with nothing.
 void* KyIllegalCreate(unsigned count);
 int KyIllegalDelete(void* values, unsigned count);
 unsigned KyIllegalStore(void* dst, const void* src, unsigned char flag, unsigned count);

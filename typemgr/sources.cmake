@@ -9,7 +9,6 @@ set(folder_sources
   kytypmgr_text.cpp
   kytypmgr_values.cpp
   options.cpp
-  pending_rows.cpp
   rows.cpp
   scan_helpers.cpp
   scan_helpers_word.cpp

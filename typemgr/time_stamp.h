@@ -30,7 +30,7 @@ public:
     void* Get() const { return value; }
 
 private:
-    alignas(short) unsigned char image[10] = {};
+    alignas(short) unsigned char image[10];
     void* value = nullptr;
 };
 

@@ -5,6 +5,7 @@
 #include <climits>
 #include <string>
 
+#include "kyodmg.h"
 #include "kytypes.h"
 #include "support/hex.h"
 
@@ -45,6 +46,14 @@ TEST(TimeStamp, OdmgFieldsTakeTheBytesOfNullStamps) {
     EXPECT_EQ(ImageOf(D_TIMESTAMP_T, null, 10), "00 80 80 80 00 00 80 80 80 00");
 }
 
+TEST(TimeStamp, OdmgTimesAreInTheDefaultZone) {
+    d_Time::set_default_Time_Zone(d_Time::GMT_5);
+    EXPECT_EQ(ImageOf(D_TIME_T, moment, 6), "FB 00 08 2D 3B 00");
+    EXPECT_EQ(ImageOf(D_TIMESTAMP_T, moment, 10), "E8 07 05 07 FB 00 08 2D 3B 00");
+    EXPECT_EQ(ImageOf(D_DATE_T, moment, 4), "E8 07 05 07");
+    d_Time::set_default_Time_Zone(d_Time::GMT);
+}
+
 TEST(TimeStamp, Kept_SubSecondsCountAsWholeSeconds) {
     ky::TimeStamp stamp = moment;
     stamp.second = 1;
@@ -55,7 +64,7 @@ TEST(TimeStamp, Kept_SubSecondsCountAsWholeSeconds) {
     stamp.subSeconds = 300;
     EXPECT_EQ(ImageOf(D_TIME_T, stamp, 6), "00 00 0D 2D 2D 00");
     stamp.subSeconds = INT_MAX;
-    EXPECT_EQ(ImageOf(D_TIME_T, stamp, 6), "00 00 0D 2D 00 00");
+    EXPECT_EQ(ImageOf(D_TIME_T, stamp, 6), "00 00 0D 2D FF 00");  // 2^31, which is taken for INT_MAX
     stamp.subSeconds = INT_MIN;
     EXPECT_EQ(ImageOf(D_TIME_T, stamp, 6), "00 00 0D 2D 00 00");
     stamp.subSeconds = 16777217;  // loses its last bit before the second is added, not afterwards

@@ -14,10 +14,19 @@ set(folder_sources
   date_text_scan_values.cpp
   date_text_slots.cpp
   kydatime.cpp
-  kydatimeN.cpp)
+  kydatimeN.cpp
+  kyodmg.cpp
+  kyodmg_overlaps.cpp
+  odmg_getvalue.cpp
+  odmg_rows.cpp
+  odmg_slots.cpp
+  odmg_store.cpp
+  odmg_text.cpp)
 set(folder_headers
   calendar_formulas.h
   kydatime.h
   kydatime_arithmetic.h
   kydatimeN.h
-  kydatimeN_arithmetic.h)
+  kydatimeN_arithmetic.h
+  kyodmg.h
+  kyodmg_arithmetic.h)
