@@ -169,10 +169,10 @@ void Register(IdentifierType type, Shape shape) {
         if (form.form == KyFormMemory) continue;
         const auto copy = [=](benchmark::State& state) { Copy(state, type, shape); };
         bench::RegisterPair(
-            "store/" + name + form.name + shape.name, bench::AtLeast(0.1),
+            "store/" + name + form.name + shape.name, bench::AtLeast(0.05),
             [=](benchmark::State& state) { Store(state, type, shape, form.form); }, copy);
         bench::RegisterPair(
-            "load/" + name + form.name + shape.name, bench::AtLeast(0.1),
+            "load/" + name + form.name + shape.name, bench::AtLeast(0.05),
             [=](benchmark::State& state) { Load(state, type, shape, form.form); }, copy);
     }
 }
@@ -224,8 +224,8 @@ const bench::AtStart here([] {
     for (const IdentifierType& type : types) {
         for (const Shape& shape : shapes) Register(type, shape);
     }
-    bench::RegisterPair("identity/print/KyObjId", bench::AtLeast(3.0), Print, PrintByC);
-    bench::RegisterPair("identity/scan/KyObjId", bench::AtLeast(3.0), Scan, ScanByC);
+    bench::RegisterPair("identity/print/KyObjId", bench::AtLeast(1.5), Print, PrintByC);
+    bench::RegisterPair("identity/scan/KyObjId", bench::AtLeast(2.0), Scan, ScanByC);
 });
 
 }  // namespace

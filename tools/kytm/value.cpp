@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "compare_word.h"
+#include "identifier_shape.h"
 #include "kystring.h"
 #include "terminal.h"
 #include "texts.h"
@@ -100,6 +101,7 @@ const char* Scanner::Scan(std::string_view text, void* value) {
         ScanInto(text, value);
         return nullptr;
     }
+    if (IsIdentifier(id) && !isNullText) return ScanIdentifier(text, value);
     if (!number || isNullText || (hasNull && text.empty())) return ScanTwice(text, value);
     return ScanNumber(text, value);
 }
@@ -141,6 +143,18 @@ bool Scanner::FitsRange(const WholeNumber& given, int base) const {
     const bool asUnsigned = !isSigned || base == 16 || !number->IsSigned();
     if (given.negative) return given.magnitude == 0 || (asSigned && given.magnitude <= highestSigned + 1);
     return given.magnitude <= (asUnsigned ? highest : highestSigned);
+}
+
+const char* Scanner::ScanIdentifier(std::string_view text, void* value) {
+    switch (CheckIdentifier(text, format != nullptr ? format : PrintFormat(id))) {
+        case IdentifierFault::otherForm:
+            return kOtherForm;
+        case IdentifierFault::tooLarge:
+            return kTooLarge;
+        case IdentifierFault::none:
+            break;
+    }
+    return ScanTwice(text, value);
 }
 
 const char* Scanner::ScanTwice(std::string_view text, void* value) {

@@ -46,7 +46,8 @@ private:
 /// 3. Whole numbers: the bytes of the scanned value are those of the number in the text. A text is also refused when
 ///    the number lies outside the range of both the type and the conversion: "65535" is no `o_2b`; with "%x",
 ///    "ffff" is.
-/// 4. All other types of fixed size: the text is scanned into two values, one of all-zero and one of all-one bytes
+/// 4. Identifiers: beside blanks and parentheses the text is what the format describes, and each number fits its field.
+/// 5. All other types of fixed size: the text is scanned into two values, one of all-zero and one of all-one bytes
 ///    before. What the text does not determine stays different in the two.
 class Scanner {
 public:
@@ -69,10 +70,11 @@ private:
     bool isSigned = false;
     unsigned memoryBytes;
     unsigned numberBytes = 0;  ///< of the number inside a value
-    Values second;             ///< the other value of test 4
+    Values second;             ///< the other value of test 5
 
     const char* ScanNumber(std::string_view text, void* value);
     const char* ScanWhole(std::string_view digits, std::string_view text, void* value, int base);
+    const char* ScanIdentifier(std::string_view text, void* value);
     const char* ScanTwice(std::string_view text, void* value);
     bool FitsRange(const WholeNumber& given, int base) const;
     void ScanInto(std::string_view text, void* value);

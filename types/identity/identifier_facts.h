@@ -76,7 +76,7 @@ struct ObjIdFacts {
     }
     static constexpr int OrderInMemory(std::uint64_t a, std::uint64_t b) { return OrderIdentities(a, b); }
 
-    static constexpr IdentifierGrammar kGrammar = {"BLH", true, KyObjIdFmt};
+    static constexpr IdentifierGrammar kGrammar = {LettersOf("BLH"), true, KyObjIdFmt};
     static constexpr IdentifierFields kNull = {};
     static constexpr bool IsNull(const IdentifierFields& fields) { return fields.L == 0 && fields.H == 0; }
     static IdentifierFields Read(const void* from) {
@@ -105,7 +105,7 @@ struct ClassIdFacts {
     static constexpr auto* SizeGet = &KyClassId::SizeGet;
     static constexpr auto* Create = &KyClassId::Create;
 
-    static constexpr IdentifierGrammar kGrammar = {"CV", false, KyClassIdFmt};
+    static constexpr IdentifierGrammar kGrammar = {LettersOf("CV"), false, KyClassIdFmt};
     static constexpr IdentifierFields kNull = {.C = 0xFFFF, .V = 0xFFFF};
     static constexpr bool IsNull(const IdentifierFields& fields) { return fields.C == 0xFFFF && fields.V == 0xFFFF; }
     static IdentifierFields Read(const void* from) {
@@ -152,7 +152,7 @@ struct RefFacts {
         return order != 0 ? order : Order(a >> 48, b >> 48);
     }
 
-    static constexpr IdentifierGrammar kGrammar = {"BLHDCV", false, KyRefFmt};
+    static constexpr IdentifierGrammar kGrammar = {LettersOf("BLHDCV"), false, KyRefFmt};
     static constexpr IdentifierFields kNull = {};
     static constexpr bool IsNull(const IdentifierFields& fields) { return fields.L == 0 && fields.H == 0; }
     static IdentifierFields Read(const void* from) {

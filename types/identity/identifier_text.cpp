@@ -79,7 +79,7 @@ public:
             if (*at != '\0') ++at;
             isField = true;
             field = forms.Next(character);
-        } else if (std::strchr(grammar.letters, character) != nullptr) {
+        } else if (character >= 'A' && character <= 'Z' && (grammar.letters >> (character - 'A') & 1) != 0) {
             isField = true;
             field = FieldOf(character);
         }

@@ -21,10 +21,17 @@ struct IdentifierFields {
 
 /// What the formats of a type are made of.
 struct IdentifierGrammar {
-    const char* letters;    ///< of the type's fields
+    std::uint32_t letters;  ///< of the type's fields: the bits that `LettersOf` gives
     bool twoLetterForms;    ///< whether "%h?" and "%l?" are known
     const char* ownFormat;  ///< in the place of a null one
 };
+
+/// One bit a capital letter.
+constexpr std::uint32_t LettersOf(const char* letters) {
+    std::uint32_t bits = 0;
+    for (; *letters != 0; ++letters) bits |= 1U << (*letters - 'A');
+    return bits;
+}
 
 /// `out` becomes the text of an identifier that is not null.
 KyString& PrintFields(KyString& out, const IdentifierFields& fields, const IdentifierGrammar& grammar,
