@@ -52,6 +52,8 @@ TEST(DictionaryCompare, OrderOfTexts) {
         {"\xC0", "\xE0", kDisk, 1, 0},
         {"\xE9t\xE9", "ete", kDisk, 0, 0},
         {"\xE5", "z", kDisk, 1, 1},
+        {"x\xE9z", "xey", kDisk, 1, 1},  // what has the same key decides nothing
+        {"x\xC9y", "x\xCAz", kDisk, -1, -1},
         {"\xDF", "ss", kDisk, 0, 0},
         {"\xDF", "sS", kDisk, -1, 0},
         {"\xDF", "s", kDisk, 1, 1},

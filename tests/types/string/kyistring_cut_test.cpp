@@ -85,6 +85,10 @@ TYPED_TEST(DictionaryStringTest, PatternsThatAreCutShort) {
     const auto a = Stored(std::vector<TypeParam>{"abcdef"}, 1);
     EXPECT_EQ((CompareStored<TypeParam>(a, pattern, 1, 0, 1, true)), (Answer{0, KyErrBufferEnd}));
     pattern.resize(3 + 4);
+    auto cut = a;
+    cut.resize(3 + 5);
+    EXPECT_EQ((CompareStored<TypeParam>(cut, pattern, 1, 0, 1, true)), (Answer{0, KyErrBufferEnd}))
+        << "more may follow the asterisk";
     EXPECT_EQ((CompareStored<TypeParam>(a, pattern, 1, 0, 1, true)), (Answer{0, KyErrBufferEnd}));
     pattern.resize(3 + 3);
     EXPECT_EQ((CompareStored<TypeParam>(a, pattern, 1, 0, 1, true)), (Answer{-1, KyErrBufferEnd})) << "by length";
