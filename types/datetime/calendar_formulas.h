@@ -44,26 +44,25 @@ struct MonthShift {
     short days;
 };
 
-/// For the months -128 to 128.
 class MonthShifts {
 public:
     constexpr MonthShifts() : shifts() {
-        for (int month = -128; month <= 128; ++month) {
+        for (int month = -128; month <= 127; ++month) {
             const int years = (month - 14) / 12;
-            shifts[month + 128] = {static_cast<signed char>(years),
-                                   static_cast<short>((367 * month - 4404 * years - 734) / 12)};
+            shifts[month & 0xFF] = {static_cast<signed char>(years),
+                                    static_cast<short>((367 * month - 4404 * years - 734) / 12)};
         }
     }
-    constexpr MonthShift Of(int month) const { return shifts[month + 128]; }
+    constexpr MonthShift Of(signed char month) const { return shifts[static_cast<unsigned char>(month)]; }
 
 private:
-    MonthShift shifts[257];
+    MonthShift shifts[256];
 };
 
 inline constexpr MonthShifts kMonthShifts;
 
-/// The number of a day: of any fields of 16 and 8 bits, and month 128.
-constexpr int DayNumber(int year, int month, int day) {
+/// The number of a day: of any fields of 16 and 8 bits.
+constexpr int DayNumber(int year, signed char month, int day) {
     const MonthShift shift = kMonthShifts.Of(month);
     const int sinceMarch = year + 4800 + shift.years;
     if (sinceMarch < 0) return DayNumberOfAnyFields(year, month, day);

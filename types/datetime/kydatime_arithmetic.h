@@ -32,7 +32,11 @@ constexpr KyDate KyDate::operator+(int days) const { return DaysLater(days); }
 constexpr KyDate KyDate::operator-(int days) const { return DaysLater(-static_cast<long long>(days)); }
 constexpr int KyDate::operator-(const KyDate& other) const { return dayabs() - other.dayabs(); }
 
-constexpr int KyDate::daynxtmonth() const { return ky::DayNumber(year, month + 1, 1) - dayabs(); }
+constexpr int KyDate::daynxtmonth() const {
+    const int next = month == 127 ? ky::DayNumberOfAnyFields(year, 128, 1)
+                                  : ky::DayNumber(year, static_cast<signed char>(month + 1), 1);
+    return next - dayabs();
+}
 
 constexpr bool KyDate::IsDate() const {
     if (day < 1 || day > 31 || month < 1 || month > 12) return false;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <limits>
 
 #include "date_values.h"
@@ -38,14 +39,16 @@ void CheckDay(const SlowCalendar& slow, int number) {
 TEST(CalendarFormulas, EveryDayOnFrom2000) {
     SlowCalendar slow(2000, 1, 1);
     for (int number = 2451545; slow.Year() <= 32767; slow.Next(), ++number) {
-        if (number % kFewerCases == 0) ASSERT_NO_FATAL_FAILURE(CheckDay(slow, number));
+        if (number % kFewerCases != 0) continue;
+        ASSERT_NO_FATAL_FAILURE(CheckDay(slow, number));
     }
 }
 
 TEST(CalendarFormulas, EveryDayBackFrom2000) {
     SlowCalendar slow(2000, 1, 1);
     for (int number = 2451545; slow.Year() >= -10000; slow.Previous(), --number) {
-        if (number % kFewerCases == 0) ASSERT_NO_FATAL_FAILURE(CheckDay(slow, number));
+        if (number % kFewerCases != 0) continue;
+        ASSERT_NO_FATAL_FAILURE(CheckDay(slow, number));
     }
 }
 
@@ -53,18 +56,19 @@ TEST(CalendarFormulas, EveryYearAndMonthOfTheFieldsHasTheNumberOfTheFormula) {
     for (int year = -32768; year <= 32767; year += kFewerCases) {
         for (int month = -128; month <= 128; ++month) {
             const long long expected = oracle::SlowDayNumber(year, month, 1);
-            ASSERT_EQ(ky::DayNumber(year, month, 1), expected) << year << '-' << month;
             ASSERT_EQ(ky::DayNumberOfAnyFields(year, month, 1), expected) << year << '-' << month;
+            if (month == 128) continue;
+            ASSERT_EQ(ky::DayNumber(year, static_cast<signed char>(month), 1), expected) << year << '-' << month;
         }
     }
 }
 
 TEST(CalendarFormulas, EveryDayOfTheFieldIsAdded) {
     for (const int year : {-32768, -4801, -4800, -1, 0, 2024, 32767}) {
-        for (const int month : {-128, -1, 0, 1, 2, 3, 12, 13, 127, 128}) {
+        for (const auto month : std::initializer_list<signed char>{-128, -1, 0, 1, 2, 3, 12, 13, 127}) {
             for (int day = -128; day <= 127; ++day) {
                 ASSERT_EQ(ky::DayNumber(year, month, day), oracle::SlowDayNumber(year, month, day))
-                    << year << '-' << month << '-' << day;
+                    << year << '-' << int{month} << '-' << day;
             }
         }
     }

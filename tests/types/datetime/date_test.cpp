@@ -101,8 +101,11 @@ TEST(KyDate, DaysToTheNextMonth) {
     EXPECT_TRUE(KyDate(2024, 2, 29).IsLastDayOfTheMonth());
     EXPECT_FALSE(KyDate(2024, 2, 28).IsLastDayOfTheMonth());
     // Month 128 is not month -128.
-    EXPECT_EQ(KyDate(2024, 127, 1).daynxtmonth(),
-              oracle::SlowDayNumber(2024, 128, 1) - oracle::SlowDayNumber(2024, 127, 1));
+    for (int month = -128; month <= 127; ++month) {
+        EXPECT_EQ(KyDate(2024, static_cast<signed char>(month), 1).daynxtmonth(),
+                  oracle::SlowDayNumber(2024, month + 1, 1) - oracle::SlowDayNumber(2024, month, 1))
+            << month;
+    }
 }
 
 TEST(KyDate, ValidDatesAreThoseOfTheCalendar) {
