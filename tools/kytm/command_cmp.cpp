@@ -17,7 +17,7 @@ ExitStatus CompareValues(const CompareOptions& options, Output& out) {
     ExitStatus status = kDone;
     const std::string* texts[] = {&options.first, &options.second};
     for (std::size_t i = 0; i < 2; ++i) {
-        const char* fault = scanner.Scan(*texts[i], pair[i]);
+        const char* fault = scanner.ScanArgument(*texts[i], pair[i]);
         if (fault == nullptr) continue;
         Complain(Quoted(*texts[i]) + " does not scan as " + TypeName(id) + ": " + fault);
         status = kBadInput;

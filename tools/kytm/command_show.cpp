@@ -133,7 +133,7 @@ ExitStatus ShowValues(const ShowOptions& options, Output& out) {
     bool isFirst = true;
     for (const std::string& text : options.values) {
         const Values value(id, 1);
-        const char* fault = scanner.Scan(text, value[0]);
+        const char* fault = scanner.ScanArgument(text, value[0]);
         nlohmann::ordered_json block = {
             {"type", TypeName(id)}, {"id", static_cast<int>(id)}, {"given", Utf8(text)}, {"scanned", fault == nullptr}};
         if (fault != nullptr) {

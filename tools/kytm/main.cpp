@@ -62,6 +62,7 @@ constexpr char kAbout[] =
 constexpr char kFooter[] =
     "TYPE is a type name (o_4b), a type-code name (Ky4B_T) or a type id (2); `kytm types` lists them.\n"
     "Words that begin with \"-\" and are no numbers go behind \"--\".\n"
+    "A blob is given in hexadecimal digits, or as @FILE: the bytes of a file, which may be \"-\" (not among lines).\n"
     "Exit status: 0 done; 1 some of the texts given are no values of the type; 2 the work could not be done.\n"
     "Of match: 0 found; 1 not found; 2 the work could not be done, or not of every line.";
 

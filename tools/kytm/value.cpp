@@ -5,7 +5,10 @@
 
 #include "compare_word.h"
 #include "identifier_shape.h"
+#include "kyblob.h"
+#include "kyseal.h"
 #include "kystring.h"
+#include "lines.h"
 #include "terminal.h"
 #include "texts.h"
 #include "type_lookup.h"
@@ -25,7 +28,13 @@ constexpr char kOtherForm[] = "it does not have the form of the format";
 constexpr char kTooLarge[] = "the number does not fit in the type";
 constexpr char kTooLong[] = "it is longer than 65531 bytes";
 constexpr char kZeroByte[] = "it holds a zero byte";
+constexpr char kNoDigits[] = "it is no row of pairs of hexadecimal digits";
+constexpr char kLargeFile[] = "the file is longer than 2147483643 bytes";
 constexpr char kBehindNull[] = "it goes on behind the text of null values";
+
+constexpr long long kHighestSeal = 0xFFFFFFFFFFFF;
+/// With its length field it is still a record that can be loaded.
+constexpr std::size_t kLongestFile = 2147483647 - 4;
 
 bool IsString(char id) { return id == KySTRING_T; }
 
@@ -97,13 +106,20 @@ const char* Scanner::Scan(std::string_view text, void* value) {
     if (text.size() > kLongestText) return kTooLong;
     if (text.find('\0') != std::string_view::npos) return kZeroByte;
     if (isNullText && text.size() != nullText.size()) return kBehindNull;
-    if (!isFixed) {
-        ScanInto(text, value);
-        return nullptr;
-    }
+    if (id == KySEAL_T) return ScanSeal(text, value);
+    if (!isFixed) return ScanInto(text, value) ? nullptr : kNoDigits;
     if (IsIdentifier(id) && !isNullText) return ScanIdentifier(text, value);
     if (!number || isNullText || (hasNull && text.empty())) return ScanTwice(text, value);
     return ScanNumber(text, value);
+}
+
+const char* Scanner::ScanArgument(std::string_view word, void* value) {
+    if (id != KyBLOB_T || word.size() < 2 || word[0] != '@') return Scan(word, value);
+    Progress progress;
+    const std::string content = ReadAll(std::string(word.substr(1)), progress);
+    if (content.size() > kLongestFile) return kLargeFile;
+    static_cast<KyBlob*>(value)->SetTo(content.data(), static_cast<int>(content.size()));
+    return nullptr;
 }
 
 const char* Scanner::ScanNumber(std::string_view text, void* value) {
@@ -157,6 +173,18 @@ const char* Scanner::ScanIdentifier(std::string_view text, void* value) {
     return ScanTwice(text, value);
 }
 
+const char* Scanner::ScanSeal(std::string_view text, void* value) {
+    const std::optional<WholeNumber> given = ReadWholeNumber(WithoutBlanksBehind(text), 10);
+    if (!given) return kNoNumber;
+    if (given->tooLarge || given->magnitude > kHighestSeal || (given->negative && given->magnitude != 0)) {
+        return kTooLarge;
+    }
+    ScanInto(text, value);
+    long long scanned = 0;
+    static_cast<const KySeal*>(value)->ConvertTo(scanned);
+    return static_cast<unsigned long long>(scanned) == given->magnitude ? nullptr : kNoValue;
+}
+
 const char* Scanner::ScanTwice(std::string_view text, void* value) {
     std::memset(value, 0x00, memoryBytes);
     std::memset(second[0], 0xFF, memoryBytes);
@@ -165,9 +193,10 @@ const char* Scanner::ScanTwice(std::string_view text, void* value) {
     return CompareExactly(id, value, second[0]) == 0 ? nullptr : kNoValue;
 }
 
-void Scanner::ScanInto(std::string_view text, void* value) {
+/// False when the type reports that it could not.
+bool Scanner::ScanInto(std::string_view text, void* value) {
     KyString content(text.data(), static_cast<unsigned short>(text.size()));
-    Manager().ScanFromKyString(id, value, content, format, 1);
+    return Manager().ScanFromKyString(id, value, content, format, 1) != nullptr;
 }
 
 /// A number whose bits are all ones orders before 0.

@@ -47,7 +47,9 @@ private:
 ///    the number lies outside the range of both the type and the conversion: "65535" is no `o_2b`; with "%x",
 ///    "ffff" is.
 /// 4. Identifiers: beside blanks and parentheses the text is what the format describes, and each number fits its field.
-/// 5. All other types of fixed size: the text is scanned into two values, one of all-zero and one of all-one bytes
+/// 5. Seals: the text as a whole is a number from 0 to 281474976710655.
+/// 6. Blobs: the type's scan reports; the text is pairs of hexadecimal digits or that of null.
+/// 7. All other types of fixed size: the text is scanned into two values, one of all-zero and one of all-one bytes
 ///    before. What the text does not determine stays different in the two.
 class Scanner {
 public:
@@ -58,6 +60,10 @@ public:
     /// Null when `value`, an element of the type, now holds the text's value; else the reason why not, and the
     /// element's content means nothing. The reason is valid until the next call.
     const char* Scan(std::string_view text, void* value);
+
+    /// The same of a word of the command line: for blobs "@FILE" stands for the bytes of a file ("@-": standard input).
+    /// Throws `Failure` for a file that cannot be read.
+    const char* ScanArgument(std::string_view word, void* value);
 
 private:
     char id;
@@ -70,14 +76,15 @@ private:
     bool isSigned = false;
     unsigned memoryBytes;
     unsigned numberBytes = 0;  ///< of the number inside a value
-    Values second;             ///< the other value of test 5
+    Values second;             ///< the other value of test 7
 
     const char* ScanNumber(std::string_view text, void* value);
     const char* ScanWhole(std::string_view digits, std::string_view text, void* value, int base);
     const char* ScanIdentifier(std::string_view text, void* value);
+    const char* ScanSeal(std::string_view text, void* value);
     const char* ScanTwice(std::string_view text, void* value);
     bool FitsRange(const WholeNumber& given, int base) const;
-    void ScanInto(std::string_view text, void* value);
+    bool ScanInto(std::string_view text, void* value);
     bool TypeIsSigned();
 };
 

@@ -28,6 +28,23 @@ bool MoveToLarger(KyBlobData& block, std::size_t needed, std::size_t capacity);
 /// Replaces the bytes by a copy of others, perhaps part of them, in a new buffer of just their size, which is not 0.
 void CopyToNew(KyBlobData& block, const void* bytes, std::size_t size);
 
+/// Replaces the bytes by a copy of `size` others, not more than `kMostBlobBytes`.
+inline void FillBytes(KyBlobData& block, const void* bytes, std::size_t size) {
+    constexpr std::size_t mostSpare = 128;
+    const auto length = static_cast<std::size_t>(block.length);
+    if (size == 0) {
+        FreeBytes(block);
+    } else if (size <= length && length <= size + mostSpare) {
+        CopyBytes(block.data, bytes, size);
+        block.length = static_cast<int>(size);
+    } else {
+        CopyToNew(block, bytes, size);
+    }
+}
+
+/// What a handle holds: null for the null value.
+inline KyBlobData* BlockOf(const KyBlob& blob) { return LoadAs<KyBlobData*>(&blob); }
+
 /// `p` points into the buffer.
 inline bool LiesInside(const KyBlobData& block, const void* p) {
     const auto capacity = static_cast<std::size_t>(block.capacity);
@@ -40,6 +57,12 @@ inline int OrderBytes(const void* a, std::size_t lengthA, const void* b, std::si
     const std::size_t common = std::min(lengthA, lengthB);
     const int order = common != 0 ? std::memcmp(a, b, common) : 0;
     return order != 0 ? Order(order, 0) : Order(lengthA, lengthB);
+}
+
+/// The order of what two handles hold.
+inline int OrderBlocks(const KyBlobData* a, const KyBlobData* b) {
+    if (a == nullptr || b == nullptr) return Order(a != nullptr, b != nullptr);
+    return OrderBytes(a->data, static_cast<std::size_t>(a->length), b->data, static_cast<std::size_t>(b->length));
 }
 
 }  // namespace ky

@@ -90,11 +90,7 @@ KyBlob& KyBlob::Resize(unsigned int n) {
     return *this;
 }
 
-int KyBlob::Order(const KyBlob& other) const {
-    if (block == nullptr || other.block == nullptr) return ky::Order(block != nullptr, other.block != nullptr);
-    return ky::OrderBytes(block->data, static_cast<std::size_t>(block->length), other.block->data,
-                          static_cast<std::size_t>(other.block->length));
-}
+int KyBlob::Order(const KyBlob& other) const { return ky::OrderBlocks(block, other.block); }
 
 template <class Number>
 Number KyBlob::FirstBytes() const {
@@ -115,16 +111,7 @@ KyBlob& KyBlob::Fill(const void* p, std::size_t n) {
         KyCallMemoryHandler(n);
         return *this;
     }
-    constexpr std::size_t mostSpare = 128;
     if (block == nullptr) block = new KyBlobData;
-    const auto length = static_cast<std::size_t>(block->length);
-    if (n == 0) {
-        ky::FreeBytes(*block);
-    } else if (n <= length && length <= n + mostSpare) {
-        ky::CopyBytes(block->data, p, n);
-        block->length = static_cast<int>(n);
-    } else {
-        ky::CopyToNew(*block, p, n);
-    }
+    ky::FillBytes(*block, p, n);
     return *this;
 }

@@ -29,7 +29,7 @@ void* KyBlob::MakeRoom(std::size_t more) {
     if (block == nullptr) block = new KyBlobData;
     const auto capacity = static_cast<std::size_t>(block->capacity);
     if (needed > capacity) {
-        const std::size_t grown = std::min(capacity + capacity / 2, ky::kMostBlobBytes);
+        const std::size_t grown = std::min(2 * capacity, ky::kMostBlobBytes);
         if (!ky::MoveToLarger(*block, needed, std::max(needed, grown))) return nullptr;
     }
     block->length = static_cast<int>(needed);
@@ -39,6 +39,12 @@ void* KyBlob::MakeRoom(std::size_t more) {
 KyBlob& KyBlob::Append(const void* p, int n) {
     if (p == nullptr || n <= 0) return *this;
     const auto bytes = static_cast<std::size_t>(n);
+    if (block != nullptr && n <= block->capacity - block->length) {
+        std::memmove(ky::Advance(block->data, static_cast<std::size_t>(block->length)), p, bytes);
+        block->length += n;
+        return *this;
+    }
+    // The source moves with the buffer where it lies inside.
     const bool isOwn = block != nullptr && ky::LiesInside(*block, p);
     const std::ptrdiff_t place =
         isOwn ? static_cast<const char*>(p) - static_cast<const char*>(block->data) : std::ptrdiff_t{0};

@@ -38,6 +38,17 @@ std::uint64_t TotalOf(const KyBlob* blobs, unsigned count) {
     return total;
 }
 
+/// False where there was no memory.
+bool Fill(KyBlob& blob, const void* bytes, std::uint32_t length) {
+    KyBlobData* const block = ky::BlockOf(blob);
+    if (block != nullptr) {
+        ky::FillBytes(*block, bytes, length);
+    } else {
+        blob.SetTo(bytes, static_cast<int>(length));
+    }
+    return static_cast<std::uint32_t>(blob.Length()) == length;
+}
+
 /// A walk over the elements of a record, as far as it is there.
 class ElementWalk {
 public:
@@ -114,9 +125,7 @@ unsigned LoadWithin(KyBlob* blobs, const void* src, std::uint64_t size, unsigned
             blobs[i].SetNullValue();
             continue;
         }
-        if (length > ky::kMostBlobBytes || length > left) return 0;
-        blobs[i].SetTo(at, static_cast<int>(length));
-        if (static_cast<std::uint32_t>(blobs[i].Length()) != length) return 0;
+        if (length > ky::kMostBlobBytes || length > left || !Fill(blobs[i], at, length)) return 0;
         at += length;
         left -= length;
     }
@@ -137,12 +146,12 @@ unsigned BlobStore(void* dst, const void* src, unsigned char flag, unsigned coun
     if (total > ky::kMostBlobBytes) return 0;
     unsigned char* at = ky::Advance(dst, kField);
     for (unsigned i = 0; i < count; ++i) {
-        const int length = blobs[i].Length();
-        const bool isNull = blobs[i].IsNullValue() != 0;
-        WriteField(at, isNull ? kNullLength : static_cast<std::uint32_t>(length), form);
+        const KyBlobData* const block = ky::BlockOf(blobs[i]);
+        WriteField(at, block != nullptr ? static_cast<std::uint32_t>(block->length) : kNullLength, form);
         at += kField;
-        ky::CopyBytes(at, blobs[i].Seek(0, length), static_cast<std::size_t>(length));
-        at += length;
+        if (block == nullptr) continue;
+        ky::CopyBytes(at, block->data, static_cast<std::size_t>(block->length));
+        at += block->length;
     }
     WriteField(dst, static_cast<std::uint32_t>(total), form);
     return static_cast<unsigned>(kField + total);
@@ -176,7 +185,9 @@ int BlobCompare(unsigned char flag, unsigned len1, void* a, unsigned len2, void*
     const std::size_t visited =
         std::min(ky::ElementsInside(len1, sizeof(KyBlob), count), ky::ElementsInside(len2, sizeof(KyBlob), count));
     int order = 0;
-    for (std::size_t i = 0; i < visited && order == 0; ++i) order = x[i] != y[i];
+    for (std::size_t i = 0; i < visited && order == 0; ++i) {
+        order = ky::OrderBlocks(ky::BlockOf(x[i]), ky::BlockOf(y[i]));
+    }
     return order;
 }
 

@@ -1,17 +1,12 @@
 #include "kyseal.h"
 
-#include <cstdint>
-
+#include "kyobjid.h"
 #include "kystring.h"
-#include "raw_bytes.h"
 
 void KySeal::ConvertFrom(const KyObjId& id) {
-    // The object number's low 32 bits stand behind the block part, its high 16 behind them.
-    const auto* fields = reinterpret_cast<const unsigned char*>(&id);
-    const auto numberLow = ky::LoadAs<std::uint32_t>(fields + 4);
-    high = ky::LoadAs<std::uint16_t>(fields + 8);
-    middle = static_cast<unsigned short>(numberLow >> 16);
-    low = static_cast<unsigned short>(numberLow);
+    high = id.H;
+    middle = static_cast<unsigned short>(id.L >> 16);
+    low = static_cast<unsigned short>(id.L);
 }
 
 void KySeal::ScanFromKyString(const KyString& text) {

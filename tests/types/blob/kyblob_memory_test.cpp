@@ -163,7 +163,7 @@ TEST_F(BlobMemory, WithoutMemoryConstructionGivesAnEmptyBlob) {
 TEST_F(BlobMemory, WhereThereIsNoRoomToGrowTheSizeItselfIsTaken) {
     KyBlob blob = BlobOf(Counted(800));
     const Shortage shortage(1000);
-    blob.Append("xyz", 3);  // with room to spare it would be 1200
+    blob.Append("xyz", 3);  // with room to spare it would be 1600
     EXPECT_EQ(blob.Length(), 803);
     EXPECT_TRUE(wanted.empty());
 }

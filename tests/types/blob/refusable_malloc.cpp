@@ -6,12 +6,13 @@ constinit std::ptrdiff_t buffersHeld = 0;
 constinit std::size_t buffersTaken = 0;
 constinit std::size_t largestBuffer = SIZE_MAX;
 
-// By these names the linker puts them in front of the C library's. NOLINTBEGIN(bugprone-reserved-identifier)
+// By these names the linker puts them in front of the C library's, for shared libraries, too.
+// NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" {
 void* __real_malloc(std::size_t size);
 void __real_free(void* block);
 
-void* __wrap_malloc(std::size_t size) {
+[[gnu::visibility("default")]] void* __wrap_malloc(std::size_t size) {
     if (size > largestBuffer) return nullptr;
     void* block = __real_malloc(size);
     if (block != nullptr) {
@@ -21,7 +22,7 @@ void* __wrap_malloc(std::size_t size) {
     return block;
 }
 
-void __wrap_free(void* block) {
+[[gnu::visibility("default")]] void __wrap_free(void* block) {
     if (block != nullptr) --buffersHeld;
     __real_free(block);
 }

@@ -9,8 +9,8 @@
 #include <type_traits>
 #include <vector>
 
+#include "kyobjid.h"
 #include "kystring.h"
-#include "support/hex.h"
 
 namespace {
 
@@ -114,12 +114,12 @@ TEST(Seal, OrdersAsItsNumbers) {
 }
 
 TEST(Seal, TakesTheNumberOfAnObject) {
-    // Block part 0xAABBCCDD, number 0x0102 and 0x03040506, and what is behind it in a reference.
-    const unsigned char object[] = {0xDD, 0xCC, 0xBB, 0xAA, 0x06, 0x05, 0x04, 0x03, 0x02, 0x01, 0xEE, 0xEE};
-    alignas(8) unsigned char memory[sizeof object];
-    std::memcpy(memory, object, sizeof object);
+    KyObjId object;
+    object.B = 0xAABBCCDD;
+    object.L = 0x03040506;
+    object.H = 0x0102;
     KySeal seal;
-    seal.ConvertFrom(*reinterpret_cast<const KyObjId*>(memory));
+    seal.ConvertFrom(object);
     EXPECT_EQ(NumberOf(seal), 0x010203040506);
 }
 

@@ -42,5 +42,7 @@ void Give(void* block) {
 [[gnu::noinline]] void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return TakeOrNull(size); }
 [[gnu::noinline]] void operator delete(void* block) noexcept { Give(block); }
 [[gnu::noinline]] void operator delete[](void* block) noexcept { Give(block); }
+[[gnu::noinline]] void operator delete(void* block, const std::nothrow_t&) noexcept { Give(block); }
+[[gnu::noinline]] void operator delete[](void* block, const std::nothrow_t&) noexcept { Give(block); }
 [[gnu::noinline]] void operator delete(void* block, std::size_t) noexcept { Give(block); }
 [[gnu::noinline]] void operator delete[](void* block, std::size_t) noexcept { Give(block); }
