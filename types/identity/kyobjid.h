@@ -56,7 +56,7 @@ public:
     constexpr KyObjId(unsigned int block, unsigned int low, unsigned short high) : B(block), L(low), H(high) {}
     constexpr KyObjId(const KyObjId&) = default;
     /// Field by field: behind H may stand the next field of a reference.
-    // NOLINTNEXTLINE(modernize-use-equals-default,bugprone-unhandled-self-assignment)
+    // NOLINTNEXTLINE(bugprone-unhandled-self-assignment,cert-oop54-cpp)
     constexpr KyObjId& operator=(const KyObjId& other) {
         B = other.B;
         L = other.L;

@@ -201,6 +201,14 @@ TEST(IdentifierScan, ObjectIds) {
     }
 }
 
+TEST(IdentifierScan, StopsAtTheEndOfTheText) {
+    KyString text("5#77");
+    text.StrGet()[1] = 0;
+    KyObjId id;
+    id.ScanFromKyString(text, "xx%L");
+    EXPECT_EQ(id.L, 0u) << "what stands behind the terminator";
+}
+
 TEST(IdentifierScan, ClassIdsAndReferences) {
     KyClassId id(7, 7);
     KyString text("(8v9)");
