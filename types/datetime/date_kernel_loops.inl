@@ -23,11 +23,11 @@ struct HashStep {
 
     KY_KERNEL_TARGET explicit HashStep(const HashPlan& plan)
         : index(LoadVector(plan.index.data())), signs(LoadVector(plan.signs.data())) {}
-    /// A byte that is widened with its sign takes twice its sign bit from what stands above it.
-    KY_KERNEL_TARGET void XorInto(Words& sum, Vector elements) const {
+    /// With its sign bit turned over, a byte that is widened is too large by what the bit was worth.
+    KY_KERNEL_TARGET Words Of(Vector elements) const {
         const auto words = reinterpret_cast<Words>(PermuteOrZero(elements, index));
-        const Words negative = words & reinterpret_cast<Words>(signs);
-        sum ^= words - (negative + negative);
+        const auto bits = reinterpret_cast<Words>(signs);
+        return (words ^ bits) - bits;
     }
 };
 
@@ -53,18 +53,16 @@ KY_KERNEL_TARGET inline std::uint32_t Hash(DateRecord record, DateForm form, con
     const std::size_t bytes = plan.elements * plan.from;
     const unsigned char* from = Advance(data, 0);
     std::size_t left = count * plan.from;
-    Words sums[2] = {};
+    Words sum = {};
     for (; left >= sizeof(Vector) + bytes; left -= 2 * bytes) {
-        step.XorInto(sums[0], LoadVector(from));
-        step.XorInto(sums[1], LoadVector(from + bytes));
+        sum ^= step.Of(LoadVector(from)) ^ step.Of(LoadVector(from + bytes));
         from += 2 * bytes;
     }
     if (left >= sizeof(Vector)) {
-        step.XorInto(sums[0], LoadVector(from));
+        sum ^= step.Of(LoadVector(from));
         from += bytes;
         left -= bytes;
     }
-    sums[0] ^= sums[1];
-    HashRest(plan, record, form, step, sums[0], from, left / plan.from);
-    return XorOf(sums[0]);
+    HashRest(plan, record, form, step, sum, from, left / plan.from);
+    return XorOf(sum);
 }

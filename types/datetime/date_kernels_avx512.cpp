@@ -24,7 +24,7 @@ KY_KERNEL_TARGET inline void HashRest(const HashPlan& plan, DateRecord, DateForm
                                       const unsigned char* from, std::size_t count) {
     while (count != 0) {
         const std::size_t some = std::min(count, plan.elements);
-        step.XorInto(sum, _mm512_maskz_loadu_epi8(FirstBytes(some * plan.from), from));
+        sum ^= step.Of(_mm512_maskz_loadu_epi8(FirstBytes(some * plan.from), from));
         from += some * plan.from;
         count -= some;
     }

@@ -101,14 +101,13 @@ TEST(DateShare, AgreesWithTheSlowTwin) {
     const auto sample = [&random] { return DateSamples()[random() % DateSamples().size()]; };
     for (const DateType& type : DateTypes()) {
         for (int round = 0; round < 20000 / kFewerCases; ++round) {
-            const SlowDate value = sample();
-            const SlowDate lower = sample();
-            const SlowDate upper = sample();
+            const SlowDate value = OwnFields(type, sample());
+            const SlowDate lower = OwnFields(type, sample());
+            const SlowDate upper = OwnFields(type, sample());
             const SlowDate* const from = round % 5 == 0 ? nullptr : &lower;
             const SlowDate* const to = round % 7 == 0 ? nullptr : &upper;
             const auto op = static_cast<unsigned short>(random() % 8 | 0x10);
-            ASSERT_EQ(Share(type, op, value, from, to, KyFormReversed),
-                      SlowDateShare(type.shape, op, OwnFields(type, value), from, to))
+            ASSERT_EQ(Share(type, op, value, from, to, KyFormReversed), SlowDateShare(type.shape, op, value, from, to))
                 << type.Name() << ' ' << op << ' ' << testing::PrintToString(value) << testing::PrintToString(lower)
                 << testing::PrintToString(upper);
         }
