@@ -275,6 +275,36 @@ TEST(DatePrint, BadFormats) {
     });
 }
 
+TEST(DatePrint, PartsWithMoreDigitsThanUsual) {
+    Check({
+        {{9999, 99, 99, 99, 99, 99, 999999999}, "%X", "9999-99-99T99:99:99.999999999"},
+        {{10000, 5, 7}, "%Y-%m-%d", "10000-05-07"},
+        {{2024, 100, 7}, "%Y-%m-%d", "2024-100-07"},
+        {{2024, 5, 100}, "%Y-%m-%d", "2024-05-100"},
+        {{10000, 5, 7}, "%a %e.%b %Y", "Sun 07.May 10000"},
+        {{2024, 5, 100}, "%a %b %e", "Thu May 100"},
+        {{.hour = 100}, "%H:%M:%S", "100:00:00"},
+        {{.minute = 100}, "%H:%M:%S", "00:100:00"},
+        {{.second = 100}, "%H:%M:%S", "00:00:100"},
+        {{.second = 100, .nanoseconds = 1000}, "%H:%M:%f", "00:00:100.000001"},
+        {{.nanoseconds = 1000000000}, "%H:%M:%f", "00:00:01.000"},
+        {{.nanoseconds = -1000}, "%H:%M:%f", "00:00:-0.000001"},
+    });
+}
+
+TEST(DatePrint, WeekdaysAreThoseOfDates) {
+    for (int year = -500; year <= 11000; ++year) {
+        for (int month = -1; month <= 14; ++month) {
+            for (const int day : {-128, -2, -1, 0, 1, 15, 28, 31, 99, 100, 127}) {
+                const KyDate date(static_cast<short>(year), static_cast<signed char>(month),
+                                  static_cast<signed char>(day));
+                ASSERT_EQ(ky::kKyDatePrint.weekday({year, month, day}), date.GetDayOfTheDate())
+                    << year << '-' << month << '-' << day;
+            }
+        }
+    }
+}
+
 TEST(DatePrint, FormatsOfAnyLengthGrow) {
     std::string format;
     std::string text;
