@@ -83,6 +83,16 @@ show cmp KyNull_int "{NULL}" -2147483648
 show cmp KyNull_double "{NULL}" NaN
 
 echo
+echo "== Dates, times and spans =="
+show now
+show show KyDate "Fri 17.May 2024" "{NULL}"
+show show KyDateTimeN 2024-02-29T23:59:59.999999999
+show show KyTimeSpan 45.10:20:30.5
+show show d_Interval "3 days, 4 hours, 5 minutes, 6 seconds"
+show cmp KyDate 2024-05-17 "*-05-*" --format %Y-%m-%d --op 0
+show cmp KyTimeSpan 31.00:00:00 29.23:59:59
+
+echo
 echo "== Numbers: the code points of $characters, in the order of the characters' names =="
 LC_ALL=C sort -s -t ';' -k 2,2 "$characters" | awk -F ';' '
     { value = 0
@@ -153,6 +163,18 @@ echo "== Truth values: which of its characters are mirrored, in the order of the
 LC_ALL=C sort -s -t ';' -k 2,2 "$characters" | cut -d ';' -f 10 | tr YN TF >"$work/mirrored"
 LC_ALL=C sort -s "$work/mirrored" >"$work/mirrored.up"
 compare "against sort" KyBoolean "$work/mirrored" "$work/mirrored.up"
+
+echo
+echo "== Dates: the code points of its characters as days and as hours since 1970, in the order of their names =="
+awk '{ printf "@%d\n", $1 * 86400 }' "$work/codes" | LC_ALL=C date -u -f - +%Y-%m-%d >"$work/days"
+LC_ALL=C sort -s "$work/days" >"$work/days.up"
+LC_ALL=C sort -s -r "$work/days" >"$work/days.down"
+compare "against sort" KyDate "$work/days" "$work/days.up" --format %Y-%m-%d
+compare "against sort -r" d_Date "$work/days" "$work/days.down" --format %Y-%m-%d --reverse
+awk '{ printf "@%d\n", $1 * 3600 + 1 }' "$work/codes" | LC_ALL=C date -u -f - +%Y-%m-%dT%H:%M:%S >"$work/hours"
+LC_ALL=C sort -s "$work/hours" >"$work/hours.up"
+compare "against sort" KyDateTimeN "$work/hours" "$work/hours.up"
+compare "against sort" KyDateTime "$work/hours" "$work/hours.up" --format %O
 
 echo
 echo "== Words: $words =="

@@ -28,6 +28,12 @@ struct LanguagesOptions {
 };
 ExitStatus ListLanguages(const LanguagesOptions& options, Output& out);
 
+struct NowOptions {
+    std::optional<std::string> format;
+    bool json = false;
+};
+ExitStatus ShowNow(const NowOptions& options, Output& out);
+
 struct ShowOptions {
     std::string type;
     std::vector<std::string> values;

@@ -85,6 +85,7 @@ public:
         app.set_version_flag("--version", "kytm " KYTM_VERSION);
         app.require_subcommand(1);
         AddLists();
+        AddNow();
         AddShow();
         AddCompare();
         AddSort();
@@ -100,6 +101,10 @@ public:
         if (typesCommand->parsed()) return ListTypes(types, out);
         if (languagesCommand->parsed()) return ListLanguages(languages, out);
         if (codeSetsCommand->parsed()) return ListCodeSets(codeSets, out);
+        if (nowCommand->parsed()) {
+            UnshieldAll(now.format);
+            return ShowNow(now, out);
+        }
         if (showCommand->parsed()) {
             UnshieldAll(show.type, show.texts, show.format);
             for (std::string& value : show.values) Unshield(value);
@@ -122,6 +127,7 @@ private:
     CLI::App* typesCommand = nullptr;
     CLI::App* languagesCommand = nullptr;
     CLI::App* codeSetsCommand = nullptr;
+    CLI::App* nowCommand = nullptr;
     CLI::App* showCommand = nullptr;
     CLI::App* compareCommand = nullptr;
     CLI::App* sortCommand = nullptr;
@@ -129,6 +135,7 @@ private:
     TypesOptions types;
     LanguagesOptions languages;
     CodeSetsOptions codeSets;
+    NowOptions now;
     ShowOptions show;
     CompareOptions compare;
     SortOptions sort;
@@ -141,6 +148,12 @@ private:
         languagesCommand->add_flag("--json", languages.json, "As a JSON array");
         codeSetsCommand = app.add_subcommand("codesets", "List all code sets that strings can be in");
         codeSetsCommand->add_flag("--json", codeSets.json, "As a JSON array");
+    }
+
+    void AddNow() {
+        nowCommand = app.add_subcommand("now", "Print the clock in every date and time type, in local time and in UTC");
+        nowCommand->add_option("--format", now.format, "Print by this format")->type_name("F");
+        nowCommand->add_flag("--json", now.json, "As a JSON array");
     }
 
     void AddShow() {

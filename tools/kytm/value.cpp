@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "compare_word.h"
+#include "date_texts.h"
 #include "identifier_shape.h"
 #include "kyblob.h"
 #include "kyseal.h"
@@ -25,6 +26,8 @@ constexpr char kNoValue[] = "no value can be read from it";
 constexpr char kNoNumber[] = "it is no number as a whole";
 constexpr char kNoCharacter[] = "it is not one character";
 constexpr char kOtherForm[] = "it does not have the form of the format";
+constexpr char kTooShort[] = "it ends before its format does";
+constexpr char kOtherNumbers[] = "its numbers are not those of a value of the type";
 constexpr char kTooLarge[] = "the number does not fit in the type";
 constexpr char kTooLong[] = "it is longer than 65531 bytes";
 constexpr char kZeroByte[] = "it holds a zero byte";
@@ -109,6 +112,7 @@ const char* Scanner::Scan(std::string_view text, void* value) {
     if (id == KySEAL_T) return ScanSeal(text, value);
     if (!isFixed) return ScanInto(text, value) ? nullptr : kNoDigits;
     if (IsIdentifier(id) && !isNullText) return ScanIdentifier(text, value);
+    if (IsDateType(id) && !isNullText) return ScanDate(text, value);
     if (!number || isNullText || (hasNull && text.empty())) return ScanTwice(text, value);
     return ScanNumber(text, value);
 }
@@ -193,10 +197,29 @@ const char* Scanner::ScanTwice(std::string_view text, void* value) {
     return CompareExactly(id, value, second[0]) == 0 ? nullptr : kNoValue;
 }
 
-/// False when the type reports that it could not.
-bool Scanner::ScanInto(std::string_view text, void* value) {
+const char* Scanner::ScanDate(std::string_view text, void* value) {
+    std::memset(value, 0, memoryBytes);
+    if (!ScanInto(text, value)) return kTooShort;
+    if (!DateEndsWithText(text)) return kOtherForm;
+    return SameNumbers(text, PrintValue(id, value, format, form)) ? nullptr : kOtherNumbers;
+}
+
+/// The scanner does not tell how far it read. A number behind the text, read by a directive behind the format, makes a
+/// difference only when the scanner comes to where the text ends.
+bool Scanner::DateEndsWithText(std::string_view text) {
+    const bool hasDay = id != KyTIME_T && id != D_TIME_T;
+    const std::string longerFormat =
+        std::string(format != nullptr ? format : PrintFormat(id)) + (hasDay ? "~%d" : "~%S");
+    const Values first(id, 1);
+    std::memset(second[0], 0, memoryBytes);
+    ScanInto(std::string(text) + "~11", first[0], longerFormat.c_str());
+    ScanInto(std::string(text) + "~22", second[0], longerFormat.c_str());
+    return CompareExactly(id, first[0], second[0]) != 0;
+}
+
+bool Scanner::ScanInto(std::string_view text, void* value, const char* byFormat) {
     KyString content(text.data(), static_cast<unsigned short>(text.size()));
-    return Manager().ScanFromKyString(id, value, content, format, 1) != nullptr;
+    return Manager().ScanFromKyString(id, value, content, byFormat, 1) != nullptr;
 }
 
 /// A number whose bits are all ones orders before 0.

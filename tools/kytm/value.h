@@ -49,7 +49,10 @@ private:
 /// 4. Identifiers: beside blanks and parentheses the text is what the format describes, and each number fits its field.
 /// 5. Seals: the text as a whole is a number from 0 to 281474976710655.
 /// 6. Blobs: the type's scan reports; the text is pairs of hexadecimal digits or that of null.
-/// 7. All other types of fixed size: the text is scanned into two values, one of all-zero and one of all-one bytes
+/// 7. Dates, times and spans: the scan is not cut short by the text's end and comes to that end, and the numbers of the
+///    value's own text are those of the given one. So a text is refused that the type holds only in part, and a
+///    number that its field cannot hold.
+/// 8. All other types of fixed size: the text is scanned into two values, one of all-zero and one of all-one bytes
 ///    before. What the text does not determine stays different in the two.
 class Scanner {
 public:
@@ -76,15 +79,19 @@ private:
     bool isSigned = false;
     unsigned memoryBytes;
     unsigned numberBytes = 0;  ///< of the number inside a value
-    Values second;             ///< the other value of test 7
+    Values second;             ///< the other value of tests 7 and 8
 
     const char* ScanNumber(std::string_view text, void* value);
     const char* ScanWhole(std::string_view digits, std::string_view text, void* value, int base);
     const char* ScanIdentifier(std::string_view text, void* value);
     const char* ScanSeal(std::string_view text, void* value);
     const char* ScanTwice(std::string_view text, void* value);
+    const char* ScanDate(std::string_view text, void* value);
+    bool DateEndsWithText(std::string_view text);
     bool FitsRange(const WholeNumber& given, int base) const;
-    bool ScanInto(std::string_view text, void* value);
+    /// By the format in use; false when the row's function says that the scan failed.
+    bool ScanInto(std::string_view text, void* value) { return ScanInto(text, value, format); }
+    bool ScanInto(std::string_view text, void* value, const char* byFormat);
     bool TypeIsSigned();
 };
 
