@@ -43,14 +43,16 @@ constexpr d_Date::d_Date(short aYear, unsigned short dayOfYear) : d_Date(aYear, 
 // The factors 365.25, 30.6001 and 36524.25 and the offset 122.1 as fractions: every quotient that is truncated is
 // either whole or further from a whole number than a double would round it.
 
+// Without branches, so that loops over it are vectorised; the centuries count only in years that are not negative.
 constexpr int d_Date::getAbsDate() const {
-    const bool early = monthNumber < 3;
-    const int m = monthNumber + (early ? 13 : 1);
-    const int y = yearNumber - (early ? 1 : 0);
-    const int julian = 1461 * y / 4 + 306001 * m / 10000 + dayNumber + 1720994;
-    if (julian < 2299170) return julian;
-    const int century = y / 100;
-    return julian + 2 - century + century / 4;
+    const int early = monthNumber < 3 ? 1 : 0;
+    const int m = monthNumber + 1 + 12 * early;
+    const int y = yearNumber - early;
+    const int julian =
+        1461 * y / 4 + static_cast<int>(306001U * static_cast<unsigned>(m) / 10000) + dayNumber + 1720994;
+    const auto century = static_cast<int>(static_cast<unsigned>(y) / 100);
+    const int gregorian = julian + 2 - century + century / 4;
+    return julian < 2299170 ? julian : gregorian;
 }
 
 constexpr d_Date& d_Date::setAbsDate(int absDate) {

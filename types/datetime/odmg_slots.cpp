@@ -3,6 +3,7 @@
 #include "date_arrays.h"
 #include "date_bounds.h"
 #include "odmg_fields.h"
+#include "odmg_kernels.h"
 
 namespace {
 
@@ -27,15 +28,21 @@ int TimeDifference(const void* a, const void* b) { return ky::ReadOdmgTime(a) !=
 
 int OrderStoredTimes(const void* a, const void* b) { return Order(TimeDifference(a, b), 0); }
 
-template <class HashWordAt>
-unsigned HashOf(std::size_t stride, unsigned len, void* data, unsigned count, int& err, HashWordAt wordAt) {
+/// `xorWords` combines the words of so many elements.
+template <class XorWords>
+unsigned HashOf(std::size_t stride, unsigned len, unsigned count, int& err, XorWords xorWords) {
     err = 0;
     if (count == 0) return 0;
     const std::size_t visited = ky::ElementsThatFit(len, stride, count);
     err = ky::BufferEndError(visited, visited, count);
+    return ky::kHashFactor * xorWords(visited);
+}
+
+template <class HashWordAt>
+std::uint32_t XorOf(const void* data, std::size_t stride, std::size_t count, HashWordAt wordAt) {
     std::uint32_t words = 0;
-    for (std::size_t i = 0; i < visited; ++i) words ^= wordAt(Advance(data, i * stride));
-    return ky::kHashFactor * words;
+    for (std::size_t i = 0; i < count; ++i) words ^= wordAt(Advance(data, i * stride));
+    return words;
 }
 
 struct DateMeasure {
@@ -108,19 +115,23 @@ int d_TimestampCompare(unsigned char flag, unsigned len1, void* a, unsigned len2
 
 unsigned d_DateHash(unsigned char flag, unsigned len, void* data, unsigned count, int& err) {
     const bool reversed = ky::IsReversedForm(flag);
-    return HashOf(ky::kOdmgDateBytes, len, data, count, err,
-                  [=](const void* date) { return ky::HashWordOf(ky::ReadOdmgDate(date, reversed)); });
+    return HashOf(ky::kOdmgDateBytes, len, count, err,
+                  [=](std::size_t visited) { return ky::XorDayNumbers(data, visited, reversed); });
 }
 
 unsigned d_TimeHash(unsigned char, unsigned len, void* data, unsigned count, int& err) {
-    return HashOf(ky::kOdmgTimeBytes, len, data, count, err,
-                  [](const void* time) { return ky::HashWordOf(ky::ReadOdmgTime(time)); });
+    return HashOf(ky::kOdmgTimeBytes, len, count, err, [data](std::size_t visited) {
+        return XorOf(data, ky::kOdmgTimeBytes, visited,
+                     [](const void* time) { return ky::HashWordOf(ky::ReadOdmgTime(time)); });
+    });
 }
 
 unsigned d_TimestampHash(unsigned char flag, unsigned len, void* data, unsigned count, int& err) {
     const bool reversed = ky::IsReversedForm(flag);
-    return HashOf(ky::kOdmgTimestampBytes, len, data, count, err,
-                  [=](const void* stamp) { return ky::HashWordOf(ky::ReadOdmgTimestamp(stamp, reversed)); });
+    return HashOf(ky::kOdmgTimestampBytes, len, count, err, [=](std::size_t visited) {
+        return XorOf(data, ky::kOdmgTimestampBytes, visited,
+                     [=](const void* stamp) { return ky::HashWordOf(ky::ReadOdmgTimestamp(stamp, reversed)); });
+    });
 }
 
 float d_DateEvalAndBound(KyIdxBounds* bounds, unsigned short& op, void* value, unsigned char flag, unsigned count,

@@ -18,6 +18,7 @@ set(folder_sources
   kyodmg.cpp
   kyodmg_overlaps.cpp
   odmg_getvalue.cpp
+  odmg_kernels.cpp
   odmg_rows.cpp
   odmg_slots.cpp
   odmg_store.cpp

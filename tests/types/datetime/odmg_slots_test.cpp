@@ -7,6 +7,7 @@
 #include <random>
 
 #include "kybase.h"
+#include "odmg_kernels.h"
 #include "odmg_samples.h"
 #include "oracle/slow_odmg.h"
 #include "support/fewer_cases.h"
@@ -441,6 +442,32 @@ TEST(OdmgHash, ElementsAreCombinedBeforeOneMultiplication) {
         }
     }
     EXPECT_EQ(HashIn<d_Date>(Kyd_DateTab, KyFormReversed, {{2024, 5, 7}, {2024, 5, 7}}), 0U);
+}
+
+TEST(OdmgHash, EveryVariantNumbersEveryDate) {
+    ASSERT_GE(ky::RunnableOdmgKernels(), 1);
+    // All years of a month in one call, ending at an inaccessible page; a wrong number cannot hide behind another one.
+    for (int variant = 0; variant < ky::RunnableOdmgKernels(); ++variant) {
+        for (unsigned month = 0; month < 256; month += kFewerCases) {
+            GuardedBuffer native(4 * 61);
+            GuardedBuffer reversed(4 * 61);
+            for (int first = -32768; first < 32767; first += 61) {
+                std::uint32_t expected = 0;
+                for (std::size_t i = 0; i < 61; ++i) {
+                    const auto year = static_cast<short>(first + static_cast<int>(i));
+                    const auto low = static_cast<unsigned char>(year);
+                    const auto high = static_cast<unsigned char>(static_cast<unsigned short>(year) >> 8);
+                    const unsigned char bytes[] = {low, high, static_cast<unsigned char>(month), 31};
+                    const unsigned char swapped[] = {high, low, static_cast<unsigned char>(month), 31};
+                    std::memcpy(native.data() + 4 * i, bytes, 4);
+                    std::memcpy(reversed.data() + 4 * i, swapped, 4);
+                    expected ^= static_cast<std::uint32_t>(slow_odmg::AbsDate(year, static_cast<int>(month), 31));
+                }
+                ASSERT_EQ(ky::kOdmgKernels[variant](native.data(), 61, false), expected) << first << ' ' << month;
+                ASSERT_EQ(ky::kOdmgKernels[variant](reversed.data(), 61, true), expected) << first << ' ' << month;
+            }
+        }
+    }
 }
 
 }  // namespace
