@@ -141,7 +141,7 @@ void Register(const std::string& name, char id, double hashShare) {
 
 const bench::AtStart here([] {
     Register<d_Date>("d_Date", D_DATE_T, 3.0);
-    Register<d_Timestamp>("d_Timestamp", D_TIMESTAMP_T, 0.8);
+    Register<d_Timestamp>("d_Timestamp", D_TIMESTAMP_T, 0.6);
 });
 
 }  // namespace
