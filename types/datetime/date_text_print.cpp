@@ -23,9 +23,13 @@ char* Put(char* at, char c) {
 }
 
 char* PutShortName(char* at, const char* name) {
-    const char* const end = ShortNameEnd(name);
-    for (unsigned i = 0; i < kShortName && name + i != end; ++i) at[i] = name[i];
-    return at + (end - name);
+    static_assert(kShortName == 3);
+    at[0] = name[0];
+    if (name[0] == 0) return at;
+    at[1] = name[1];
+    if (name[1] == 0) return at + 1;
+    at[2] = name[2];
+    return name[2] == 0 ? at + 2 : at + 3;
 }
 
 char* PutNumericDate(char* at, const DateTimeParts& parts) {
@@ -37,8 +41,24 @@ char* PutNumericDate(char* at, const DateTimeParts& parts) {
 
 bool HasNames(const DateTimeParts& parts) { return IsBelow(parts.month - 1, 12) && IsBelow(parts.day, 100); }
 
+/// `KyDate`'s weekday; by the same congruence without its general case where that gives the calendar's.
+int KyDateWeekday(const DateTimeParts& parts) {
+    if (parts.year >= 1 && parts.year < 4600 && IsBelow(parts.month - 1, 12) && IsBelow(parts.day, 100)) {
+        constexpr unsigned char kDaysBeforeMonth[] = {0, 3, 2, 5, 0, 3, 5, 1, 4, 6, 2, 4};  // from March on, modulo 7
+        const auto year = static_cast<unsigned>(parts.year - (parts.month < 3 ? 1 : 0));
+        const unsigned century = year / 100;
+        const auto day = static_cast<unsigned>(parts.day) + kDaysBeforeMonth[parts.month - 1];
+        return static_cast<int>((year + year / 4 - century + century / 4 + day + 6) % 7);
+    }
+    return KyDate(static_cast<short>(parts.year), static_cast<signed char>(parts.month),
+                  static_cast<signed char>(parts.day))
+        .GetDayOfTheDate();
+}
+
 char* PutWeekday(char* at, const DateTimeParts& parts, const DatePrintRules& rules) {
-    return Put(PutShortName(at, ky_weekdays[rules.weekday(parts)]), ' ');
+    // A call less for most types.
+    const int weekday = rules.weekday == &KyDateWeekday ? KyDateWeekday(parts) : rules.weekday(parts);
+    return Put(PutShortName(at, ky_weekdays[weekday]), ' ');
 }
 
 char* PutNamedDate(char* at, const DateTimeParts& parts, const DatePrintRules& rules) {
@@ -98,20 +118,6 @@ char* PutPieces(char* at, FormatPieces format, const DateTimeParts& parts, const
     if (at == nullptr) return nullptr;
     if (format.Between() != 0) at = Put(at, format.Between());
     return PutTime(at, format.Time(), parts, rules);
-}
-
-/// `KyDate`'s weekday; by the same congruence without its general case where that gives the calendar's.
-int KyDateWeekday(const DateTimeParts& parts) {
-    if (parts.year >= 1 && parts.year < 4600 && IsBelow(parts.month - 1, 12) && IsBelow(parts.day, 100)) {
-        constexpr unsigned char kDaysBeforeMonth[] = {0, 3, 2, 5, 0, 3, 5, 1, 4, 6, 2, 4};  // from March on, modulo 7
-        const auto year = static_cast<unsigned>(parts.year - (parts.month < 3 ? 1 : 0));
-        const unsigned century = year / 100;
-        const auto day = static_cast<unsigned>(parts.day) + kDaysBeforeMonth[parts.month - 1];
-        return static_cast<int>((year + year / 4 - century + century / 4 + day + 6) % 7);
-    }
-    return KyDate(static_cast<short>(parts.year), static_cast<signed char>(parts.month),
-                  static_cast<signed char>(parts.day))
-        .GetDayOfTheDate();
 }
 
 }  // namespace
