@@ -14,8 +14,8 @@ namespace ky {
 
 inline constexpr std::size_t kCountHeader = sizeof(std::size_t);
 
-/// Objects as one is default-constructed: one, at the least. Null when there is no memory; what a constructor throws goes
-/// on to the caller.
+/// Objects as one is default-constructed: one, at the least. Null when there is no memory; what a constructor throws
+/// goes on to the caller.
 template <class Object>
 void* CountedCreate(unsigned count) {
     static_assert(alignof(Object) <= kCountHeader);
@@ -28,7 +28,7 @@ void* CountedCreate(unsigned count) {
     StoreAs<std::size_t>(block.get(), count);
     unsigned char* values = Advance(block.get(), kCountHeader);
     std::uninitialized_fill_n(reinterpret_cast<Object*>(values), count, Object());
-    block.release();
+    static_cast<void>(block.release());
     return values;
 }
 
