@@ -157,6 +157,8 @@ TEST(KyTimeSpan, Kept_DifferenceByTheCalendar) {
         {Days(0, 12, 0), Days(0, 0, 0), Days(1, 0, 6)},
         {KyTimeSpan(0, 0, 2, 0, 0, 0, 0), KyTimeSpan(0, 0, 1, 23, 59, 59, 500000000),
          KyTimeSpan(0, 0, 1, 0, 0, 0, 500000000)},
+        // The day before the first of a month is the last of the one before: no day is left to borrow from.
+        {KyTimeSpan(0, 1, 0, 1, 0, 0, 0), KyTimeSpan(0, 0, 31, 2, 0, 0, 0), KyTimeSpan(0, 23, 0, 0, 0)},
         // 23936532 days are 66490 years, of which 16 bits stay.
         {Days(32767, 12, 31), Days(-32768, 1, 1), Days(954, 4, 12)},
     };
