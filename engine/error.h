@@ -15,6 +15,12 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+/// The disk, or what the process may write, has no room for what is to be written. What was committed before stays.
+class NoRoomError : public StoreError {
+public:
+    using StoreError::StoreError;
+};
+
 /// A store whose indexes were ordered by other collation tables: they have to be rebuilt before it can be used.
 class OtherTablesError : public StoreError {
 public:

@@ -5,6 +5,7 @@
 
 #include <lmdb.h>
 
+#include <cerrno>
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -25,6 +26,9 @@ inline void Check(int result, const char* what) {
     if (result == MDB_SUCCESS) return;
     const std::string message = std::string(what) + ": " + mdb_strerror(result);
     if (result == MDB_MAP_FULL) throw FullError(message);
+    // LMDB tells a write that was cut short as EIO.
+    if (result == ENOSPC || result == EDQUOT || result == EFBIG || result == EIO)
+        throw NoRoomError("the file of the store cannot be written, the disk may be full: " + message);
     throw StoreError(message);
 }
 

@@ -194,6 +194,16 @@ void KeyRange::Set(void*& limit, unsigned char& length, Bytes key) {
     length = static_cast<unsigned char>(key.size());
 }
 
+std::vector<const AccessPath*> Scans(const AccessPath& path) {
+    std::vector<const AccessPath*> scans;
+    if (path.kind == AccessPath::Kind::oneIndex) scans.push_back(&path);
+    for (const AccessPath& part : path.parts) {
+        const std::vector<const AccessPath*> inner = Scans(part);
+        scans.insert(scans.end(), inner.begin(), inner.end());
+    }
+    return scans;
+}
+
 AccessPath MakePlan(const Snapshot& snapshot, const Query& query, const std::vector<StoredConstant>& constants) {
     constexpr double worthAnIndex = 0.5;
     AccessPath path = Planner(snapshot, query, constants).Plan(query.where);

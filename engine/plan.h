@@ -55,6 +55,9 @@ struct AccessPath {
     std::vector<AccessPath> parts;  ///< of `severalIndexes`: objects that are in any of them
 };
 
+/// The paths of one index each that a path is made of, in the order in which they are scanned. Refers to `path`.
+std::vector<const AccessPath*> Scans(const AccessPath& path);
+
 /// The path with the smallest share. Above a half it is all objects, which are read faster in their own order.
 /// `constants` in the query's order.
 AccessPath MakePlan(const Snapshot& snapshot, const Query& query, const std::vector<StoredConstant>& constants);

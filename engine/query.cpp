@@ -271,6 +271,8 @@ private:
         do {
             const Token token = tokens.Take();
             SortKey key{.attribute = AttributeAt(token)};
+            const Attribute& attribute = objectClass->attributes[key.attribute];
+            if (const char* why = WhyNotOrdered(attribute.type)) throw TextError(why, token.position);
             if (tokens.TakeIf("desc")) {
                 key.descending = true;
             } else {

@@ -14,8 +14,10 @@ namespace {
 /// The candidates of an access path, one after another.
 class Candidates {
 public:
-    Candidates(const Snapshot& aSnapshot, const Query& aQuery, const std::vector<StoredConstant>& someConstants)
-        : snapshot(aSnapshot), query(aQuery), constants(someConstants) {}
+    /// `someEntries` gets the number of entries read of each scanned index.
+    Candidates(const Snapshot& aSnapshot, const Query& aQuery, const std::vector<StoredConstant>& someConstants,
+               std::vector<std::size_t>& someEntries)
+        : snapshot(aSnapshot), query(aQuery), constants(someConstants), entries(someEntries) {}
 
     /// `visit(object)` says whether to go on.
     template <class Visit>
@@ -46,6 +48,7 @@ private:
     const Snapshot& snapshot;
     const Query& query;
     const std::vector<StoredConstant>& constants;
+    std::vector<std::size_t>& entries;
 
     Object Find(ObjectNumber number) const {
         const Bytes record = snapshot.Find(query.classAt, number);
@@ -68,10 +71,12 @@ private:
     void Scan(const IndexScan& scan, Visit visit) const {
         IndexCursor cursor(snapshot, query.classAt, scan.attribute);
         Bytes known;  // a key that is known to be inside
+        std::size_t& count = entries.emplace_back(0);
         for (auto entry = scan.range.HasLower() ? cursor.FirstFrom(scan.range.Lower()) : cursor.First(); entry;
              entry = cursor.Next()) {
             if (entry->key.data() != known.data() && IsBehind(scan, entry->key)) return;
             known = entry->key;
+            ++count;
             if (!visit(entry->number)) return;
         }
     }
@@ -80,18 +85,30 @@ private:
         const Attribute& attribute = snapshot.Of().GetSchema().Classes()[query.classAt].attributes[scan.attribute];
         if (scan.range.HasUpper() && OrdersBehind(attribute, key, scan.range.Upper(), IndexOperator(*attribute.index)))
             return true;
-        return scan.pattern != nullptr &&
-               OrdersBehind(attribute, key, constants[scan.pattern->constant], scan.pattern->op);
+        return scan.pattern != nullptr && OrdersBehindPattern(attribute, key, *scan.pattern);
     }
 
     /// Keys that were cut say by the error that they are alike as far as they go: what they are of may lie on either
     /// side.
     bool OrdersBehind(const Attribute& attribute, Bytes key, Bytes limit, unsigned short op) const {
         int err = 0;
-        const int order = Types().Cmp(attribute.type, static_cast<unsigned>(key.size()),
-                                      const_cast<unsigned char*>(key.data()), static_cast<unsigned>(limit.size()),
-                                      const_cast<unsigned char*>(limit.data()), op, 1, snapshot.Of().Form(), err);
+        const int order = Order(attribute, key, limit, op, err);
         return order > 0 && (err != KyErrBufferEnd || !IsString(attribute.type));
+    }
+
+    /// A pattern is compared as far as its text before the first wildcard and the key both go, which the error tells
+    /// whatever comes out. What begins like it is one run of a string's keys. Of dictionary strings it need not be:
+    /// among those alike but for accents, the accents decide, and these may come late.
+    bool OrdersBehindPattern(const Attribute& attribute, Bytes key, const Comparison& pattern) const {
+        int err = 0;
+        const int order = Order(attribute, key, constants[pattern.constant], pattern.op, err);
+        return order > 0 && (attribute.type == KySTRING_T || err != KyErrBufferEnd);
+    }
+
+    int Order(const Attribute& attribute, Bytes key, Bytes limit, unsigned short op, int& err) const {
+        return Types().Cmp(attribute.type, static_cast<unsigned>(key.size()), const_cast<unsigned char*>(key.data()),
+                           static_cast<unsigned>(limit.size()), const_cast<unsigned char*>(limit.data()), op, 1,
+                           snapshot.Of().Form(), err);
     }
 };
 
@@ -169,12 +186,19 @@ RunResult PreparedQuery::Run(const Snapshot& snapshot, const AccessPath& path,
     const std::size_t limit = query.limit.value_or(SIZE_MAX);
     std::vector<Object> objects;
     const bool sorts = !query.order.empty();
-    if (limit == 0) return result;
-    Candidates(snapshot, query, constants).ForEach(path, [&](const Object& object) {
+    if (limit == 0) {
+        result.entries.resize(Scans(path).size());
+        result.endedEarly = true;
+        return result;
+    }
+    Candidates(snapshot, query, constants, result.entries).ForEach(path, [&](const Object& object) {
         ++result.visited;
         if (!test.Holds(object.record)) return true;
         ++result.found;
-        if (!sorts) return take(object) && result.found < limit;
+        if (!sorts) {
+            result.endedEarly = !take(object) || result.found >= limit;
+            return !result.endedEarly;
+        }
         objects.push_back(object);
         return true;
     });

@@ -161,10 +161,15 @@ std::optional<std::size_t> FindByName(const std::vector<Named>& all, std::string
 
 bool IsString(char type) { return type == KySTRING_T || type == KyISTRING_T || type == KyCASEISTRING_T; }
 
+const char* WhyNotOrdered(char type) {
+    // Times less than a second apart are equal, and that is no order: x.4 and x.9 are equal, x.9 and the next .4 too.
+    if (type != D_TIME_T && type != D_TIMESTAMP_T) return nullptr;
+    return "times of this type cannot be sorted by: their order does not tell the parts of a second apart";
+}
+
 const char* WhyNotIndexed(const Attribute& attribute) {
     if (attribute.type == KyBLOB_T) return "blobs have no index: they are longer than its keys";
-    // Times less than a second apart are equal, and that is no order: x.4 and x.9 are equal, x.9 and the next .4 too.
-    if (attribute.type == D_TIME_T || attribute.type == D_TIMESTAMP_T)
+    if (WhyNotOrdered(attribute.type) != nullptr)
         return "times of this type have no index: their order does not tell the parts of a second apart";
     if (IsString(attribute.type)) return attribute.count > 1 ? "arrays of strings have no index" : nullptr;
     const unsigned size = Types().DiskLenGet(attribute.type, nullptr, KyFormNative, attribute.count, KyFormMemory);

@@ -73,6 +73,9 @@ private:
 /// Why attributes of this type (and count) have no index; null when they can have one.
 const char* WhyNotIndexed(const Attribute& attribute);
 
+/// Why objects cannot be put in the order of values of this type; null when they can.
+const char* WhyNotOrdered(char type);
+
 /// The types that hold texts: 11, 20, 21.
 bool IsString(char type);
 

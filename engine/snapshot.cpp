@@ -54,6 +54,12 @@ Bytes Snapshot::Find(std::size_t classAt, ObjectNumber number) const {
     return WholeRecord(store->Layout(classAt), value, number);
 }
 
+Bytes Snapshot::Find(const KyObjId& id) const {
+    const auto classAt = ClassOf(id);
+    if (!classAt || *classAt >= store->GetSchema().Classes().size()) return {};
+    return Find(*classAt, NumberOf(id));
+}
+
 ObjectCursor::ObjectCursor(const Snapshot& snapshot, std::size_t classAt)
     : cursor(OpenCursor(snapshot.Handle(), snapshot.Of().Opened(classAt).objects)),
       layout(&snapshot.Of().Layout(classAt)) {}

@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 
+#include "object_id.h"
 #include "store.h"
 
 namespace engine {
@@ -39,6 +40,8 @@ public:
 
     /// The record of an object; empty when there is none. Throws `StoreError` for a record that is broken.
     Bytes Find(std::size_t classAt, ObjectNumber number) const;
+    /// The same by the object's identifier; empty also when it names no class.
+    Bytes Find(const KyObjId& id) const;
 
 private:
     const Store* store;

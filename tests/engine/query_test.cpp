@@ -121,6 +121,22 @@ TEST(ParseQuery, MistakesAreToldWithTheirPlace) {
     }
 }
 
+TEST(ParseQuery, TimesWithoutATotalOrderAreNotSortedBy) {
+    const Schema schema = Schema::Parse("class Event { at d_Timestamp\n hour d_Time\n day d_Date }");
+    for (const char* text : {"Event order by day, at", "Event order by hour desc"}) {
+        try {
+            ParseQuery(schema, text);
+            ADD_FAILURE() << text;
+        } catch (const engine::TextError& error) {
+            EXPECT_STREQ(
+                error.what(),
+                "times of this type cannot be sorted by: their order does not tell the parts of a second apart");
+            EXPECT_EQ(error.Position(), std::string(text).find(text[15] == 'd' ? "at" : "hour"));
+        }
+    }
+    EXPECT_NO_THROW(ParseQuery(schema, "Event where at > \"2024-05-31T00:00:00\" order by day"));
+}
+
 TEST(ParseQuery, BracketsNestToALimit) {
     const auto nested = [](std::size_t depth) {
         return "Word where " + std::string(depth, '(') + "length = 1" + std::string(depth, ')');

@@ -156,6 +156,49 @@ TEST_P(RunTest, VisitsTheNarrowedRangeOnly) {
     EXPECT_EQ(result.visited, 21U);
 }
 
+TEST_P(RunTest, APatternEndsItsScanBehindTheKeysThatBeginLikeIt) {
+    for (const char* condition : {"text = \"ab*\"", "folded = \"ab*\" nocase", "text = \"a?\"", "text = \"B*b\""}) {
+        const std::string text = std::string("Word where ") + condition;
+        const std::string begin = text.substr(0, text.find_first_of("*?")) + "*" + text.substr(text.rfind('"'));
+        const std::size_t alike = Numbers(begin, false).size();
+        const PreparedQuery query(*store, engine::ParseQuery(store->GetSchema(), text), ScanByType);
+        const Snapshot snapshot(*store);
+        const AccessPath path = query.Plan(snapshot);
+        ASSERT_EQ(path.kind, AccessPath::Kind::oneIndex) << text;
+        const engine::RunResult result = query.Run(snapshot, path, [](const Object&) { return true; });
+        EXPECT_EQ(result.visited, alike) << text;
+        ASSERT_EQ(result.entries.size(), 1U);
+        EXPECT_EQ(result.entries[0], result.visited);
+    }
+}
+
+TEST_P(RunTest, TellsTheEntriesOfEachScan) {
+    const PreparedQuery query(
+        *store, engine::ParseQuery(store->GetSchema(), "Word where number = 5 or number = 7 or number > 95"),
+        ScanByType);
+    const Snapshot snapshot(*store);
+    const AccessPath path = query.Plan(snapshot);
+    EXPECT_EQ(engine::Scans(path).size(), 3U);
+    const engine::RunResult result = query.Run(snapshot, path, [](const Object&) { return true; });
+    EXPECT_EQ(result.entries, (std::vector<std::size_t>{21, 21, 40}));
+    EXPECT_FALSE(result.endedEarly);
+    EXPECT_EQ(result.visited, 82U);
+}
+
+TEST_P(RunTest, TellsThatTheLimitEndedIt) {
+    const Snapshot snapshot(*store);
+    const auto run = [&](const char* text) {
+        const PreparedQuery query(*store, engine::ParseQuery(store->GetSchema(), text), ScanByType);
+        return query.Run(snapshot, query.Plan(snapshot), [](const Object&) { return true; });
+    };
+    EXPECT_TRUE(run("Word where number = 5 limit 3").endedEarly);
+    EXPECT_EQ(run("Word where number = 5 limit 3").entries, (std::vector<std::size_t>{3}));
+    EXPECT_FALSE(run("Word where number = 5 limit 30").endedEarly);
+    EXPECT_FALSE(run("Word where number = 5 order by text limit 3").endedEarly);
+    EXPECT_TRUE(run("Word where number = 5 limit 0").endedEarly);
+    EXPECT_EQ(run("Word where number = 5 limit 0").entries, (std::vector<std::size_t>{0}));
+}
+
 TEST_P(RunTest, SortsAndLimits) {
     const PreparedQuery query(
         *store, engine::ParseQuery(store->GetSchema(), "Word where number >= 90 order by number desc, text limit 25"),

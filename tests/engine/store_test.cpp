@@ -77,6 +77,47 @@ TEST_P(StoreInForm, ObjectsAreFoundByNumberAndInEachIndex) {
     EXPECT_EQ(entries, 1000U);
 }
 
+TEST_P(StoreInForm, ObjectsAreFoundByIdentifier) {
+    const ScratchFolder folder;
+    Store::Create(folder.File("pairs"), Schema::Parse("class First { a int }\nclass Second { b int }"), GetParam());
+    Store store(folder.File("pairs"), Access::write);
+    for (std::size_t classAt = 0; classAt < 2; ++classAt) {
+        Batch batch(store, classAt);
+        for (int i = 1; i <= 3; ++i) {
+            int value = i * 10 + static_cast<int>(classAt);
+            void* const values[] = {&value};
+            batch.Add(values);
+        }
+        batch.Commit();
+    }
+    const Snapshot snapshot(store);
+    for (std::size_t classAt = 0; classAt < 2; ++classAt) {
+        const KyObjId id = engine::ObjectId(classAt, 2);
+        EXPECT_EQ(id.B, classAt + 1);
+        EXPECT_EQ(id.L, 2U);
+        EXPECT_EQ(id.H, 0U);
+        const engine::Bytes record = snapshot.Find(id);
+        ASSERT_FALSE(record.empty());
+        EXPECT_EQ(record.data(), snapshot.Find(classAt, 2).data());
+        int value = 0;
+        const engine::Bytes stored = store.Layout(classAt).At(record, 0);
+        engine::Types().Load(KyINT_T, &value, const_cast<unsigned char*>(stored.data()), GetParam(), 1);
+        EXPECT_EQ(value, 20 + static_cast<int>(classAt));
+    }
+    for (const KyObjId& id : {KyObjId(0, 2, 0), KyObjId(3, 2, 0), KyObjId(1, 4, 0), KyObjId(1, 2, 1), KyObjId()})
+        EXPECT_TRUE(snapshot.Find(id).empty()) << id.B << ' ' << id.L << ' ' << id.H;
+}
+
+TEST(ObjectId, HoldsNumbersOf48Bits) {
+    const KyObjId id = engine::ObjectId(6, 0xABCD12345678);
+    EXPECT_EQ(id.B, 7U);
+    EXPECT_EQ(id.L, 0x12345678U);
+    EXPECT_EQ(id.H, 0xABCD);
+    EXPECT_EQ(engine::NumberOf(id), 0xABCD12345678U);
+    EXPECT_EQ(engine::ClassOf(id), 6U);
+    EXPECT_FALSE(engine::ClassOf(KyObjId()));
+}
+
 INSTANTIATE_TEST_SUITE_P(Forms, StoreInForm, ::testing::Values(KyFormNative, KyFormReversed));
 
 TEST(Store, GrowsByItself) {

@@ -1,61 +1,14 @@
 #include "lines.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
 
-#include "texts.h"
+#include "input_file.h"
 
 namespace kytm {
 
 namespace {
 
 constexpr std::size_t kLeastRoom = std::size_t{1} << 16;
-
-bool IsStandardInput(const std::string& path) { return path.empty() || path == "-"; }
-
-/// An open file, closed at the end unless it is standard input.
-class InputFile {
-public:
-    explicit InputFile(const std::string& path)
-        : isStandardInput(IsStandardInput(path)),
-          name(isStandardInput ? "standard input" : Quoted(path, path.size())),
-          descriptor(isStandardInput ? STDIN_FILENO : open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
-        if (descriptor < 0) Fail();
-    }
-    InputFile(const InputFile&) = delete;
-    InputFile& operator=(const InputFile&) = delete;
-    ~InputFile() {
-        if (!isStandardInput) close(descriptor);
-    }
-
-    /// The bytes that the file says it has; 0 for pipes and the like.
-    std::size_t SizeHint() const {
-        struct stat status {};
-        if (fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) return 0;
-        return static_cast<std::size_t>(status.st_size);
-    }
-
-    /// Bytes read, 0 at the end.
-    std::size_t Read(char* target, std::size_t room) {
-        for (;;) {
-            const ssize_t count = read(descriptor, target, room);
-            if (count >= 0) return static_cast<std::size_t>(count);
-            if (errno != EINTR) Fail();
-        }
-    }
-
-private:
-    bool isStandardInput;
-    std::string name;
-    int descriptor;
-
-    [[noreturn]] void Fail() const { throw Failure("cannot read " + name + ": " + std::strerror(errno)); }
-};
 
 }  // namespace
 

@@ -7,6 +7,7 @@
 
 #include "commands.h"
 #include "compare_word.h"
+#include "store_program.h"
 #include "terminal.h"
 #include "texts.h"
 
@@ -25,18 +26,25 @@ bool IsNegativeNumber(std::string_view word) {
            (rest.size() >= 3 && (rest[0] == 'I' || rest[0] == 'i') && (rest[1] == 'n' || rest[1] == 'N'));
 }
 
-/// The words behind the program's and the command's name, last one first, as the parser wants them.
+/// The words behind the program's name, last one first, as the parser wants them. Those that name the command stay as
+/// they are: of "store" it is the first two.
 std::vector<std::string> ShieldedArguments(int argc, char** argv) {
     std::vector<std::string> words;
     bool onlyValues = false;
-    bool inCommand = false;
+    int commandWords = 1;
+    bool inStore = false;
     for (int i = 1; i < argc; ++i) {
         std::string word = argv[i];
         if (!onlyValues && word == "--") {
             onlyValues = true;
         } else if (onlyValues || !word.starts_with('-') || word == "-" || IsNegativeNumber(word)) {
-            if (inCommand) word.insert(word.begin(), kShield);
-            inCommand = true;
+            if (commandWords == 1 && word == "store" && !inStore) {
+                inStore = true;
+            } else if (commandWords > 0) {
+                --commandWords;
+            } else {
+                word.insert(word.begin(), kShield);
+            }
         }
         words.push_back(std::move(word));
     }
@@ -58,7 +66,7 @@ void Unshield(TextOptions& texts) {
 }
 
 constexpr char kAbout[] =
-    "Shows, compares, sorts and searches values of the types of the database, as an engine does it.";
+    "Shows, compares, sorts, searches and stores values of the types of the database, as an engine does it.";
 constexpr char kFooter[] =
     "TYPE is a type name (o_4b), a type-code name (Ky4B_T) or a type id (2); `kytm types` lists them.\n"
     "Words that begin with \"-\" and are no numbers go behind \"--\".\n"
@@ -90,6 +98,7 @@ public:
         AddCompare();
         AddSort();
         AddMatch();
+        store.AddTo(app);
     }
 
     ExitStatus Run(std::vector<std::string> words, Output& out) {
@@ -118,6 +127,7 @@ public:
             UnshieldAll(match.pattern, match.file, match.texts, match.op);
             return MatchLines(match, out);
         }
+        if (store.IsCalled()) return store.Run([](std::string& text) { Unshield(text); }, out);
         UnshieldAll(sort.type, sort.file, sort.texts, sort.op, sort.format);
         return SortLines(sort, out);
     }
@@ -140,6 +150,7 @@ private:
     CompareOptions compare;
     SortOptions sort;
     MatchOptions match;
+    StoreProgram store;
 
     void AddLists() {
         typesCommand = app.add_subcommand("types", "List all types");
@@ -247,8 +258,8 @@ private:
         out.Write(information.str());
         if (!isProblem) return kDone;
         std::string text = complaint.str();
-        const std::vector<std::string> unknown = app.remaining();
-        if (app.get_subcommands().empty() && !unknown.empty()) {
+        const std::vector<std::string> unknown = app.remaining(true);
+        if ((app.get_subcommands().empty() || store.LacksCommand()) && !unknown.empty()) {
             text = "unknown command or option " + Quoted(unknown.front()) + "; run with --help for more information";
         }
         std::erase(text, kShield);
@@ -259,7 +270,9 @@ private:
 };
 
 int Run(int argc, char** argv) {
-    (void)std::signal(SIGPIPE, SIG_IGN);  // a closed pipe is noticed by the write
+    // A closed pipe and a file that may not grow are noticed by the write.
+    (void)std::signal(SIGPIPE, SIG_IGN);
+    (void)std::signal(SIGXFSZ, SIG_IGN);
     try {
         Output out;
         const ExitStatus status = Program().Run(ShieldedArguments(argc, argv), out);

@@ -15,7 +15,7 @@ std::string Table::Joined(const std::vector<std::string>& row, const std::vector
     std::string line;
     for (std::size_t i = 0; i < row.size(); ++i) {
         if (i != 0) line += "  ";
-        if (toTheRight[i]) line.append(widths[i] - row[i].size(), ' ');
+        if (toTheRight[i]) line.append(widths[i] - DisplayWidth(row[i]), ' ');
         line += toTheRight[i] ? row[i] : Padded(row[i], widths[i]);
     }
     line.erase(line.find_last_not_of(' ') + 1);
@@ -25,7 +25,7 @@ std::string Table::Joined(const std::vector<std::string>& row, const std::vector
 void Table::Write(Output& out) const {
     std::vector<std::size_t> widths(toTheRight.size());
     for (const std::vector<std::string>& row : rows) {
-        for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], row[i].size());
+        for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], DisplayWidth(row[i]));
     }
     const Paint paint;
     for (const std::vector<std::string>& row : rows) {

@@ -54,6 +54,8 @@ void Complain(std::string_view text) {
     WriteAll(STDERR_FILENO, line);
 }
 
+void WriteToErrors(std::string_view text) { WriteAll(STDERR_FILENO, text); }
+
 Paint::Paint() : enabled(isatty(STDOUT_FILENO) == 1 && !HasValue("NO_COLOR") && !IsDumbTerminal()) {}
 
 std::string Paint::Wrap(std::string_view code, std::string_view text) const {

@@ -48,6 +48,9 @@ private:
 /// Writes "kytm: <text>" and a line end to standard error.
 void Complain(std::string_view text);
 
+/// Writes the text as it stands to standard error.
+void WriteToErrors(std::string_view text);
+
 /// Marks parts of a text for a terminal. Leaves them as they are unless standard output is a terminal that
 /// knows colours and the environment has no NO_COLOR with a value.
 class Paint {

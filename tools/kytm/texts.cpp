@@ -104,6 +104,29 @@ std::string Quoted(std::string_view text, std::size_t limit) {
     return quoted;
 }
 
+std::string OneLine(std::string_view text) {
+    std::string line;
+    for (std::size_t i = 0; i < text.size();) {
+        const std::size_t length = Utf8Length(text.substr(i));
+        const auto byte = static_cast<unsigned char>(text[i]);
+        if (byte == '\t') {
+            line += ' ';
+        } else if (length == 0 || byte < 0x20 || byte == 0x7F) {
+            line += "\\x";
+            AppendHex(line, byte);
+        } else {
+            line += text.substr(i, length);
+        }
+        i += std::max<std::size_t>(length, 1);
+    }
+    return line;
+}
+
+std::size_t DisplayWidth(std::string_view text) {
+    return static_cast<std::size_t>(
+        std::ranges::count_if(text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+}
+
 std::string Utf8(std::string_view text) {
     if (IsUtf8(text)) return std::string(text);
     std::string wide;
@@ -121,7 +144,8 @@ std::string Utf8(std::string_view text) {
 
 std::string Padded(std::string_view text, std::size_t width) {
     std::string padded(text);
-    if (padded.size() < width) padded.append(width - padded.size(), ' ');
+    const std::size_t columns = DisplayWidth(text);
+    if (columns < width) padded.append(width - columns, ' ');
     return padded;
 }
 

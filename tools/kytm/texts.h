@@ -37,7 +37,13 @@ std::string Quoted(std::string_view text, std::size_t limit = 60);
 /// UTF-8 for JSON: the text itself when it is UTF-8, else each byte as the Latin-1 character that it stands for.
 std::string Utf8(std::string_view text);
 
-/// Blanks behind the text up to `width` bytes.
+/// The text on one line: control characters, and bytes that are no UTF-8, are escaped ("\\x0A"); a tab is a blank.
+std::string OneLine(std::string_view text);
+
+/// Columns of a terminal that a text of one line takes, when each of its characters takes one.
+std::size_t DisplayWidth(std::string_view text);
+
+/// Blanks behind the text up to `width` columns.
 std::string Padded(std::string_view text, std::size_t width);
 
 }  // namespace kytm

@@ -230,6 +230,11 @@ bool Scanner::TypeIsSigned() {
     return CompareExactly(id, second[0], zero[0]) < 0;
 }
 
+bool IsNumberType(char id) {
+    const std::optional<NumberFormat> own = NumberFormat::Parse(PrintFormat(id));
+    return own && IsNumber(*own) && !own->IsCharacter();
+}
+
 int CompareExactly(char id, void* a, void* b) { return Manager().Cmp(id, a, b, kDefaultCompareWord, 1, KyFormMemory); }
 
 std::string PrintValue(char id, void* value, const char* format, const TextForm& form) {

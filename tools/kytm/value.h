@@ -95,6 +95,9 @@ private:
     bool TypeIsSigned();
 };
 
+/// Types whose values print as decimal numbers.
+bool IsNumberType(char id);
+
 /// The order of two values in memory form, exact, as Compare tells it.
 int CompareExactly(char id, void* a, void* b);
 

@@ -1,0 +1,65 @@
+#include "explanation.h"
+
+#include <cstdio>
+
+#include "attribute_texts.h"
+#include "texts.h"
+#include "type_lookup.h"
+
+namespace kytm {
+
+namespace {
+
+std::string Percent(double share) {
+    constexpr std::size_t enough = 32;
+    char text[enough];
+    std::snprintf(text, sizeof text, "%.3g %%", share * 100);
+    return text;
+}
+
+std::string Count(std::size_t count, const char* what) {
+    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+}
+
+/// An index key as text.
+std::string KeyText(const engine::Attribute& attribute, unsigned char form, engine::Bytes key) {
+    engine::Attribute single = attribute;
+    single.count = 1;
+    const AttributeTexts texts(single);
+    const Values value(attribute.type, 1);
+    Manager().Load(attribute.type, value[0], const_cast<unsigned char*>(key.data()), form, 1);
+    return Quoted(texts.Print(value[0]));
+}
+
+std::string Bounds(const engine::Attribute& attribute, unsigned char form, const engine::KeyRange& range) {
+    return "from " + (range.HasLower() ? KeyText(attribute, form, range.Lower()) : std::string("the first")) + " to " +
+           (range.HasUpper() ? KeyText(attribute, form, range.Upper()) : std::string("the last"));
+}
+
+}  // namespace
+
+std::string Explain(const engine::Snapshot& snapshot, const engine::Query& query, const engine::AccessPath& path,
+                    const engine::RunResult& result) {
+    const engine::Class& of = snapshot.Of().GetSchema().Classes()[query.classAt];
+    const std::size_t objects = snapshot.ObjectCount(query.classAt);
+    std::string text = of.name + " has " + Count(objects, "object") + ".\n";
+    const std::vector<const engine::AccessPath*> scans = engine::Scans(path);
+    if (scans.empty()) text += "All of them are read: no index narrows the condition to half of them.\n";
+    for (std::size_t i = 0; i < scans.size(); ++i) {
+        const engine::IndexScan& scan = scans[i]->scan;
+        const engine::Attribute& attribute = of.attributes[scan.attribute];
+        const std::size_t entries = snapshot.EntryCount(query.classAt, scan.attribute);
+        const std::size_t read = result.entries[i];
+        text += "Index of " + attribute.name + " " + Bounds(attribute, snapshot.Of().Form(), scan.range);
+        if (scan.pattern != nullptr) text += ", as far as " + scan.pattern->text + " can hold";
+        text += ":\n  estimated share " + Percent(scans[i]->share) + ", true share ";
+        if (result.endedEarly) text += "at least ";
+        text += Percent(entries == 0 ? 0 : static_cast<double>(read) / static_cast<double>(entries)) + " (" +
+                std::to_string(read) + " of " + std::to_string(entries) + " entries)\n";
+    }
+    text += "Visited " + Count(result.visited, "object") + ", found " + std::to_string(result.found) + ".";
+    if (result.endedEarly) text += " The limit ended the search.";
+    return text + "\n";
+}
+
+}  // namespace kytm

@@ -1,0 +1,146 @@
+#include "row_writer.h"
+
+#include <nlohmann/json.hpp>
+
+#include "table.h"
+#include "texts.h"
+
+namespace kytm {
+
+namespace {
+
+using Attributes = std::vector<const engine::Attribute*>;
+
+constexpr char kIdColumn[] = "id";
+
+std::vector<std::string> ColumnNames(const Attributes& attributes, bool withIds) {
+    std::vector<std::string> names;
+    if (withIds) names.emplace_back(kIdColumn);
+    for (const engine::Attribute* attribute : attributes)
+        for (std::size_t i = 0; i < attribute->count; ++i) names.push_back(ElementName(*attribute, i));
+    return names;
+}
+
+/// The places of the columns of numbers.
+std::vector<std::size_t> NumberColumns(const Attributes& attributes, bool withIds) {
+    std::vector<std::size_t> places;
+    std::size_t at = withIds ? 1 : 0;
+    for (const engine::Attribute* attribute : attributes)
+        for (std::size_t i = 0; i < attribute->count; ++i, ++at)
+            if (IsNumberType(attribute->type)) places.push_back(at);
+    return places;
+}
+
+/// Written when its widths are known, at the end.
+class TableRows : public RowWriter {
+public:
+    TableRows(const Attributes& attributes, bool withIds, Output& anOutput)
+        : out(anOutput), table(ColumnNames(attributes, withIds), NumberColumns(attributes, withIds)) {}
+
+    void BeginRow() override { row.clear(); }
+    void AddId(std::string id) override { row.push_back(std::move(id)); }
+    void Add(const AttributeTexts& texts, void* value) override { row.push_back(OneLine(texts.PrintShort(value))); }
+    void EndRow() override { table.Add(std::move(row)); }
+    void Finish() override { table.Write(out); }
+
+private:
+    Output& out;
+    Table table;
+    std::vector<std::string> row;
+};
+
+class CsvRows : public RowWriter {
+public:
+    CsvRows(const Attributes& attributes, bool withIds, Output& anOutput) : out(anOutput) {
+        const std::vector<std::string> names = ColumnNames(attributes, withIds);
+        isNarrow = names.size() == 1;
+        for (const std::string& name : names) Append(name);
+        EndRow();
+    }
+
+    void BeginRow() override { line.clear(); }
+    void AddId(std::string id) override { Append(id); }
+    void Add(const AttributeTexts& texts, void* value) override {
+        // A line without anything would be no row.
+        if (texts.IsNull(value) && !isNarrow) {
+            line += ',';
+        } else {
+            Append(texts.Print(value));
+        }
+    }
+    void EndRow() override {
+        line.back() = '\n';
+        out.Write(line);
+    }
+    void Finish() override {}
+
+private:
+    Output& out;
+    bool isNarrow = false;
+    std::string line;
+
+    /// In quotes where they are needed, which they are around nothing: without them it is null.
+    void Append(const std::string& text) {
+        const bool plain = !text.empty() && text.find_first_of(",\"\r\n") == std::string::npos;
+        if (plain) {
+            line += text;
+        } else {
+            line += '"';
+            for (const char c : text) line.append(c == '"' ? 2 : 1, c);
+            line += '"';
+        }
+        line += ',';
+    }
+};
+
+/// One object a line.
+class JsonRows : public RowWriter {
+public:
+    explicit JsonRows(Output& anOutput) : out(anOutput) {}
+
+    void BeginRow() override { row = nlohmann::ordered_json::object(); }
+    void AddId(std::string id) override { row[kIdColumn] = std::move(id); }
+    void Add(const AttributeTexts& texts, void* value) override {
+        nlohmann::ordered_json& member = row[texts.Of().name];
+        if (texts.Of().count == 1) {
+            member = ToJson(texts, value);
+        } else {
+            member.push_back(ToJson(texts, value));
+        }
+    }
+    void EndRow() override {
+        out.Write((isFirst ? "[\n  " : ",\n  ") + row.dump());
+        isFirst = false;
+    }
+    void Finish() override { out.Write(isFirst ? "[]\n" : "\n]\n"); }
+
+private:
+    Output& out;
+    bool isFirst = true;
+    nlohmann::ordered_json row;
+
+    static nlohmann::ordered_json ToJson(const AttributeTexts& texts, void* value) {
+        if (texts.IsNull(value)) return nullptr;
+        const std::string text = texts.Print(value);
+        if (texts.Of().type == KyBOOLEAN_T) return text == "TRUE";
+        // JSON has no infinity, and knows of no number that is none.
+        if (IsNumberType(texts.Of().type) && nlohmann::ordered_json::accept(text))
+            return nlohmann::ordered_json::parse(text);
+        return Utf8(text);
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<RowWriter> MakeRowWriter(RowForm form, const Attributes& attributes, bool withIds, Output& out) {
+    switch (form) {
+        case RowForm::csv:
+            return std::make_unique<CsvRows>(attributes, withIds, out);
+        case RowForm::json:
+            return std::make_unique<JsonRows>(out);
+        default:
+            return std::make_unique<TableRows>(attributes, withIds, out);
+    }
+}
+
+}  // namespace kytm
