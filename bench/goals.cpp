@@ -14,10 +14,11 @@ std::map<std::string, Goal>& Goals() {
 
 void SetGoal(const std::string& namePrefix, Goal goal) { Goals().insert_or_assign(namePrefix, goal); }
 
-void RegisterPair(const std::string& name, Goal goal, const Body& ours, const Body& peer) {
+void RegisterPair(const std::string& name, Goal goal, const Body& ours, const Body& peer, const Settings& settings) {
     SetGoal(name, goal);
-    benchmark::RegisterBenchmark(name.c_str(), ours);
-    benchmark::RegisterBenchmark(("peer/" + name).c_str(), peer);
+    for (benchmark::internal::Benchmark* registered : {benchmark::RegisterBenchmark(name.c_str(), ours),
+                                                       benchmark::RegisterBenchmark(("peer/" + name).c_str(), peer)})
+        if (settings) settings(*registered);
 }
 
 std::optional<Goal> FindGoal(const std::string& name) {

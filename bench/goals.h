@@ -29,9 +29,11 @@ constexpr Goal AtMost(double nanoseconds) { return {Goal::Measure::nanoseconds, 
 /// Gives a goal to all benchmarks whose name begins like this.
 void SetGoal(const std::string& namePrefix, Goal goal);
 
-/// Registers a benchmark, its peer and its goal.
+/// Registers a benchmark, its peer and its goal. `settings` are done to both; `UseRealTime` is heeded by the table.
 using Body = std::function<void(benchmark::State&)>;
-void RegisterPair(const std::string& name, Goal goal, const Body& ours, const Body& peer);
+using Settings = std::function<void(benchmark::internal::Benchmark&)>;
+void RegisterPair(const std::string& name, Goal goal, const Body& ours, const Body& peer,
+                  const Settings& settings = {});
 
 /// A second table at the end of a run tells the counters whose names begin like this.
 inline constexpr const char* kShownCounters = "mean error";

@@ -86,12 +86,18 @@ bool RatioReporter::ReportContext(const Context& context) {
 void RatioReporter::ReportRuns(const std::vector<Run>& runs) {
     for (const Run& run : runs) {
         if (run.run_type != Run::RT_Iteration || run.iterations == 0) continue;
-        const std::string name = run.run_name.str();
+        // How long and by which clock it was measured is no part of the name.
+        benchmark::BenchmarkName named = run.run_name;
+        named.iterations.clear();
+        named.repetitions.clear();
+        named.time_type.clear();
+        const std::string name = named.str();
         if (run.error_occurred) {
             GetErrorStream() << name << ": " << run.error_message << '\n';
             continue;
         }
-        times[name].push_back(1e9 * run.cpu_accumulated_time / static_cast<double>(run.iterations));
+        const double time = run.run_name.time_type.empty() ? run.cpu_accumulated_time : run.real_accumulated_time;
+        times[name].push_back(1e9 * time / static_cast<double>(run.iterations));
         for (const auto& [counter, value] : run.counters) {
             if (counter.starts_with(kShownCounters)) counters[name][counter] = value;
         }

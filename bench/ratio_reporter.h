@@ -20,7 +20,7 @@ public:
     void Finalize() override;
 
 private:
-    /// CPU time of one iteration, in nanoseconds, of each repetition.
+    /// CPU time (or real time, where that is asked for) of one iteration, in nanoseconds, of each repetition.
     std::map<std::string, std::vector<double>> times;
     std::map<std::string, std::map<std::string, double>> counters;  ///< of each benchmark, by their names
 

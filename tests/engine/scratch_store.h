@@ -1,19 +1,19 @@
 #ifndef SCRATCH_STORE_H
 #define SCRATCH_STORE_H
 
-/// A folder of a test's own, gone with it.
+/// A folder of a test's (or a benchmark's) own, gone with it.
 
-#include <gtest/gtest.h>
 #include <stdlib.h>
 
 #include <filesystem>
+#include <stdexcept>
 #include <string>
 
 class ScratchFolder {
 public:
     ScratchFolder() {
-        std::string name = ::testing::TempDir() + "kystoreXXXXXX";
-        if (::mkdtemp(name.data()) == nullptr) ADD_FAILURE() << "no folder for the test";
+        std::string name = std::filesystem::temp_directory_path() / "kystoreXXXXXX";
+        if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no folder could be made for the test");
         folder = name;
     }
     ScratchFolder(const ScratchFolder&) = delete;
