@@ -47,7 +47,8 @@ function(ky_add_library target)
   set_target_properties(${target} PROPERTIES OUTPUT_NAME ${arg_OUTPUT_NAME} INSTALL_RPATH "$ORIGIN")
   target_sources(${target} PUBLIC FILE_SET HEADERS BASE_DIRS ${arg_HEADER_DIRS} FILES ${arg_HEADERS})
   target_link_libraries(${target} PUBLIC ${arg_LINK})
-  target_link_options(${target} PRIVATE -Wl,--as-needed)
+  target_link_options(${target} PRIVATE -Wl,--as-needed -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map)
+  set_target_properties(${target} PROPERTIES LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/exports.map)
   if(NOT KY_SANITIZE)
     target_link_options(${target} PRIVATE -Wl,--no-undefined)
   endif()
@@ -56,5 +57,9 @@ function(ky_add_library target)
   target_include_directories(${target}_whitebox PUBLIC ${arg_HEADER_DIRS})
   target_link_libraries(${target}_whitebox PUBLIC ${arg_LINK})
 
-  install(TARGETS ${target} FILE_SET HEADERS)
+  target_compile_features(${target} INTERFACE cxx_std_17)
+  install(TARGETS ${target}
+    EXPORT CorvaneTypeManagerTargets
+    LIBRARY COMPONENT runtime
+    FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/corvane-typemanager COMPONENT development)
 endfunction()

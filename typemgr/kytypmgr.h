@@ -148,7 +148,7 @@ private:
     KyTypeTab** rows;
     unsigned factory;
 
-    KyTypeTab& Row(char id) const;
+    KY_INTERNAL KyTypeTab& Row(char id) const;
 };
 
 /// The default manager registered so far, null at first; `manager` becomes the new one unless it is null.

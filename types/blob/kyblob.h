@@ -97,7 +97,7 @@ private:
     KyBlob& Fill(const void* p, std::size_t n);
     void* MakeRoom(std::size_t more);
     template <class Number>
-    Number FirstBytes() const;
+    KY_INTERNAL Number FirstBytes() const;
 };
 
 static_assert(sizeof(KyBlob) == 8, "the size word of the row");

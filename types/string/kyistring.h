@@ -186,7 +186,7 @@ private:
     int Order(const Self& other) const;
     static Self Sum(const Self& a, const Self& b);
     template <class Change>
-    Self& Edit(const Change& change);
+    KY_INTERNAL Self& Edit(const Change& change);
     Self& Exchange(char from, char to);
 };
 
