@@ -1,12 +1,12 @@
 #!/bin/sh
 # Shows the type manager at work through kytm: first single values, then real columns sorted and each result checked
-# against an independent sort, at last what languages.sh shows.
+# against an independent sort, then what languages.sh shows, at last the object store in store.sh.
 #
 #   tools/demo/demo.sh BUILD_DIR
 #
 # Data: the Unicode character database (Debian package unicode-data), an American word list (wamerican-huge), and the
-# word lists of languages.sh.
-# Ends with 0 when every sorted column is identical to the independent one, else with 1.
+# data of languages.sh and store.sh.
+# Ends with 0 when every sorted column and every answer of the store is identical to the independent one, else with 1.
 set -eu
 
 [ $# -eq 1 ] || { echo "usage: demo.sh BUILD_DIR" >&2; exit 2; }
@@ -213,5 +213,9 @@ echo "== Languages, code sets and wildcards =="
 sh "$(dirname "$0")/languages.sh" "$1" || failed=1
 
 echo
+echo "== The object store =="
+sh "$(dirname "$0")/store.sh" "$1" || failed=1
+
+echo
 [ $failed -eq 0 ] || { echo "demo: not everything is as it should be" >&2; exit 1; }
-echo "Every sorted column is identical to the independent one."
+echo "Every sorted column, and every answer of the store, is identical to the independent one."
