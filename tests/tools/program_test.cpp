@@ -9,7 +9,7 @@ TEST(Program, HelpNamesCommandsOptionsAndExitStatuses) {
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.err, "");
     for (const char* word :
-         {"types", "languages", "codesets", "show", "cmp", "sort", "match", "--version", "Exit status"}) {
+         {"types", "languages", "codesets", "show", "cmp", "sort", "match", "store", "--version", "Exit status"}) {
         EXPECT_NE(result.out.find(word), std::string::npos) << word;
     }
 }

@@ -110,15 +110,13 @@ void ReadBoth(int outDescriptor, std::string& out, int errDescriptor, std::strin
     }
 }
 
-}  // namespace
-
-Result Kytm(const std::vector<std::string>& arguments, const Surroundings& around) {
+Result RunProgram(const char* program, const std::vector<std::string>& arguments, const Surroundings& around) {
     std::signal(SIGPIPE, SIG_IGN);
     const Channel out = OutputChannel(around.output);
     const Channel err = around.errorsToTerminal ? Channel::Terminal() : Channel::Pipe();
     const Channel in = Channel::Pipe();
 
-    std::vector<std::string> words = {KYTM_PROGRAM};
+    std::vector<std::string> words = {program};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<std::string> environment = Environment(around.environment);
 
@@ -129,9 +127,9 @@ Result Kytm(const std::vector<std::string>& arguments, const Surroundings& aroun
     posix_spawn_file_actions_adddup2(&actions, err.there, STDERR_FILENO);
     pid_t child = 0;
     const int error =
-        posix_spawn(&child, KYTM_PROGRAM, &actions, nullptr, Pointers(words).data(), Pointers(environment).data());
+        posix_spawn(&child, program, &actions, nullptr, Pointers(words).data(), Pointers(environment).data());
     posix_spawn_file_actions_destroy(&actions);
-    Require(error == 0, "cannot start " KYTM_PROGRAM);
+    Require(error == 0, program);
     close(in.here);
     close(out.there);
     close(err.there);
@@ -151,6 +149,18 @@ Result Kytm(const std::vector<std::string>& arguments, const Surroundings& aroun
     if (out.here >= 0) close(out.here);
     close(err.here);
     return result;
+}
+
+}  // namespace
+
+Result Kytm(const std::vector<std::string>& arguments, const Surroundings& around) {
+    return RunProgram(KYTM_PROGRAM, arguments, around);
+}
+
+Result Shell(const std::string& script) {
+    Surroundings around;
+    around.environment = {"KYTM=" KYTM_PROGRAM};
+    return RunProgram("/bin/sh", {"-c", script}, around);
 }
 
 Result KytmWith(const std::string& input, const std::vector<std::string>& arguments) {

@@ -29,6 +29,9 @@ Result Kytm(const std::vector<std::string>& arguments, const Surroundings& aroun
 /// The same with a text as standard input.
 Result KytmWith(const std::string& input, const std::vector<std::string>& arguments);
 
+/// Runs a script of the shell, in which $KYTM is the program.
+Result Shell(const std::string& script);
+
 /// The lines of a text, without their ends.
 std::vector<std::string> LinesOf(const std::string& text);
 

@@ -1,5 +1,7 @@
 #include "store_program.h"
 
+#include <charconv>
+
 #include "texts.h"
 
 namespace kytm {
@@ -37,6 +39,16 @@ constexpr char kQueryForm[] =
     "Behind one, \"nocase\" and \"noaccent\" ignore what they say, and \"exact\" takes wildcards for themselves: \"*\" "
     "and\n"
     "\"?\" in strings, \"*\" for a part of a date.";
+
+std::size_t BatchSize(const std::string& text) {
+    constexpr std::size_t most = 100'000'000;
+    std::size_t size = 0;
+    const char* const textEnd = text.data() + text.size();
+    const auto [end, error] = std::from_chars(text.data(), textEnd, size);
+    if (error != std::errc() || end != textEnd || size == 0 || size > most)
+        throw Failure("--batch: " + Quoted(text) + " is no number from 1 to " + std::to_string(most));
+    return size;
+}
 
 }  // namespace
 
@@ -79,9 +91,7 @@ void StoreProgram::AddLoad() {
     loadCommand->add_option("CSV", load.file, "File of the rows; - is standard input")->required();
     loadCommand->add_option("--reject", load.reject, "Write rows that do not scan to this file and go on")
         ->type_name("FILE");
-    loadCommand->add_option("--batch", load.batch, "Objects that are committed together (10000)")
-        ->type_name("N")
-        ->check(CLI::Range(std::size_t{1}, std::size_t{100'000'000}));
+    loadCommand->add_option("--batch", batch, "Objects that are committed together (10000)")->type_name("N");
     loadCommand->footer(kLoadForm);
 }
 
@@ -102,14 +112,17 @@ void StoreProgram::AddQueries() {
 
 ExitStatus StoreProgram::Run(const std::function<void(std::string&)>& unshield, Output& out) {
     for (std::string* text : {&create.store, &create.schema, &create.form, &load.store, &load.className, &load.file,
-                              &load.reject, &query.store, &query.query, &dump.store, &dump.className, &path})
+                              &load.reject, &batch, &query.store, &query.query, &dump.store, &dump.className, &path})
         unshield(*text);
     if (createCommand->parsed()) {
         if (create.form != "native" && create.form != "reversed")
             throw Failure("there is no form " + Quoted(create.form) + ": native or reversed");
         return CreateStore(create);
     }
-    if (loadCommand->parsed()) return LoadStore(load, out);
+    if (loadCommand->parsed()) {
+        if (!batch.empty()) load.batch = BatchSize(batch);
+        return LoadStore(load, out);
+    }
     if (queryCommand->parsed()) {
         query.form = csv ? RowForm::csv : json ? RowForm::json : RowForm::table;
         return QueryStore(query, out);

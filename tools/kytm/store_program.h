@@ -36,7 +36,8 @@ private:
     StoreLoadOptions load;
     StoreQueryOptions query;
     StoreDumpOptions dump;
-    std::string path;  ///< of check and reindex
+    std::string batch;  ///< of load
+    std::string path;   ///< of check and reindex
     bool csv = false;
     bool json = false;
 
