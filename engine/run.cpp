@@ -36,8 +36,7 @@ public:
                 std::vector<ObjectNumber> numbers;
                 Collect(path, numbers);
                 std::ranges::sort(numbers);
-                const auto repeated = std::ranges::unique(numbers);
-                numbers.erase(repeated.begin(), repeated.end());
+                numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
                 for (const ObjectNumber number : numbers)
                     if (!visit(Find(number))) return;
             }
