@@ -25,7 +25,9 @@ ComparisonTest::ComparisonTest(const RecordLayout& aLayout, const Comparison& aC
     : layout(&aLayout),
       comparison(&aComparison),
       constant(&aConstant),
-      compare(Types().CmpFuncPtrGet(aLayout.Of().attributes[aComparison.attribute].type)) {}
+      compare(Types().CmpFuncPtrGet(aLayout.Of().attributes[aComparison.attribute].type)),
+      isPattern(IsPattern(aLayout.Of().attributes[aComparison.attribute].type, aLayout.Form(), aConstant,
+                          aComparison.op)) {}
 
 bool ComparisonTest::Holds(Bytes record) const {
     constexpr unsigned relationBits = KyCmpEqual | KyCmpLess | KyCmpGreater;
@@ -37,8 +39,9 @@ bool ComparisonTest::Holds(Bytes record) const {
                               const_cast<unsigned char*>(value.data()), static_cast<unsigned>(constant->size()),
                               const_cast<unsigned char*>(constant->data()), comparison->op, 1, err);
     bool equal = order == 0;
-    // A pattern has been looked at up to its first wildcard only.
-    if (equal && err == KyErrBufferEnd && IsString(attribute.type))
+    // A pattern has been looked at up to its first wildcard only, and not at all for a text without characters, which
+    // orders before it without that error.
+    if (isPattern && (equal || err != KyErrBufferEnd))
         equal = MatchesPattern(attribute.type, layout->Form(), value, *constant, comparison->op);
     const unsigned relation = comparison->op & relationBits;
     if (relation == (KyCmpLess | KyCmpGreater)) return !equal;

@@ -28,6 +28,7 @@ private:
     const Comparison* comparison;
     const StoredConstant* constant;
     KyCompareFunc* compare;
+    bool isPattern;  ///< a string with wildcards that count as such
 };
 
 /// The whole condition.

@@ -18,6 +18,16 @@ Value Loaded(char type, unsigned char form, Bytes stored) {
 
 }  // namespace
 
+bool IsPattern(char type, unsigned char form, Bytes constant, unsigned short op) {
+    if (!IsString(type)) return false;
+    // Compared with itself it tells by the error whether it was taken for a pattern.
+    auto* bytes = const_cast<unsigned char*>(constant.data());
+    const auto size = static_cast<unsigned>(constant.size());
+    int err = 0;
+    Types().Cmp(type, size, bytes, size, bytes, op, 1, form, err);
+    return err == KyErrBufferEnd;
+}
+
 bool MatchesPattern(char type, unsigned char form, Bytes value, Bytes pattern, unsigned short op) {
     const Value text = Loaded(type, form, value);
     const Value wanted = Loaded(type, form, pattern);

@@ -10,6 +10,9 @@
 
 namespace engine {
 
+/// Whether a stored constant of any type is a string with wildcards, which `op` does not take for what they are.
+bool IsPattern(char type, unsigned char form, Bytes constant, unsigned short op);
+
 /// Whether a whole stored value matches a whole stored pattern. `op`: the compare-operator word.
 bool MatchesPattern(char type, unsigned char form, Bytes value, Bytes pattern, unsigned short op);
 

@@ -98,7 +98,7 @@ private:
     /// Narrows the scan by one more comparison.
     void Add(AccessPath& path, const Attribute& attribute, const Comparison& comparison) {
         const StoredConstant& constant = constants[comparison.constant];
-        const bool pattern = IsPattern(attribute, comparison, constant);
+        const bool pattern = IsPattern(attribute.type, layout.Form(), constant, comparison.op);
         KeyRange& range = path.scan.range;
         if (IsString(attribute.type) && constant.size() > kLongestKey) {
             if (!pattern) AddLong(path, attribute, comparison);
@@ -154,16 +154,6 @@ private:
         set(known.lower, known.lowerLen, scan.range.HasLower() ? scan.range.Lower() : first->key);
         set(known.upper, known.upperLen, scan.range.HasUpper() ? scan.range.Upper() : cursor.Last()->key);
         return known;
-    }
-
-    /// A string compared with itself tells by the error whether it was taken for a pattern.
-    bool IsPattern(const Attribute& attribute, const Comparison& comparison, const StoredConstant& constant) const {
-        if (!IsString(attribute.type)) return false;
-        auto* bytes = const_cast<unsigned char*>(constant.data());
-        const auto size = static_cast<unsigned>(constant.size());
-        int err = 0;
-        Types().Cmp(attribute.type, size, bytes, size, bytes, comparison.op, 1, layout.Form(), err);
-        return err == KyErrBufferEnd;
     }
 };
 
