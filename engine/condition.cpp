@@ -4,20 +4,31 @@
 
 #include "pattern.h"
 #include "types.h"
+#include "value.h"
 
 namespace engine {
 
-Bytes ElementAt(const Attribute& attribute, unsigned char form, Bytes array, std::size_t element) {
+Bytes ElementAt(const Attribute& attribute, unsigned char form, Bytes array, std::size_t element,
+                std::vector<unsigned char>& scratch) {
     if (attribute.count == 1) return array;
     if (Types().IsFixed(attribute.type) != 0) {
         const std::size_t size = array.size() / attribute.count;
         return array.subspan(element * size, size);
     }
-    const auto sizeOfFirst = [&](Bytes rest) {
-        return Types().DiskLenGet(attribute.type, const_cast<unsigned char*>(rest.data()), form, 1, form);
-    };
-    for (; element > 0; --element) array = array.subspan(sizeOfFirst(array));
-    return array.first(sizeOfFirst(array));
+    if (attribute.type == KySTRING_T) {
+        const auto sizeOfFirst = [&](Bytes rest) {
+            return Types().DiskLenGet(attribute.type, const_cast<unsigned char*>(rest.data()), form, 1, form);
+        };
+        for (; element > 0; --element) array = array.subspan(sizeOfFirst(array));
+        return array.first(sizeOfFirst(array));
+    }
+    Value values(attribute.type, attribute.count);
+    values.Load(array, form);
+    void* const wanted =
+        Types().GetArrayElement(attribute.type, values.Get(), static_cast<unsigned>(element), attribute.count);
+    scratch.resize(Types().DiskLenGet(attribute.type, wanted, form, 1, KyFormMemory));
+    scratch.resize(Types().Store(attribute.type, scratch.data(), wanted, form, 1));
+    return scratch;
 }
 
 ComparisonTest::ComparisonTest(const RecordLayout& aLayout, const Comparison& aComparison,
@@ -26,14 +37,14 @@ ComparisonTest::ComparisonTest(const RecordLayout& aLayout, const Comparison& aC
       comparison(&aComparison),
       constant(&aConstant),
       compare(Types().CmpFuncPtrGet(aLayout.Of().attributes[aComparison.attribute].type)),
-      isPattern(IsPattern(aLayout.Of().attributes[aComparison.attribute].type, aLayout.Form(), aConstant,
-                          aComparison.op)) {}
+      isPattern(
+          IsPattern(aLayout.Of().attributes[aComparison.attribute].type, aLayout.Form(), aConstant, aComparison.op)) {}
 
 bool ComparisonTest::Holds(Bytes record) const {
     constexpr unsigned relationBits = KyCmpEqual | KyCmpLess | KyCmpGreater;
     const Attribute& attribute = layout->Of().attributes[comparison->attribute];
     const Bytes value =
-        ElementAt(attribute, layout->Form(), layout->At(record, comparison->attribute), comparison->element);
+        ElementAt(attribute, layout->Form(), layout->At(record, comparison->attribute), comparison->element, scratch);
     int err = 0;
     const int order = compare(layout->Form(), static_cast<unsigned>(value.size()),
                               const_cast<unsigned char*>(value.data()), static_cast<unsigned>(constant->size()),

@@ -13,8 +13,10 @@ namespace engine {
 /// A constant in the persistent form of the store; one value.
 using StoredConstant = std::vector<unsigned char>;
 
-/// The bytes of one element of an array's bytes.
-Bytes ElementAt(const Attribute& attribute, unsigned char form, Bytes array, std::size_t element);
+/// The persistent form of one element of a stored array: its part of the array's bytes, or, for types whose arrays have
+/// a head in common (blobs, dictionary strings), made in `scratch`.
+Bytes ElementAt(const Attribute& attribute, unsigned char form, Bytes array, std::size_t element,
+                std::vector<unsigned char>& scratch);
 
 /// One comparison over records of a class. Refers to all it is made from.
 class ComparisonTest {
@@ -29,6 +31,7 @@ private:
     const StoredConstant* constant;
     KyCompareFunc* compare;
     bool isPattern;  ///< a string with wildcards that count as such
+    mutable std::vector<unsigned char> scratch;
 };
 
 /// The whole condition.

@@ -8,6 +8,7 @@
 #include "kybase.h"
 #include "pattern.h"
 #include "types.h"
+#include "value.h"
 
 namespace engine {
 
@@ -110,9 +111,33 @@ private:
             // Dictionary strings would record the pattern as it stands.
             path.share *= Share(path.scan, attribute, comparison.op, constant, nullptr);
             if (isEqual && !range.HasLower()) range.SetLower(DictionaryPrefix(attribute.type, layout.Form(), constant));
+        } else if (attribute.type == KySTRING_T && (comparison.op & KyCmpExact) == 0 && IsAbsent(constant)) {
+            AddAbsent(path, attribute, comparison);
         } else {
             path.share *= Share(path.scan, attribute, comparison.op, constant, &range.Bounds());
         }
+    }
+
+    /// Null and the text without characters are the same unless texts are compared exactly, as the index does.
+    bool IsAbsent(const StoredConstant& constant) const {
+        const std::vector<unsigned char> empty = Absent(false);
+        int err = 0;
+        return Types().Cmp(KySTRING_T, 0, const_cast<unsigned char*>(constant.data()), 0,
+                           const_cast<unsigned char*>(empty.data()), KyCmpEqual, 1, layout.Form(), err) == 0;
+    }
+
+    std::vector<unsigned char> Absent(bool isNull) const {
+        const Value value(KySTRING_T);
+        if (isNull) Types().SetNullPtrGet(KySTRING_T)(value.Get());
+        return value.Store(layout.Form());
+    }
+
+    /// Such a constant is both.
+    void AddAbsent(AccessPath& path, const Attribute& attribute, const Comparison& comparison) {
+        KeyRange& range = path.scan.range;
+        path.share *= Share(path.scan, attribute, comparison.op, constants[comparison.constant], nullptr);
+        if ((comparison.op & KyCmpLess) == 0 && !range.HasLower()) range.SetLower(Absent(true));
+        if ((comparison.op & KyCmpGreater) == 0 && !range.HasUpper()) range.SetUpper(Absent(false));
     }
 
     /// A constant that is longer than a key: its first characters bound it from below, and from above its key, behind

@@ -41,8 +41,8 @@ struct Column {
     const char* name;
     Kind kind;
 };
-constexpr Column kColumns[] = {{"text", Kind::text},     {"label", Kind::text},          {"code", Kind::nullable},
-                               {"big", Kind::number},    {"weight", Kind::real},         {"amount", Kind::nullableReal},
+constexpr Column kColumns[] = {{"text", Kind::text},   {"label", Kind::text},  {"code", Kind::nullable},
+                               {"big", Kind::number},  {"weight", Kind::real}, {"amount", Kind::nullableReal},
                                {"small", Kind::number}};
 
 class Random {
