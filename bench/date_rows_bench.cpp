@@ -1,6 +1,6 @@
 // Dates and nanosecond date-times: exact Compare of equal arrays against memcmp, Hash against an exclusive or of the
-// same bytes, Store and Load against a memcpy that moves as many bytes (half of those that are read and written
-// together).
+// same bytes, with every eighth value null and with none (whose negative fields have to be widened), Store and Load
+// against a memcpy that moves as many bytes (half of those that are read and written together).
 
 #include <benchmark/benchmark.h>
 
@@ -53,13 +53,13 @@ unsigned char* Column(std::size_t index) {
     return memory + index * columnSpace;
 }
 
-/// Days in memory form, every eighth null; the padding is that of the column.
-void FillMemory(unsigned char* column, DateType type, unsigned count, unsigned char padding) {
+/// Days in memory form, every eighth null, if any; the padding is that of the column.
+void FillMemory(unsigned char* column, DateType type, unsigned count, unsigned char padding, bool nulls = true) {
     constexpr unsigned char nullDay[] = {0x00, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0, 0, 0, 0, 0};
     for (unsigned i = 0; i < count; ++i, column += type.memory) {
         const auto low = static_cast<unsigned char>(i);
         const unsigned char day[] = {low, 0x07, static_cast<unsigned char>(i % 12 + 1), 7, 13, 45, 59, 0, low, 1, 2, 3};
-        std::memcpy(column, i % 8 == 5 ? nullDay : day, type.memory);
+        std::memcpy(column, nulls && i % 8 == 5 ? nullDay : day, type.memory);
         if (type.memory > 7) column[7] = padding;
     }
 }
@@ -67,9 +67,9 @@ void FillMemory(unsigned char* column, DateType type, unsigned count, unsigned c
 std::size_t SizeOf(DateType type, Form form) { return form.flag == KyFormMemory ? type.memory : type.stored; }
 
 /// Puts a form of the type's values into a column.
-void FillForm(unsigned char* column, DateType type, Shape shape, Form form, unsigned char padding) {
+void FillForm(unsigned char* column, DateType type, Shape shape, Form form, unsigned char padding, bool nulls = true) {
     unsigned char* const memory = form.flag == KyFormMemory ? column : Column(2);
-    FillMemory(memory, type, shape.count, padding);
+    FillMemory(memory, type, shape.count, padding, nulls);
     if (form.flag != KyFormMemory) KyTypeMgr(5).Store(type.id, column, memory, form.flag, shape.count);
 }
 
@@ -96,9 +96,10 @@ void CompareBytes(benchmark::State& state, DateType type, Shape shape, Form form
     }
 }
 
+template <bool nulls>
 void Hash(benchmark::State& state, DateType type, Shape shape, Form form) {
     KyTypeMgr manager(5);
-    FillForm(Column(0), type, shape, form, 0xEE);
+    FillForm(Column(0), type, shape, form, 0xEE, nulls);
     for (auto _ : state) {
         int err;
         benchmark::DoNotOptimize(manager.Hash(type.id, 0, Column(0), shape.count, form.flag, err));
@@ -149,7 +150,8 @@ void Register(DateType type, Shape shape, Form form) {
     const std::string name = std::string(type.name) + '/' + form.name + shape.name;
     const auto with = [=](auto body) { return [=](benchmark::State& state) { body(state, type, shape, form); }; };
     bench::RegisterPair("compare/" + name, bench::AtLeast(0.3), with(Compare), with(CompareBytes));
-    bench::RegisterPair("hash/" + name, bench::AtLeast(0.4), with(Hash), with(XorBytes));
+    bench::RegisterPair("hash/" + name, bench::AtLeast(0.4), with(Hash<true>), with(XorBytes));
+    bench::RegisterPair("hash without nulls/" + name, bench::AtLeast(0.4), with(Hash<false>), with(XorBytes));
     if (form.flag == KyFormMemory) return;
     const auto copy = [=](benchmark::State& state) { Copy(state, type, shape); };
     bench::RegisterPair("store/" + name, bench::AtLeast(0.4), with(Store), copy);

@@ -30,11 +30,11 @@ inline void HashRest(const HashPlan&, DateRecord record, DateForm form, const St
 }  // namespace
 
 KY_KERNEL_TARGET void PackDatesAvx2(DateRecord record, DateForm form, void* dst, const void* src, std::size_t count) {
-    Move(PackDatesAny, kPlans.Packing(record, form), record, form, dst, src, count);
+    Move<true>(PackDatesAny, kPlans.Packing(record, form), record, form, dst, src, count);
 }
 
 KY_KERNEL_TARGET void UnpackDatesAvx2(DateRecord record, DateForm form, void* dst, const void* src, std::size_t count) {
-    Move(UnpackDatesAny, kPlans.Unpacking(record, form), record, form, dst, src, count);
+    Move<false>(UnpackDatesAny, kPlans.Unpacking(record, form), record, form, dst, src, count);
 }
 
 KY_KERNEL_TARGET std::uint32_t HashDatesAvx2(DateRecord record, DateForm form, const void* data, std::size_t count) {

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstddef>
+#include <numeric>
 
 #include "date_records.h"
 
@@ -91,6 +92,98 @@ struct alignas(width) DateHashPlan {
             }
         }
     }
+};
+
+/// The whole record through registers that are full in memory form: three of them are a round, which holds a whole
+/// number of elements. Elements of 12 bytes leave no byte of a register unused so, and every register of an array that
+/// begins at a line of the cache is a line. Stored, the bytes of a register stand together, too, but for the padding.
+template <std::size_t width>
+class DateRounds {
+    static constexpr DateRecord kRecord = DateRecord::dateTimeN;
+    static constexpr std::size_t kMemory = DateLayout(kRecord, DateForm::memory).size;
+    static constexpr std::size_t kStored = DateLayout(kRecord, DateForm::native).size;
+
+public:
+    static constexpr std::size_t kRegisters = 3;
+    static constexpr std::size_t kElements = kRegisters * width / kMemory;
+    static_assert(kElements * kMemory == kRegisters * width);
+
+    using Bytes = std::array<unsigned char, width>;
+
+    /// Where a register begins in a round of memory form and in one of another form.
+    static constexpr std::size_t InMemory(std::size_t which) { return which * width; }
+    static constexpr std::size_t InForm(DateForm form, std::size_t which) {
+        const std::size_t first = InMemory(which);
+        return form == DateForm::memory ? first : first / kMemory * kStored + first % kMemory - (first % kMemory > 7);
+    }
+    /// Bytes that a round reads or writes in a form, some of them behind its elements.
+    static constexpr std::size_t Reach(DateForm form) { return InForm(form, kRegisters - 1) + width; }
+
+    /// Of each byte of a register: where it is read in one that begins at `InForm`.
+    struct alignas(width) Plan {
+        Bytes pack{};    ///< memory form to the form
+        Bytes unpack{};  ///< and back; padding is cleared
+        Bytes words{};   ///< the form to the words that are hashed
+        Bytes signs{};   ///< the sign bits of the bytes that are widened there
+    };
+
+    constexpr DateRounds() {
+        for (const DateForm form : {DateForm::native, DateForm::reversed, DateForm::memory}) {
+            for (std::size_t which = 0; which < kRegisters; ++which) Fill(Of(form, which), form, which);
+        }
+    }
+
+    constexpr const Plan& Of(DateForm form, std::size_t which) const {
+        return plans[static_cast<std::size_t>(form)][which];
+    }
+
+private:
+    constexpr Plan& Of(DateForm form, std::size_t which) { return plans[static_cast<std::size_t>(form)][which]; }
+
+    static constexpr void Fill(Plan& plan, DateForm form, std::size_t which) {
+        /// Where a byte of the record that has its 4 bytes in the register stands in the form.
+        const auto place = [form, which](std::size_t at, unsigned char recordByte) {
+            const std::size_t element = (InMemory(which) + at) / kMemory;
+            const unsigned char offset = OffsetOf(kRecord, form, recordByte);
+            return offset == kNoByte ? kNoByte
+                                     : static_cast<unsigned char>(element * DateLayout(kRecord, form).size + offset -
+                                                                  InForm(form, which));
+        };
+        plan.pack.fill(kNoByte);
+        for (std::size_t at = 0; at < width; ++at) {
+            const std::size_t inElement = (InMemory(which) + at) % kMemory;
+            const unsigned char own = RecordByte(kRecord, DateForm::memory, inElement);
+            const unsigned char hashed = kHashBytes[inElement / 4][at % 4];
+            plan.unpack[at] = place(at, own);
+            if (own != kNoByte) plan.pack[plan.unpack[at]] = static_cast<unsigned char>(at);
+            plan.words[at] = place(at, hashed);
+            if (IsWidened(hashed)) plan.signs[at] = 0x80;
+        }
+    }
+
+    std::array<std::array<Plan, kRegisters>, kDateForms> plans{};
+};
+
+/// Elements of `size` bytes through as many registers as a whole number of them fills.
+template <std::size_t width, std::size_t size>
+class DateFolds {
+public:
+    static constexpr std::size_t kRegisters = size / std::gcd(size, width);
+    static constexpr std::size_t kElements = kRegisters * width / size;
+
+    using Bytes = std::array<unsigned char, width>;
+
+    constexpr DateFolds() {
+        constexpr std::size_t first = size == DateLayout(DateRecord::time, DateForm::memory).size ? 4 : 0;
+        for (std::size_t at = 0; at < kRegisters * width; ++at) {
+            if (IsWidened(static_cast<unsigned char>(first + at % size))) signs[at / width][at % width] = 0x80;
+        }
+    }
+    /// The sign bits of the bytes that a hash widens; they stand at the same place in every form.
+    constexpr const Bytes& SignsOf(std::size_t which) const { return signs[which]; }
+
+private:
+    alignas(width) std::array<Bytes, kRegisters> signs{};
 };
 
 /// All of them.

@@ -122,7 +122,7 @@ constexpr int KyDateTime_::GetTotalDays(int span) const {
 }
 
 constexpr long long KyDateTime_::GetTotalSeconds(int span) const {
-    return GetTotalDays(span) * 86400LL + hour * 3600 + minute * 60 + second;
+    return GetTotalDays(span) * 86400LL + static_cast<int>(Time());
 }
 
 constexpr long long KyDateTime_::GetTotalNanoSeconds(int span) const {

@@ -104,6 +104,41 @@ TEST_P(DateKernels, HashCombinesTheWordsOfAllElements) {
     });
 }
 
+TEST_P(DateKernels, HashDoesNotDependOnWhereAFieldIsNegative) {
+    for (const Record& record : kRecords) {
+        for (const ky::DateForm form : {ky::DateForm::native, ky::DateForm::reversed, ky::DateForm::memory}) {
+            const std::size_t size = SlowDateSize(record.shape, FlagOf(form));
+            for (const unsigned count : {15u, 48u, 64u, 128u, 191u, 192u, 193u, 448u, 1000u, 3000u}) {
+                SCOPED_TRACE(std::string(record.name) + " form " + std::to_string(FlagOf(form)) + " count " +
+                             std::to_string(count));
+                GuardedBuffer data(count * size);
+                Fill(data.data(), data.size());
+                const auto check = [&] {
+                    int err = -1;
+                    ASSERT_EQ(1103515245u * kernels.hash(record.record, form, data.data(), count),
+                              SlowDateHash(record.shape, FlagOf(form), 0, data.data(), count, err));
+                };
+                // Bytes of the highest bit clear, but for years, nanoseconds and padding.
+                const std::size_t first = record.shape.date ? 2 : 0;
+                const std::size_t fields = (record.shape.date ? 2 : 0) + (record.shape.time ? 3 : 0);
+                for (std::size_t at = 0; at < data.size(); ++at) {
+                    const std::size_t inElement = at % size;
+                    if (inElement >= first && inElement < first + fields) data.data()[at] &= 0x7F;
+                }
+                ASSERT_NO_FATAL_FAILURE(check());
+                for (std::size_t field = 0; field < fields; ++field) {
+                    for (int times = 0; times < 8; ++times) {
+                        unsigned char& negative = data.data()[random() % count * size + first + field];
+                        negative |= 0x80;
+                        ASSERT_NO_FATAL_FAILURE(check()) << "field " << field;
+                        negative &= 0x7F;
+                    }
+                }
+            }
+        }
+    }
+}
+
 TEST_P(DateKernels, FirstOtherIsFoundWhereverItStandsAndPaddingIsPassed) {
     for (const Record& record : kRecords) {
         if (!record.shape.date || !record.shape.time) continue;

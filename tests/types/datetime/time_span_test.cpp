@@ -6,6 +6,7 @@
 
 #include "date_values.h"
 #include "kydatimeN.h"
+#include "oracle/slow_spans.h"
 #include "support/fewer_cases.h"
 
 namespace {
@@ -203,6 +204,60 @@ TEST(KyTimeSpan, DifferencesWithinAMonthAreExact) {
         ASSERT_EQ(Nanoseconds(difference), apart < 0 ? -apart : apart)
             << testing::PrintToString(a) << " and " << testing::PrintToString(b);
         ASSERT_EQ(KyTimeSpan::Difference(b, a), difference);
+    }
+}
+
+// Fields of any kind, in range and out of it.
+KyTimeSpan AnySpan(std::mt19937& random) {
+    const auto field = [&random](int range) {
+        const auto number = static_cast<int>(random());
+        switch (random() % 4) {
+            case 0:
+                return 0;
+            case 1:
+                return number % 256;
+            default:
+                return number % range;
+        }
+    };
+    return {random() % 8 == 0 ? static_cast<int>(random()) : field(4),
+            field(12),
+            field(30),
+            field(24),
+            field(60),
+            field(60),
+            random() % 8 == 0 ? static_cast<int>(random()) : field(1'000'000'000)};
+}
+
+TEST(KyTimeSpan, DaysAreAddedToFieldsOfAnyKind) {
+    std::mt19937 random(51);
+    for (int i = 0; i < 400000 / kFewerCases; ++i) {
+        const KyTimeSpan span = AnySpan(random);
+        const int days = static_cast<int>(random()) >> (random() % 32);
+        const oracle::Ymd sum = oracle::SlowSpanDays({span.year, span.month, span.day}, days);
+        KyTimeSpan expected = span;
+        expected.SetYears(static_cast<int>(sum.year));
+        expected.SetMonths(static_cast<int>(sum.month));
+        expected.SetDays(static_cast<int>(sum.day));
+        ASSERT_EQ(DaysLater(span, days), expected) << testing::PrintToString(span) << " + " << days;
+    }
+}
+
+TEST(KyTimeSpan, DifferencesOfFieldsOfAnyKind) {
+    const auto slow = [](const KyTimeSpan& span) -> oracle::SlowSpan {
+        return {{span.year, span.month, span.day}, {span.hour, span.minute, span.second}, span.nanoseconds};
+    };
+    std::mt19937 random(52);
+    for (int i = 0; i < 400000 / kFewerCases; ++i) {
+        const KyTimeSpan a = AnySpan(random);
+        KyTimeSpan b = AnySpan(random);
+        if (random() % 2 == 0) b.SetYears(a.year);
+        const oracle::SlowSpan apart = oracle::SlowDifference(slow(a), slow(b));
+        const KyTimeSpan expected(static_cast<int>(apart.date.year), static_cast<int>(apart.date.month),
+                                  static_cast<int>(apart.date.day), apart.time.hour, apart.time.minute,
+                                  apart.time.second, static_cast<int>(apart.nanoseconds));
+        ASSERT_EQ(KyTimeSpan::Difference(a, b), expected)
+            << testing::PrintToString(a) << " and " << testing::PrintToString(b);
     }
 }
 
