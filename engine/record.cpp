@@ -70,6 +70,9 @@ unsigned RecordLayout::CheckWord(Bytes record) const {
         word = word * factor + Types().Hash(attribute.type, static_cast<unsigned>(value.size()),
                                             const_cast<unsigned char*>(value.data()), attribute.count, form, err);
     }
+    // Hashes tell nothing of a text's label and lengths.
+    constexpr unsigned prime = 16777619;
+    for (const unsigned char byte : record.subspan(kCheckBytes)) word = (word ^ byte) * prime;
     return word;
 }
 
