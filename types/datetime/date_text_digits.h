@@ -41,10 +41,17 @@ constexpr unsigned FractionDigits(int nanoseconds) {
     return nanoseconds % 1'000'000 != 0 ? 6 : 3;
 }
 
-/// The first `digits` of the nine digits of nanoseconds below 10^9. Writes nine bytes.
+/// The first `digits`, 3, 6 or 9, of the nine digits of nanoseconds below 10^9.
 inline char* PutFraction(char* at, unsigned nanoseconds, unsigned digits) {
-    StoreEight(EightDigits(nanoseconds / 10) | kEightZeros, at);
-    at[8] = static_cast<char>('0' + nanoseconds % 10);
+    const std::uint64_t first = EightDigits(nanoseconds / 10) | kEightZeros;
+    if (digits == 3) {
+        std::memcpy(at, &first, 3);
+    } else if (digits == 6) {
+        std::memcpy(at, &first, 6);
+    } else {
+        StoreEight(first, at);
+        at[8] = static_cast<char>('0' + nanoseconds % 10);
+    }
     return at + digits;
 }
 

@@ -87,15 +87,18 @@ inline constexpr int kNoon = 12;
 /// What "%I" shows of an hour. `halves`: the format tells before noon from after noon, so that midnight is 12, too.
 constexpr int ClockHour(int hour, bool halves, const DatePrintRules& rules) {
     if (!rules.clockHours) return hour;
-    if (hour > kNoon) return hour - kNoon;
-    return hour == 0 && halves ? kNoon : hour;
+    // No branches: which half it is cannot be foreseen.
+    const int afterNoon = hour > kNoon ? kNoon : 0;
+    const int atMidnight = hour == 0 && halves ? kNoon : 0;
+    return hour - afterNoon + atMidnight;
 }
 
 /// The hour of a text that marks it by these halves of the day.
 // KEPT: with both marks the second counts after the first, and a wildcard hour after noon is 11.
 constexpr int HourOfHalf(int hour, bool am, bool pm) {
-    if (pm && hour < kNoon) hour += kNoon;
-    return am && hour == kNoon ? 0 : hour;
+    // No branches on marks that cannot be foreseen.
+    const int whole = hour + (hour < kNoon ? int{pm} : 0) * kNoon;
+    return whole - (whole == kNoon ? int{am} : 0) * kNoon;
 }
 
 inline constexpr int kDaysInSpanYear = 360;

@@ -32,6 +32,8 @@ public:
         : bits(static_cast<unsigned>(date) | static_cast<unsigned>(time) << 8 |
                static_cast<unsigned>(static_cast<unsigned char>(between)) << 16) {}
 
+    friend constexpr bool operator==(FormatPieces a, FormatPieces b) { return a.bits == b.bits; }
+
     constexpr bool Recognised() const { return bits != 0; }
     constexpr DatePiece Date() const { return static_cast<DatePiece>(bits & 0xFF); }
     constexpr TimePiece Time() const { return static_cast<TimePiece>(bits >> 8 & 0xFF); }
@@ -41,6 +43,11 @@ public:
 private:
     unsigned bits = 0;
 };
+
+// The commonest, which have code of their own.
+inline constexpr FormatPieces kNumericDateFormat(DatePiece::numeric, TimePiece::none, 0);
+inline constexpr FormatPieces kNamedDateFormat(DatePiece::named, TimePiece::none, 0);
+inline constexpr FormatPieces kPlainTimeFormat(DatePiece::none, TimePiece::seconds, 0);
 
 namespace detail {
 
@@ -55,7 +62,7 @@ inline bool TakeText(const char*& at, const char (&text)[size]) {
     return true;
 }
 
-/// `at` is not at its end.
+/// `at` begins with "%".
 inline DatePiece TakeDatePiece(const char*& at) {
     if (at[1] == 'Y') return TakeText(at, "%Y-%m-%d") ? DatePiece::numeric : DatePiece::none;
     if (at[1] == 'a') {

@@ -1,7 +1,7 @@
 #include <cstdint>
 #include <cstring>
-#include "ascii.h"
 
+#include "ascii.h"
 #include "date_text.h"
 #include "date_text_directives.h"
 #include "date_text_names.h"
@@ -81,6 +81,20 @@ bool TakeNumericDate(const char*& at, const char* limit, DateTimeParts& parts) {
     return TakeTwo(at, parts.day);
 }
 
+/// A date that is all of its text.
+bool TakeWholeNumericDate(const char* at, const char* limit, DateTimeParts& parts) {
+    constexpr EightCharacters kHead("0000-00-");
+    constexpr EightCharacters kTail("0-00-00\0");
+    constexpr unsigned kTailAt = 3;
+    std::uint64_t head;
+    std::uint64_t tail;
+    if (limit - at < 11 || !kHead.Match(at, head) || !kTail.Match(at + kTailAt, tail)) return false;
+    parts.year = PairAt(head, 0) * 100 + PairAt(head, 2);
+    parts.month = PairAt(head, 5);
+    parts.day = PairAt(tail, 8 - kTailAt);
+    return true;
+}
+
 bool TakeSpace(const char*& at) {
     while (IsSpace(*at)) ++at;
     return true;
@@ -133,18 +147,12 @@ bool TakeDate(const char*& at, const char* limit, DatePiece piece, DateTimeParts
 }
 
 bool TakeDayHalf(const char* at, int& hour) {
-    switch (*at) {
-        case 'p':
-        case 'P':
-            hour = HourOfHalf(hour, false, true);
-            return true;
-        case 'a':
-        case 'A':
-            hour = HourOfHalf(hour, true, false);
-            return true;
-        default:
-            return false;
-    }
+    // One branch, and none on which half it is.
+    const int letter = *at | ('a' ^ 'A');
+    const bool am = letter == 'a';
+    const bool pm = letter == 'p';
+    hour = HourOfHalf(hour, am, pm);
+    return (int{am} | int{pm}) != 0;
 }
 
 bool TakeTime(const char* at, const char* limit, TimePiece piece, DateTimeParts& parts) {
@@ -170,35 +178,43 @@ bool TakeBetween(const char*& at, char between) {
     return IsSpace(between) ? TakeSpace(at) : Take(at, between);
 }
 
-/// Reads a text in a recognised format into parts that are 0. False, with anything in the parts, when the text is not
-/// what printing such a format usually gives.
-bool TakePieces(const char* at, const char* limit, FormatPieces format, DateTimeParts& parts) {
+/// Straight code where the format is a constant.
+[[gnu::always_inline]] inline bool TakePieces(const char* at, const char* limit, FormatPieces format,
+                                              DateTimeParts& parts) {
     return TakeDate(at, limit, format.Date(), parts) && TakeBetween(at, format.Between()) &&
            TakeTime(at, limit, format.Time(), parts);
+}
+
+/// Reads a text in a recognised format into parts that are 0. False, with anything in the parts, when the text is not
+/// what printing such a format usually gives.
+bool TakeRecognised(const char* at, const char* limit, FormatPieces format, DateTimeParts& parts) {
+    if (format == kNumericDateFormat && TakeWholeNumericDate(at, limit, parts)) return true;
+    if (format == kPlainTimeFormat) return TakePieces(at, limit, kPlainTimeFormat, parts);
+    return TakePieces(at, limit, format, parts);
 }
 
 /// Whether an 8-bit text begins with the null print string. An empty one is for empty texts alone.
 bool IsNullText(const KyString& text) {
     const KyString& null = NullPrintString();
-    const char first = *null.StrGet();
-    // ASCII characters have one code in all 8-bit code sets.
-    if (null.CodeSetGet() < KyCodeSetFirst16Bit && first >= ' ' && first <= '~' && first != *text.StrGet())
-        return false;
+    if (null.CodeSetGet() == text.CodeSetGet() && *null.StrGet() != *text.StrGet()) return false;
     return null.IsEmpty() != 0 ? text.IsEmpty() != 0 : BeginsWithNullPrintString(text);
+}
+
+DateScan ScanEightBit(DateTimeParts& parts, const KyString& text, const char* format) {
+    if (IsNullText(text)) return DateScan::null;
+    const char* const start = text.StrGet();
+    const char* const limit = start + text.BufferSizeGet();
+    const FormatPieces pieces = PiecesOf(format);
+    parts = {};
+    if (pieces.Recognised() && TakeRecognised(start, limit, pieces, parts)) return DateScan::whole;
+    return ScanItems(parts, start, limit, format);
 }
 
 }  // namespace
 
 DateScan ScanDateTime(DateTimeParts& parts, KyString& text, const char* format) {
-    return ReadAsEightBit(text, [&parts, format](const KyString& narrow) {
-        if (IsNullText(narrow)) return DateScan::null;
-        const char* const start = narrow.StrGet();
-        const char* const limit = start + narrow.BufferSizeGet();
-        const FormatPieces pieces = PiecesOf(format);
-        parts = {};
-        if (pieces.Recognised() && TakePieces(start, limit, pieces, parts)) return DateScan::whole;
-        return ScanItems(parts, start, limit, format);
-    });
+    return ReadAsEightBit(text,
+                          [&parts, format](const KyString& narrow) { return ScanEightBit(parts, narrow, format); });
 }
 
 }  // namespace ky

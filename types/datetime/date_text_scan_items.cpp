@@ -15,63 +15,58 @@ namespace ky {
 namespace {
 
 void SkipSpace(const char*& at) {
-    while (IsSpace(*at)) ++at;
+    while (static_cast<unsigned char>(*at) <= ' ' && IsSpace(*at)) ++at;
 }
 
-/// Reads directive by directive, whatever the text and the format are.
+/// Reads directive by directive, whatever the text and the format are. The place in the text is handed on and given
+/// back, so that it stays in a register.
 class DateScanner {
 public:
     /// All bytes before `readable` can be read. The parts are 0.
-    DateScanner(const char* text, const char* readable, DateTimeParts& someParts)
-        : at(text), limit(readable), parts(someParts) {}
+    DateScanner(const char* readable, DateTimeParts& someParts) : limit(readable), parts(someParts) {}
 
-    DateScan Scan(const char* format) {
-        const bool isWhole = Walk(format);
+    DateScan Scan(const char* text, const char* format) {
+        const bool isWhole = Walk(format, text) != nullptr;
         parts.hour = HourOfHalf(parts.hour, isAm, isPm);
         return isWhole ? DateScan::whole : DateScan::cut;
     }
 
 private:
-    const char* at;
     const char* limit;
     DateTimeParts& parts;
     std::size_t openGroups = 0;
     bool isAm = false;
     bool isPm = false;
 
-    /// False when the text has ended before a directive.
-    bool Walk(const char* format) {
+    /// Null when the text has ended before a directive.
+    const char* Walk(const char* format, const char* at) {
         for (;;) {
             SkipSpace(format);
             SkipSpace(at);
-            if (*format == 0) return true;
+            if (*format == 0) return at;
             const char c = *format++;
             if (c == '%') {
                 FormatItem item;
-                if (!TakeItem(format, item)) return true;
+                if (!TakeItem(format, item)) return at;
                 if (item.opensGroup) ++openGroups;
-                if (*at == 0 || !TakeValue(item.Meaning())) return false;
+                if (*at == 0) return nullptr;
+                at = TakeValue(item.Meaning(), at);
+                if (at == nullptr) return nullptr;
             } else if (c == ')' && openGroups != 0) {
                 --openGroups;
             } else if (*at == c || !IsDigit(*at)) {
-                SkipOne();
+                at = BehindOne(at);
             }
         }
     }
 
-    void SkipOne() {
-        if (*at != 0) ++at;
-    }
+    static const char* BehindOne(const char* at) { return *at != 0 ? at + 1 : at; }
 
-    bool TakeValue(const Directive& directive) {
-        if (directive.kind == DirectiveKind::expansion) return Walk(directive.expansion);
-        if (*at == '*') {
-            ++at;
-            SetWildcard(directive);
-        } else {
-            TakePart(directive);
-        }
-        return true;
+    const char* TakeValue(const Directive& directive, const char* at) {
+        if (directive.kind == DirectiveKind::expansion) return Walk(directive.expansion, at);
+        if (*at != '*') return TakePart(directive, at);
+        SetWildcard(directive);
+        return at + 1;
     }
 
     void SetWildcard(const Directive& directive) {
@@ -93,17 +88,17 @@ private:
         }
     }
 
-    void TakePart(const Directive& directive) {
+    const char* TakePart(const Directive& directive, const char* at) {
         switch (directive.kind) {
             case DirectiveKind::number:
             case DirectiveKind::clockHour:
                 TakeInteger(at, parts.*directive.part);
                 break;
             case DirectiveKind::shortYear:
-                TakeShortYear();
+                TakeShortYear(at);
                 break;
             case DirectiveKind::monthName:
-                TakeMonth();
+                TakeMonth(at);
                 break;
             case DirectiveKind::weekdayName:
                 TakeName(at, ky_weekdays, 7);
@@ -112,18 +107,19 @@ private:
                 TakeSeconds(at, limit, parts.second, parts.nanoseconds);
                 break;
             case DirectiveKind::totalDays:
-                TakeTotalDays();
+                TakeTotalDays(at);
                 break;
             case DirectiveKind::dayHalf:
-                TakeDayHalf();
-                break;
+                isPm = isPm || *at == 'p' || *at == 'P';
+                isAm = isAm || *at == 'a' || *at == 'A';
+                return BehindOne(BehindOne(at));
             default:
-                SkipOne();
-                break;
+                return BehindOne(at);
         }
+        return at;
     }
 
-    void TakeShortYear() {
+    void TakeShortYear(const char*& at) {
         constexpr int kLastOfThisCentury = 30;
         int year;
         if (!TakeInteger(at, year)) return;
@@ -131,7 +127,7 @@ private:
         parts.year = std::min(year, std::numeric_limits<int>::max() - century) + century;
     }
 
-    void TakeMonth() {
+    void TakeMonth(const char*& at) {
         const int index = TakeName(at, ky_months, 12);
         if (index >= 0) {
             parts.month = index + 1;
@@ -140,16 +136,9 @@ private:
         }
     }
 
-    void TakeTotalDays() {
+    void TakeTotalDays(const char*& at) {
         int days;
         if (TakeInteger(at, days)) SetTotalDays(parts, days);
-    }
-
-    void TakeDayHalf() {
-        isPm = isPm || *at == 'p' || *at == 'P';
-        isAm = isAm || *at == 'a' || *at == 'A';
-        SkipOne();
-        SkipOne();
     }
 };
 
@@ -157,7 +146,7 @@ private:
 
 DateScan ScanItems(DateTimeParts& parts, const char* text, const char* limit, const char* format) {
     parts = {};
-    return DateScanner(text, limit, parts).Scan(format);
+    return DateScanner(limit, parts).Scan(text, format);
 }
 
 }  // namespace ky

@@ -47,8 +47,6 @@ struct Digits {
     }
 };
 
-bool IsSign(char c) { return c == '-' || c == '+'; }
-
 /// A decimal number as a double; false where there is none.
 bool ReadDecimal(const char* text, const char* limit, double& value) {
     // Numbers and powers of ten up to these are doubles themselves, whose quotient is rounded once.
@@ -73,19 +71,12 @@ bool ReadDecimal(const char* text, const char* limit, double& value) {
 
 }  // namespace
 
-bool TakeInteger(const char*& text, int& value) {
+int LimitedInteger(const char* digits, const char* end, bool negative) {
     using Limits = std::numeric_limits<int>;
     constexpr long long kFar = Limits::max() + 1LL;
-    const char* at = text;
-    const bool negative = *at == '-';
-    if (IsSign(*at)) ++at;
-    const char* const start = at;
     long long number = 0;
-    for (; IsDigit(*at); ++at) number = std::min(number * 10 + (*at - '0'), kFar);
-    text = at;
-    if (at == start) return false;
-    value = static_cast<int>(negative ? -number : std::min(number, kFar - 1));
-    return true;
+    for (; digits != end; ++digits) number = std::min(number * 10 + (*digits - '0'), kFar);
+    return static_cast<int>(negative ? -number : std::min(number, kFar - 1));
 }
 
 void TakeMonthNumber(const char*& text, int& value) {

@@ -3,10 +3,34 @@
 
 /// The values that dates are read from. Each function moves `text`, zero-terminated, behind what belongs to the value.
 
+#include <limits>
+
+#include "ascii.h"
+
 namespace ky {
 
+constexpr bool IsSign(char c) { return c == '-' || c == '+'; }
+
+/// The number of any digits, limited to its type.
+int LimitedInteger(const char* digits, const char* end, bool negative);
+
 /// A sign and digits; a sign alone is skipped. `value` is limited to its type, and kept where there is no digit.
-bool TakeInteger(const char*& text, int& value);
+inline bool TakeInteger(const char*& text, int& value) {
+    const char* at = text;
+    const bool negative = *at == '-';
+    if (IsSign(*at)) ++at;
+    const char* const start = at;
+    unsigned number = 0;
+    for (; IsDigit(*at); ++at) number = number * 10 + static_cast<unsigned>(*at - '0');
+    text = at;
+    if (at == start) return false;
+    if (at - start <= std::numeric_limits<int>::digits10) {
+        value = negative ? -static_cast<int>(number) : static_cast<int>(number);
+    } else {
+        value = LimitedInteger(start, at, negative);
+    }
+    return true;
+}
 
 /// A number of at most three characters, after which three are skipped whatever they are.
 void TakeMonthNumber(const char*& text, int& value);

@@ -28,6 +28,10 @@ class LentText;
 /// length is known: text[length] is its first zero.
 KyString& AssignText(KyString& out, const char* text, std::size_t length);
 
+/// The same with the text still to come: `length` characters, none of them zero, are to be written where the result
+/// points. Null, and no change, where such a text is no simple block, which `AssignText` sees to.
+char* RenewText(KyString& out, std::size_t length);
+
 /// `out` becomes a text with this label, as a record of `form` holds it: `bytes` bytes, whole characters. None: no
 /// buffer.
 void LoadText(KyString& out, unsigned char codeSet, unsigned char language, const char* text, std::size_t bytes,
@@ -238,6 +242,7 @@ private:
 
     friend KyString operator+(const KyString& a, const KyString& b);
     friend KyString& ky::AssignText(KyString& out, const char* text, std::size_t length);
+    friend char* ky::RenewText(KyString& out, std::size_t length);
     friend class ky::LentText;
     friend int KyMBS2KyString(const char* in, KyString& out, int inLen);
     friend void ky::LoadText(KyString& out, unsigned char codeSet, unsigned char language, const char* text,

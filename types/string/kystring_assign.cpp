@@ -1,17 +1,32 @@
+#include "kyi18n.h"
 #include "kystring.h"
 #include "kystring_build.h"
 
-KyString& ky::AssignText(KyString& out, const char* text, std::size_t length) {
-    const unsigned char codeSet = KyString::GetDefault8CodeSet();
-    if (length >= kMaxStringBytes || CharWidth(codeSet) != 1) return out = text;
+char* ky::RenewText(KyString& out, std::size_t length) {
+    const unsigned char codeSet = KyLanguageContext::GetDefault8CodeSet();
+    if (length >= kMaxStringBytes || CharWidth(codeSet) != 1) return nullptr;
 
-    char* block = new char[length + 1];
-    CopyText(block, text, length);
+    char* const block = new char[length + 1];
     block[length] = 0;
     delete[] out.buffer;
     out.buffer = block;
     out.bufferSize = static_cast<unsigned short>(length + 1);
     out.codeSet = codeSet;
-    out.language = KyString::GetDefaultLanguage();
+    out.language = KyLanguageContext::GetDefaultLanguage();
+    return block;
+}
+
+KyString& ky::AssignText(KyString& out, const char* text, std::size_t length) {
+    const unsigned char codeSet = KyLanguageContext::GetDefault8CodeSet();
+    if (length >= kMaxStringBytes || CharWidth(codeSet) != 1) return out = text;
+
+    char* const block = new char[length + 1];
+    CopyText(block, text, length);  // which may stand in the old block
+    block[length] = 0;
+    delete[] out.buffer;
+    out.buffer = block;
+    out.bufferSize = static_cast<unsigned short>(length + 1);
+    out.codeSet = codeSet;
+    out.language = KyLanguageContext::GetDefaultLanguage();
     return out;
 }
