@@ -117,6 +117,28 @@ void ScanByTheLibrary(benchmark::State& state, const std::vector<Value>& values,
     }
 }
 
+/// Into characters on the stack, for which no block is taken.
+void PrintIntoCharacters(benchmark::State& state, const std::vector<KyDateTimeN>& values, const char* format) {
+    std::vector<std::tm> times;
+    for (const KyDateTimeN& value : values) times.push_back(BrokenDown(value));
+    std::size_t i = 0;
+    for (auto _ : state) {
+        char text[64];
+        benchmark::DoNotOptimize(std::strftime(text, sizeof text, format, &times[i++ % kValues]));
+        benchmark::DoNotOptimize(text);
+    }
+}
+
+/// Ours with its block, the C library without one.
+template <class Value>
+void RegisterBare(const std::string& name, const char* format, const char* peerFormat, double goal) {
+    const std::vector<KyDateTimeN> all = Values(1);
+    const std::vector<Value> values = AllNarrowed<Value>(all);
+    bench::RegisterPair(
+        "print/bare/" + name, bench::AtLeast(goal), [=](benchmark::State& state) { Print(state, values, format); },
+        [=](benchmark::State& state) { PrintIntoCharacters(state, all, peerFormat); });
+}
+
 /// `peerFormat` is the C library's nearest to `format`.
 template <class Value>
 void Register(const std::string& name, const char* format, const char* peerFormat, double goal = 3.0,
@@ -140,6 +162,12 @@ const bench::AtStart here([] {
     // The C library does less: it has no fractions of seconds.
     Register<KyDateTimeN>("KyDateTimeN/row", "%X", "%Y-%m-%dT%H:%M:%S", 1.0);
     Register<KyDateTimeN>("KyDateTimeN/row/milliseconds", "%X", "%Y-%m-%dT%H:%M:%S", 1.0, 1'000'000);
+    // Two thirds of ours is the block that a string takes.
+    RegisterBare<KyDate>("KyDate/numeric", "%Y-%m-%d", "%Y-%m-%d", 2.5);
+    RegisterBare<KyDate>("KyDate/row", "%a %e.%b %Y", "%a %d.%b %Y", 2.2);
+    RegisterBare<KyTime>("KyTime/numeric", "%H:%M:%S", "%H:%M:%S", 2.0);
+    RegisterBare<KyTime>("KyTime/row", "%I:%M:%S %p", "%I:%M:%S %p", 2.0);
+    RegisterBare<KyDateTimeN>("KyDateTimeN/row", "%X", "%Y-%m-%dT%H:%M:%S", 2.5);
     // Directive by directive.
     Register<KyDate>("KyDate/other", "%d.%m.%Y", "%d.%m.%Y", 1.0);
     Register<KyDateTime>("KyDateTime/other", "%A, %d. %B %Y, %H:%M", "%A, %d. %B %Y, %H:%M", 1.0);

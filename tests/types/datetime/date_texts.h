@@ -1,6 +1,9 @@
 #ifndef DATE_TEXTS_H
 #define DATE_TEXTS_H
 
+#include <gtest/gtest.h>
+
+#include <initializer_list>
 #include <ostream>
 #include <string>
 
@@ -38,5 +41,30 @@ struct Scan {
         result = ky::ScanDateTime(parts, in, format);
     }
 };
+
+struct PrintGolden {
+    ky::DateTimeParts parts;
+    const char* format;
+    const char* text;
+};
+
+inline void CheckPrints(std::initializer_list<PrintGolden> goldens) {
+    for (const auto& [parts, format, text] : goldens) EXPECT_EQ(Printed(parts, format), text) << format;
+}
+
+struct ScanGolden {
+    const char* text;
+    const char* format;
+    ky::DateTimeParts parts;
+    ky::DateScan result = ky::DateScan::whole;
+};
+
+inline void CheckScans(std::initializer_list<ScanGolden> goldens) {
+    for (const auto& [text, format, parts, result] : goldens) {
+        const Scan scan(text, format);
+        EXPECT_EQ(scan.parts, parts) << text << " by " << format;
+        EXPECT_EQ(scan.result, result) << text << " by " << format;
+    }
+}
 
 #endif
