@@ -49,8 +49,14 @@ private:
                 FormatItem item;
                 if (!TakeItem(format, item)) return at;
                 if (item.opensGroup) ++openGroups;
+                const Directive& directive = item.Meaning();
+                // By far the most.
+                if (directive.kind == DirectiveKind::number && IsDigit(*at)) {
+                    at = TakeDigits(at, parts.*directive.part);
+                    continue;
+                }
                 if (*at == 0) return nullptr;
-                at = TakeValue(item.Meaning(), at);
+                at = TakeValue(directive, at);
                 if (at == nullptr) return nullptr;
             } else if (c == ')' && openGroups != 0) {
                 --openGroups;

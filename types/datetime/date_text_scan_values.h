@@ -14,21 +14,27 @@ constexpr bool IsSign(char c) { return c == '-' || c == '+'; }
 /// The number of any digits, limited to its type.
 int LimitedInteger(const char* digits, const char* end, bool negative);
 
-/// A sign and digits; a sign alone is skipped. `value` is limited to its type, and kept where there is no digit.
-inline bool TakeInteger(const char*& text, int& value) {
+/// Digits, of which there is one at least; returns where they end. `value` is limited to its type.
+inline const char* TakeDigits(const char* text, int& value, bool negative = false) {
     const char* at = text;
-    const bool negative = *at == '-';
-    if (IsSign(*at)) ++at;
-    const char* const start = at;
     unsigned number = 0;
-    for (; IsDigit(*at); ++at) number = number * 10 + static_cast<unsigned>(*at - '0');
-    text = at;
-    if (at == start) return false;
-    if (at - start <= std::numeric_limits<int>::digits10) {
+    do {
+        number = number * 10 + static_cast<unsigned>(*at - '0');
+    } while (IsDigit(*++at));
+    if (at - text <= std::numeric_limits<int>::digits10) {
         value = negative ? -static_cast<int>(number) : static_cast<int>(number);
     } else {
-        value = LimitedInteger(start, at, negative);
+        value = LimitedInteger(text, at, negative);
     }
+    return at;
+}
+
+/// A sign and digits; a sign alone is skipped. `value` is limited to its type, and kept where there is no digit.
+inline bool TakeInteger(const char*& text, int& value) {
+    const bool negative = *text == '-';
+    if (IsSign(*text)) ++text;
+    if (!IsDigit(*text)) return false;
+    text = TakeDigits(text, value, negative);
     return true;
 }
 
