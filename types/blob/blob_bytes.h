@@ -1,15 +1,14 @@
 #ifndef BLOB_BYTES_H
 #define BLOB_BYTES_H
 
-/// The buffer of a blob, and the order of runs of bytes.
+/// The buffer of a blob, and the order of blobs.
 
-#include <algorithm>
 #include <climits>
 #include <cstddef>
-#include <cstring>
 #include <functional>
 
 #include "array_rules.h"
+#include "blob_kernels.h"
 #include "kyblob.h"
 #include "raw_bytes.h"
 
@@ -28,13 +27,18 @@ bool MoveToLarger(KyBlobData& block, std::size_t needed, std::size_t capacity);
 /// Replaces the bytes by a copy of others, perhaps part of them, in a new buffer of just their size, which is not 0.
 void CopyToNew(KyBlobData& block, const void* bytes, std::size_t size);
 
-/// Replaces the bytes by a copy of `size` others, not more than `kMostBlobBytes`.
-inline void FillBytes(KyBlobData& block, const void* bytes, std::size_t size) {
+/// Whether the buffer stays when the bytes are replaced by `size` others.
+inline bool KeepsBuffer(const KyBlobData& block, std::size_t size) {
     constexpr std::size_t mostSpare = 128;
     const auto length = static_cast<std::size_t>(block.length);
+    return size != 0 && size <= length && length <= size + mostSpare;
+}
+
+/// Replaces the bytes by a copy of `size` others, not more than `kMostBlobBytes`.
+inline void FillBytes(KyBlobData& block, const void* bytes, std::size_t size) {
     if (size == 0) {
         FreeBytes(block);
-    } else if (size <= length && length <= size + mostSpare) {
+    } else if (KeepsBuffer(block, size)) {
         CopyBytes(block.data, bytes, size);
         block.length = static_cast<int>(size);
     } else {
@@ -52,17 +56,10 @@ inline bool LiesInside(const KyBlobData& block, const void* p) {
            std::less<>()(p, static_cast<const void*>(Advance(block.data, capacity)));
 }
 
-/// -1, 0 or 1: the first bytes that differ decide, as unsigned numbers, or else the lengths.
-inline int OrderBytes(const void* a, std::size_t lengthA, const void* b, std::size_t lengthB) {
-    const std::size_t common = std::min(lengthA, lengthB);
-    const int order = common != 0 ? std::memcmp(a, b, common) : 0;
-    return order != 0 ? Order(order, 0) : Order(lengthA, lengthB);
-}
-
 /// The order of what two handles hold.
 inline int OrderBlocks(const KyBlobData* a, const KyBlobData* b) {
     if (a == nullptr || b == nullptr) return Order(a != nullptr, b != nullptr);
-    return OrderBytes(a->data, static_cast<std::size_t>(a->length), b->data, static_cast<std::size_t>(b->length));
+    return OrderRuns(a->data, static_cast<std::size_t>(a->length), b->data, static_cast<std::size_t>(b->length));
 }
 
 }  // namespace ky

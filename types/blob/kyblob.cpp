@@ -1,6 +1,7 @@
 #include "kyblob.h"
 
 #include <cstdlib>
+#include <cstring>
 
 #include "blob_bytes.h"
 #include "kybase.h"

@@ -4,6 +4,7 @@
 
 #include "array_rules.h"
 #include "blob_bytes.h"
+#include "blob_kernels.h"
 #include "kybase.h"
 #include "kyblob.h"
 #include "kyblob_slots.h"
@@ -12,7 +13,7 @@
 
 namespace {
 
-constexpr std::size_t kField = 4;  ///< bytes of the total and of a length
+constexpr unsigned kField = 4;  ///< bytes of the total and of a length
 constexpr std::uint32_t kNullLength = 0xFFFFFFFF;
 
 unsigned char FormOf(unsigned char flag) { return flag & KyFormMask; }
@@ -62,6 +63,7 @@ public:
     bool IsNull() const { return ReadField(at, form) == kNullLength; }
     std::size_t Length() const { return ReadCounted(at, form); }
     const void* Bytes() const { return at + kField; }
+    bool IsWhole() const { return Length() <= left - kField; }
     /// As many of them as are there.
     std::size_t BytesThere() const { return std::min(Length(), left - kField); }
     void Next() {
@@ -76,20 +78,39 @@ private:
     unsigned char form;
 };
 
+// What is rarely needed is not inlined, so that it costs nothing where there is but one element, which is whole.
+
+/// Of `common` bytes, then of the lengths as they are told.
+[[gnu::noinline]] int OrderCutElements(const void* a, std::size_t lengthA, const void* b, std::size_t lengthB,
+                                       std::size_t common) {
+    const int order = ky::OrderRuns(a, common, b, common);
+    return order != 0 ? order : ky::Order(lengthA, lengthB);
+}
+
 /// Bytes first, as far as they are there of both, then the lengths as they are told.
 int OrderElements(const ElementWalk& a, const ElementWalk& b) {
     if (a.IsNull() || b.IsNull()) return 2 * ky::Order(b.IsNull(), a.IsNull());
-    const std::size_t common = std::min(a.BytesThere(), b.BytesThere());
-    const int order = ky::OrderBytes(a.Bytes(), common, b.Bytes(), common);
-    return order != 0 ? order : ky::Order(a.Length(), b.Length());
+    if (a.IsWhole() && b.IsWhole()) return ky::OrderRuns(a.Bytes(), a.Length(), b.Bytes(), b.Length());
+    return OrderCutElements(a.Bytes(), a.Length(), b.Bytes(), b.Length(), std::min(a.BytesThere(), b.BytesThere()));
 }
 
-int CompareRecords(ElementWalk a, ElementWalk b, unsigned count) {
+[[gnu::noinline]] int CompareRecords(const void* recordA, unsigned lengthA, const void* recordB, unsigned lengthB,
+                                     unsigned char form, unsigned count) {
+    ElementWalk a(recordA, lengthA, form);
+    ElementWalk b(recordB, lengthB, form);
     int order = 0;
     for (unsigned i = 0; i < count && order == 0 && a.HasElement() && b.HasElement(); ++i) {
         order = OrderElements(a, b);
         a.Next();
         b.Next();
+    }
+    return order;
+}
+
+[[gnu::noinline]] int CompareHandles(const KyBlob* a, const KyBlob* b, std::size_t visited) {
+    int order = 0;
+    for (std::size_t i = 0; i < visited && order == 0; ++i) {
+        order = ky::OrderBlocks(ky::BlockOf(a[i]), ky::BlockOf(b[i]));
     }
     return order;
 }
@@ -132,6 +153,16 @@ unsigned LoadWithin(KyBlob* blobs, const void* src, std::uint64_t size, unsigned
     return static_cast<unsigned>(kField + total);
 }
 
+unsigned StoreOne(void* dst, const KyBlobData* block, unsigned char form) {
+    const std::uint32_t length = block != nullptr ? static_cast<std::uint32_t>(block->length) : kNullLength;
+    const std::uint32_t total = block != nullptr ? kField + length : kField;
+    if (total > ky::kMostBlobBytes) return 0;
+    WriteField(dst, total, form);
+    WriteField(ky::Advance(dst, kField), length, form);
+    if (block == nullptr) return kField + total;
+    return ky::CopyRun(ky::Advance(dst, 2 * kField), block->data, length, kField + total);
+}
+
 unsigned CopyRecord(void* dst, unsigned dstLen, void* src, unsigned char srcFlag, unsigned srcLen, unsigned count) {
     const unsigned size = srcLen != 0 ? srcLen : BlobSizeGet(src, srcFlag, srcFlag, count);
     return ky::CopyPersistent(dst, dstLen != 0 ? dstLen : size, src, size);
@@ -142,6 +173,7 @@ unsigned CopyRecord(void* dst, unsigned dstLen, void* src, unsigned char srcFlag
 unsigned BlobStore(void* dst, const void* src, unsigned char flag, unsigned count) {
     const auto* blobs = static_cast<const KyBlob*>(src);
     const unsigned char form = FormOf(flag);
+    if (count == 1) return StoreOne(dst, ky::BlockOf(*blobs), form);
     const std::uint64_t total = TotalOf(blobs, count);
     if (total > ky::kMostBlobBytes) return 0;
     unsigned char* at = ky::Advance(dst, kField);
@@ -158,7 +190,21 @@ unsigned BlobStore(void* dst, const void* src, unsigned char flag, unsigned coun
 }
 
 unsigned BlobLoad(void* dst, const void* src, unsigned char flag, unsigned count) {
-    return LoadWithin(static_cast<KyBlob*>(dst), src, UINT64_MAX, FormOf(flag), count);
+    auto* blobs = static_cast<KyBlob*>(dst);
+    const unsigned char form = FormOf(flag);
+    if (count == 1) {
+        KyBlobData* const block = ky::BlockOf(*blobs);
+        const std::uint32_t total = ReadField(src, form);
+        if (block != nullptr && total >= kField && total <= ky::kMostBlobBytes) {
+            // A length that is negative, or that of null, is longer than any buffer that stays.
+            const std::uint32_t length = ReadField(ky::Advance(src, kField), form);
+            if (length <= total - kField && ky::KeepsBuffer(*block, length)) {
+                block->length = static_cast<int>(length);
+                return ky::CopyRun(block->data, ky::Advance(src, 2 * kField), length, kField + total);
+            }
+        }
+    }
+    return LoadWithin(blobs, src, UINT64_MAX, form, count);
 }
 
 unsigned BlobNullSizeGet(unsigned count) { return kField * count; }
@@ -179,16 +225,18 @@ int BlobCompare(unsigned char flag, unsigned len1, void* a, unsigned len2, void*
     err = 0;
     if (count == 0) return 0;
     const unsigned char form = FormOf(flag);
-    if (form != KyFormMemory) return CompareRecords({a, len1, form}, {b, len2, form}, count);
+    if (form != KyFormMemory) {
+        if (count != 1) return CompareRecords(a, len1, b, len2, form, count);
+        const ElementWalk x(a, len1, form);
+        const ElementWalk y(b, len2, form);
+        return x.HasElement() && y.HasElement() ? OrderElements(x, y) : 0;
+    }
     const auto* x = static_cast<const KyBlob*>(a);
     const auto* y = static_cast<const KyBlob*>(b);
+    if (count == 1) return ky::OrderBlocks(ky::BlockOf(*x), ky::BlockOf(*y));
     const std::size_t visited =
         std::min(ky::ElementsInside(len1, sizeof(KyBlob), count), ky::ElementsInside(len2, sizeof(KyBlob), count));
-    int order = 0;
-    for (std::size_t i = 0; i < visited && order == 0; ++i) {
-        order = ky::OrderBlocks(ky::BlockOf(x[i]), ky::BlockOf(y[i]));
-    }
-    return order;
+    return CompareHandles(x, y, visited);
 }
 
 unsigned BlobHash(unsigned char flag, unsigned len, void* data, unsigned count, int& err) {

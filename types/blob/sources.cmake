@@ -1,4 +1,5 @@
 set(folder_sources
+  blob_kernels.cpp
   kyblob.cpp
   kyblob_ranges.cpp
   kyblob_record.cpp

@@ -23,25 +23,23 @@ unsigned IdentifierSize(unsigned char toFlag, unsigned count) {
 
 template <class Facts>
 unsigned StoreIdentifiers(void* dst, const void* src, unsigned char flag, unsigned count) {
-    const auto walk = [=]<bool reversed>() {
-        for (std::size_t i = 0; i < count; ++i) {
-            Facts::template StoreElement<reversed>(Advance(dst, i * Facts::kStoredBytes),
-                                                   Advance(src, i * sizeof(typename Facts::Element)));
-        }
-    };
-    (flag & KyFormMask) == KyFormReversed ? walk.template operator()<true>() : walk.template operator()<false>();
+    const bool reversed = (flag & KyFormMask) == KyFormReversed;
+    if (count == 1) {
+        reversed ? Facts::template StoreElement<true>(dst, src) : Facts::template StoreElement<false>(dst, src);
+    } else {
+        MoveIdentifiers(Facts::kStore, reversed, dst, src, count);
+    }
     return StoredSize<Facts>(count);
 }
 
 template <class Facts>
 unsigned LoadIdentifiers(void* dst, const void* src, unsigned char flag, unsigned count) {
-    const auto walk = [=]<bool reversed>() {
-        for (std::size_t i = 0; i < count; ++i) {
-            Facts::template LoadElement<reversed>(Advance(dst, i * sizeof(typename Facts::Element)),
-                                                  Advance(src, i * Facts::kStoredBytes));
-        }
-    };
-    (flag & KyFormMask) == KyFormReversed ? walk.template operator()<true>() : walk.template operator()<false>();
+    const bool reversed = (flag & KyFormMask) == KyFormReversed;
+    if (count == 1) {
+        reversed ? Facts::template LoadElement<true>(dst, src) : Facts::template LoadElement<false>(dst, src);
+    } else {
+        MoveIdentifiers(Facts::kLoad, reversed, dst, src, count);
+    }
     return StoredSize<Facts>(count);
 }
 

@@ -11,6 +11,7 @@
 #include "array_order.h"
 #include "array_rules.h"
 #include "identifier_kernels.h"
+#include "identifier_moves.h"
 #include "identifier_slots.h"
 #include "identifier_text.h"
 #include "kybase.h"
@@ -57,6 +58,8 @@ struct ObjIdFacts {
     using Element = KyObjId;
     static constexpr IdentifierLayout kMemoryLayout = IdentifierLayout::objId;
     static constexpr IdentifierLayout kStoredLayout = IdentifierLayout::storedObjId;
+    static constexpr IdentifierMove kStore = IdentifierMove::storeObjIds;
+    static constexpr IdentifierMove kLoad = IdentifierMove::loadObjIds;
     static constexpr std::size_t kStoredBytes = 10;
 
     static constexpr auto* Store = &KyObjId::Store;
@@ -128,6 +131,8 @@ struct RefFacts {
     using Element = KyRef;
     static constexpr IdentifierLayout kMemoryLayout = IdentifierLayout::ref;
     static constexpr IdentifierLayout kStoredLayout = IdentifierLayout::storedRef;
+    static constexpr IdentifierMove kStore = IdentifierMove::storeRefs;
+    static constexpr IdentifierMove kLoad = IdentifierMove::loadRefs;
     static constexpr std::size_t kStoredBytes = 14;
 
     static constexpr auto* Store = &KyRef::Store;

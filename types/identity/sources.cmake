@@ -1,5 +1,8 @@
 set(folder_sources
   identifier_kernels.cpp
+  identifier_moves.cpp
+  identifier_moves_avx2.cpp
+  identifier_moves_avx512.cpp
   identifier_rows.cpp
   identifier_slots.cpp
   identifier_text.cpp

@@ -28,10 +28,15 @@ struct ObjectSlots {
         const auto* from = static_cast<const Object*>(src);
         for (unsigned i = 0; i < count; ++i) to[i] = from[mode == 0 ? i : 0];
     }
+    /// Where a copy throws, those in front of it are destroyed.
     static void Copy(void* dst, void* src, unsigned count, int mode) {
         auto* to = static_cast<Object*>(dst);
         const auto* from = static_cast<const Object*>(src);
-        for (unsigned i = 0; i < count; ++i) new (to + i) Object(from[mode == 0 ? i : 0]);
+        if (mode == 0) {
+            std::uninitialized_copy_n(from, count, to);
+        } else if (count != 0) {
+            std::uninitialized_fill_n(to, count, *from);
+        }
     }
 };
 

@@ -216,6 +216,44 @@ TEST_F(BlobMemory, CreateGivesNullWhereOneOfItsBlocksIsMissing) {
     }
 }
 
+TEST_F(BlobMemory, WhatCannotBeCopiedAsAWholeLeavesNothing) {
+    std::vector<KyBlob> src = BlobsOf({Content(10), Content(20), Content(5000)});
+    alignas(KyBlob) unsigned char place[3 * sizeof(KyBlob)];
+    const std::ptrdiff_t before = buffersHeld;
+    largestBuffer = 1000;
+    EXPECT_THROW(KyBlobTab.Copy(place, src.data(), 3, 0), std::bad_alloc);
+    EXPECT_THROW(KyBlobTab.Copy(place, src.data() + 2, 3, 1), std::bad_alloc);
+    largestBuffer = SIZE_MAX;
+    EXPECT_EQ(buffersHeld, before);
+}
+
+TEST_F(BlobMemory, WhatCannotBeConvertedAsAWholeLeavesNothing) {
+    std::vector<KyBlob> blobs = BlobsOf({Content(10), std::nullopt, Content(5000)});
+    KyTypeConvertData* record = KyBlobTab.ConvertToKyString(blobs.data(), 3);
+    const std::ptrdiff_t before = buffersHeld;
+    largestBuffer = 1000;
+    EXPECT_THROW(KyBlobTab.ConvertFromKyString(record, 3), std::bad_alloc);
+    largestBuffer = SIZE_MAX;
+    EXPECT_EQ(buffersHeld, before);
+    KyStringDelete(static_cast<KyString*>(record->data), 3);
+    delete record;
+    // Each of the blocks that the texts and their record take is refused once.
+    for (int available = 0;; ++available) {
+        const std::ptrdiff_t atFirst = buffersHeld;
+        record = nullptr;
+        blocksLeft = available;
+        try {
+            record = KyBlobTab.ConvertToKyString(blobs.data(), 3);
+        } catch (const std::bad_alloc&) {
+        }
+        blocksLeft = -1;
+        if (record != nullptr) break;
+        EXPECT_EQ(buffersHeld, atFirst) << available;
+    }
+    KyStringDelete(static_cast<KyString*>(record->data), 3);
+    delete record;
+}
+
 TEST_F(BlobMemory, ATextThatIsNoValueLeavesNothing) {
     KyTypeConvertData record(KySTRING_T, 3, KyStringCreate(3), nullptr);
     *record.GetString(0) = "0001";
