@@ -75,6 +75,14 @@ TEST(DatePrint, NamesAreReadAtEveryCall) {
     const OtherName month(ky_months[4], "Mai");
     EXPECT_EQ(Printed(kMay, "%a %e.%b %Y"), "Die 07.Mai 2024");
     EXPECT_EQ(Printed(kMay, "%A %B"), "Dienstag Mai");
+    {
+        const OtherName twoLetters(ky_weekdays[1], "Di");
+        EXPECT_EQ(Printed(kMay, "%a %e.%b %Y"), "Di 07.Mai 2024");
+        const OtherName threeLetters(ky_weekdays[1], "Die");
+        EXPECT_EQ(Printed(kMay, "%a %e.%b %Y"), "Die 07.Mai 2024");
+        const OtherName twoOfAMonth(ky_months[4], "Ma");
+        EXPECT_EQ(Printed(kMay, "%a %b %e"), "Die Ma 07");
+    }
     const OtherName shortDay(ky_weekdays[1], "D");
     const OtherName noMonth(ky_months[4], "");
     EXPECT_EQ(Printed(kMay, "%a %e.%b %Y"), "D 07. 2024");

@@ -79,6 +79,12 @@ TEST(DateScan, AnotherNullPrintString) {
     ky::NullPrintString() = "\xE4";
     EXPECT_EQ(Scan("\xE4", "%D").result, ky::DateScan::null);
     EXPECT_EQ(Scan("\xE5", "%D").result, kCut);
+    KyString other("\x84");  // the same character in another code set
+    constexpr unsigned char kIbm437 = 4;
+    other.SetCodeSetCode(kIbm437);
+    ky::NullPrintString() = other;
+    EXPECT_EQ(Scan("\xE4", "%D").result, ky::DateScan::null);
+    EXPECT_EQ(Scan("\x84", "%D").result, kCut);
     const unsigned short wide[] = {'n', 'o', 0};
     ky::NullPrintString() = KyString(wide);
     EXPECT_EQ(Scan("no", "%D").result, ky::DateScan::null);
