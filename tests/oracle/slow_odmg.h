@@ -37,9 +37,9 @@ inline Date DateOf(long long n) {
     }
     const double b = static_cast<double>(a + 1524);
     const double c = std::trunc((b - 122.1) / 365.25);
-    const double e = std::trunc((b - std::trunc(365.25 * c)) / 30.6001);
+    const double e = std::floor((b - std::floor(365.25 * c)) / 30.6001);
     Date date{};
-    date.day = static_cast<long long>(b - std::trunc(365.25 * c) - std::trunc(30.6001 * e));
+    date.day = static_cast<long long>(b - std::floor(365.25 * c) - std::floor(30.6001 * e));
     date.month = static_cast<long long>(e > 13 ? e - 13 : e - 1);
     date.year = static_cast<long long>(c) - 4716 + (date.month <= 2 ? 1 : 0);
     return date;

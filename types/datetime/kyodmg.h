@@ -22,7 +22,8 @@ public:
     constexpr d_Interval() = default;  ///< 0
     /// The magnitudes of the parts, added up; negative when any of them is.
     ///   d_Interval(0, -1, 30, 0)     -5400 s
-    constexpr explicit d_Interval(int day, int hour = 0, int minute = 0, float second = 0);
+    constexpr d_Interval(int day, int hour, int minute = 0, float second = 0);
+    constexpr explicit d_Interval(int day) : d_Interval(day, 0) {}
 
     constexpr float seconds() const { return length; }
 

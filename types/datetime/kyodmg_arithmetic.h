@@ -40,7 +40,7 @@ constexpr d_Date::d_Date(short aYear, unsigned short aMonth, unsigned short aDay
 
 constexpr d_Date::d_Date(short aYear, unsigned short dayOfYear) : d_Date(aYear, 1, 1) { MoveBy(dayOfYear - 1); }
 
-// The factors 365.25, 30.6001 and 36524.25 and the offset 122.1 as fractions: every quotient that is truncated is
+// The factors 365.25, 30.6001 and 36524.25 and the offset 122.1 as fractions: every quotient that is made whole is
 // either whole or further from a whole number than a double would round it.
 
 // Without branches, so that loops over it are vectorised; the centuries count only in years that are not negative.
@@ -55,15 +55,17 @@ constexpr int d_Date::getAbsDate() const {
     return julian < 2299170 ? julian : gregorian;
 }
 
+// KEPT: before -4716-03-01 the year is truncated toward zero, but what is left of it is rounded down.
 constexpr d_Date& d_Date::setAbsDate(int absDate) {
+    constexpr auto floorOf = [](long long a, long long b) { return a / b - (a % b < 0 ? 1 : 0); };
     const long long z = absDate + 1LL;
     const long long alpha = (4 * z - 7468865) / 146097;
     const long long b = (z > 2299160 ? z + 1 + alpha - alpha / 4 : z) + 1524;
     const long long c = (20 * b - 2442) / 7305;
-    const long long rest = b - 1461 * c / 4;
-    const long long e = 10000 * rest / 306001;
+    const long long rest = b - floorOf(1461 * c, 4);
+    const long long e = floorOf(10000 * rest, 306001);
     const long long month = e > 13 ? e - 13 : e - 1;
-    dayNumber = static_cast<unsigned char>(rest - 306001 * e / 10000);
+    dayNumber = static_cast<unsigned char>(rest - floorOf(306001 * e, 10000));
     monthNumber = static_cast<unsigned char>(month);
     yearNumber = static_cast<short>(c - (month <= 2 ? 4715 : 4716));
     return *this;

@@ -27,6 +27,10 @@ TEST(DateTimeStamp, EachTypeStoresItsPart) {
         {KyTIME_T, "0D 2D 3B", "0D 2D 3B"},
         {KyDATIME_T, "E8 07 05 07 0D 2D 3B", "07 E8 05 07 0D 2D 3B"},
         {KyDATIME_N_T, "E8 07 05 07 0D 2D 3B 04 03 02 01", "07 E8 05 07 0D 2D 3B 01 02 03 04"},
+        // 0x01020304 and 59 seconds, of which a float keeps the upper 24 bits.
+        {D_DATE_T, "E8 07 05 07", "07 E8 05 07"},
+        {D_TIME_T, "00 00 0D 2D 40 00", "00 00 0D 2D 40 00"},
+        {D_TIMESTAMP_T, "E8 07 05 07 00 00 0D 2D 40 00", "07 E8 05 07 00 00 0D 2D 40 00"},
     };
     KyTypeMgr types(5);
     KyDateTimeN stamp(2024, 5, 7, 13, 45, 59, 0x01020304);

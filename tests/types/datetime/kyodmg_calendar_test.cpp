@@ -131,6 +131,23 @@ TEST(OdmgCalendar, Kept_EarlyDayNumbersAreOneTooHigh) {
     EXPECT_TRUE(SameFields(d_Date(-5, 1), d_Date(-5, 1, 2)));
 }
 
+TEST(OdmgCalendar, Kept_BeforeTheFirstYearOnlyYearsAreTruncated) {
+    const struct {
+        int number, year, month, day;
+    } cases[] = {
+        {-1402, -4716, 3, 1},   // where true dates begin
+        {-1403, -4715, 2, 31},  // no inverse from here on back
+        {-1526, -4715, 254, 30}, {-1768, -4715, 247, 2}, {-2525, -4718, 2, 5},
+    };
+    for (const auto& c : cases) {
+        d_Date date(1, 1, 1);
+        date.setAbsDate(c.number);
+        EXPECT_EQ(date.year(), c.year) << c.number;
+        EXPECT_EQ(date.month(), c.month) << c.number;
+        EXPECT_EQ(date.day(), c.day) << c.number;
+    }
+}
+
 TEST(OdmgCalendar, WeekdaysAreFoundInBothDirections) {
     const d_Date monday(2024, 5, 6);
     ASSERT_EQ(monday.day_of_week(), d_Date::Monday);

@@ -117,6 +117,8 @@ TEST(OdmgInterval, IsMadeOfParts) {
         {0, 0, 0, -kInfinity, -kInfinity},
     };
     for (const auto& c : cases) EXPECT_EQ(d_Interval(c.day, c.hour, c.minute, c.second).seconds(), c.seconds);
+    const d_Interval braces = {0, -1, 30, 0};
+    EXPECT_EQ(braces.seconds(), -5400);
     EXPECT_EQ(d_Interval().seconds(), 0);
     EXPECT_EQ(d_Interval(2).seconds(), 172800);
     EXPECT_EQ(d_Interval(0, 1).seconds(), 3600);
