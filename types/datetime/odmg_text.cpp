@@ -153,9 +153,8 @@ KyString& Print(KyString& out, const void* value, const char* format) {
 template <class Facts>
 void* Scan(void* value, KyString& text, const char* format) {
     if (value == nullptr) return nullptr;
-    DateTimeParts parts;
+    DateTimeParts parts;  // stay 0 for the null print string
     const ky::DateScan scan = ky::ScanDateTime(parts, text, format != nullptr ? format : Facts::Format());
-    if (scan == ky::DateScan::null) parts = {};
     ky::StoreAs(value, Facts::Read(parts, ky::ReadValue<typename Facts::Value>(value)));
     return scan == ky::DateScan::cut ? nullptr : value;
 }
