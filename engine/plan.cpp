@@ -168,16 +168,15 @@ private:
 
     /// The range so far, completed by the limits of the index itself.
     KyIdxBounds KnownBounds(const IndexScan& scan) const {
-        IndexCursor cursor(snapshot, query.classAt, scan.attribute);
         KyIdxBounds known;
         const auto set = [](void*& limit, unsigned char& length, Bytes key) {
             limit = const_cast<unsigned char*>(key.data());
             length = static_cast<unsigned char>(key.size());
         };
-        const auto first = cursor.First();
-        if (!first) return known;
-        set(known.lower, known.lowerLen, scan.range.HasLower() ? scan.range.Lower() : first->key);
-        set(known.upper, known.upperLen, scan.range.HasUpper() ? scan.range.Upper() : cursor.Last()->key);
+        const auto limits = snapshot.Limits(query.classAt, scan.attribute);
+        if (!limits) return known;
+        set(known.lower, known.lowerLen, scan.range.HasLower() ? scan.range.Lower() : limits->first);
+        set(known.upper, known.upperLen, scan.range.HasUpper() ? scan.range.Upper() : limits->last);
         return known;
     }
 };

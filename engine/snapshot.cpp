@@ -36,6 +36,7 @@ void Snapshot::Renew() {
     if (mdb_txn_renew(transaction) == MDB_SUCCESS) return;
     mdb_txn_abort(transaction);
     transaction = nullptr;
+    known.clear();  // the file may come to lie elsewhere in memory
     transaction = BeginReading(store->Env());
 }
 
@@ -45,6 +46,19 @@ std::size_t Snapshot::ObjectCount(std::size_t classAt) const {
 
 std::size_t Snapshot::EntryCount(std::size_t classAt, std::size_t attribute) const {
     return Entries(transaction, store->Opened(classAt).indexes[attribute]);
+}
+
+std::optional<KeyLimits> Snapshot::Limits(std::size_t classAt, std::size_t attribute) const {
+    const MDB_dbi index = store->Opened(classAt).indexes[attribute];
+    if (known.size() <= index) known.resize(index + 1);
+    KnownLimits& of = known[index];
+    if (of.moment != Moment()) {
+        IndexCursor cursor(*this, classAt, attribute);
+        const auto first = cursor.First();
+        of.limits = first ? std::optional(KeyLimits{.first = first->key, .last = cursor.Last()->key}) : std::nullopt;
+        of.moment = Moment();
+    }
+    return of.limits;
 }
 
 Bytes Snapshot::Find(std::size_t classAt, ObjectNumber number) const {

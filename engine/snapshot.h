@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "object_id.h"
 #include "store.h"
@@ -17,6 +18,12 @@ struct CloseCursor {
     void operator()(MDB_cursor* open) const { mdb_cursor_close(open); }
 };
 using CursorHandle = std::unique_ptr<MDB_cursor, CloseCursor>;
+
+/// The first and the last key of an index.
+struct KeyLimits {
+    Bytes first;
+    Bytes last;
+};
 
 /// What others write meanwhile is not seen. Bytes that are read from it belong to the store and stay until it is
 /// renewed or ends. One a thread and store.
@@ -37,6 +44,8 @@ public:
 
     std::size_t ObjectCount(std::size_t classAt) const;
     std::size_t EntryCount(std::size_t classAt, std::size_t attribute) const;
+    /// Null when the index is empty. Looked up once a moment.
+    std::optional<KeyLimits> Limits(std::size_t classAt, std::size_t attribute) const;
 
     /// The record of an object; empty when there is none. Throws `StoreError` for a record that is broken.
     Bytes Find(std::size_t classAt, ObjectNumber number) const;
@@ -44,8 +53,14 @@ public:
     Bytes Find(const KyObjId& id) const;
 
 private:
+    struct KnownLimits {
+        std::size_t moment = 0;
+        std::optional<KeyLimits> limits;
+    };
+
     const Store* store;
     MDB_txn* transaction;
+    mutable std::vector<KnownLimits> known;  ///< by the index's handle; no moment has the number 0
 };
 
 struct Object {

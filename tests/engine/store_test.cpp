@@ -183,6 +183,38 @@ TEST(Store, HasOneWriter) {
               "\"" + path + "\" is in use: somebody else is writing to it");
 }
 
+TEST(Store, LimitsOfAnIndexAreThoseOfTheSnapshotsMoment) {
+    const ScratchFolder folder;
+    const std::string path = folder.File("store");
+    Store::Create(path, Schema::Parse("class Number { number int index }"), 1);
+    Store store(path, Access::write);
+    const auto add = [&store](int number) {
+        Batch batch(store, 0);
+        void* const values[] = {&number};
+        batch.Add(values);
+        batch.Commit();
+    };
+    const auto number = [](engine::Bytes key) {
+        int value = 0;
+        engine::Types().Load(KyINT_T, &value, const_cast<unsigned char*>(key.data()), 1, 1);
+        return value;
+    };
+    Snapshot snapshot(store);
+    EXPECT_FALSE(snapshot.Limits(0, 0));
+    add(5);
+    EXPECT_FALSE(snapshot.Limits(0, 0));
+    for (const int next : {7, 3, 9}) {
+        snapshot.Renew();
+        snapshot.Limits(0, 0);
+        add(next);
+    }
+    EXPECT_EQ(number(snapshot.Limits(0, 0)->first), 3);
+    EXPECT_EQ(number(snapshot.Limits(0, 0)->last), 7);
+    snapshot.Renew();
+    EXPECT_EQ(number(snapshot.Limits(0, 0)->first), 3);
+    EXPECT_EQ(number(snapshot.Limits(0, 0)->last), 9);
+}
+
 TEST(Store, ReindexMakesTheSameIndexes) {
     const ScratchFolder folder;
     const std::string path = folder.File("store");
