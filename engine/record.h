@@ -3,9 +3,9 @@
 
 /// How an object is kept: its attributes' persistent forms in one run of bytes.
 ///
-///   bytes 0-3       check word: the attributes' hashes, and behind them all other bytes, folded (FNV-1a); low byte
-///   first then            the attributes of fixed size, in the order of the schema then            for each other
-///   attribute where its bytes end, 4 bytes, low byte first, counted from the
+///   bytes 0-3       check word: the attributes' hashes, then all bytes behind it, folded (FNV-1a); low byte first
+///   then            the attributes of fixed size, in the order of the schema
+///   then            for each other attribute where its bytes end, 4 bytes, low byte first, counted from the
 ///                   end of this table
 ///   then            the bytes of the other attributes, in the order of the schema
 

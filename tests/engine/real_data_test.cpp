@@ -258,15 +258,7 @@ TEST(Words, AreFoundAsTheirLanguageOrdersThem) {
     }
     ShareErrors errors;
     std::mt19937 random(3);
-    const char* const given[] = {"stra\xDF*",
-                                 "\xC4pfel*",
-                                 "?aus",
-                                 "*schiffahrt*",
-                                 "zz",
-                                 "",
-                                 "STRASSE",
-                                 "stra\xDF"
-                                 "e"};
+    const char* const given[] = {"stra\xDF*", "\xC4pfel*", "?aus", "*schiffahrt*", "zz", "", "STRASSE", "ma\xDF"};
     for (const char* relation : {"=", "<", ">="}) {
         for (const char* modifier : {"", " exact", " nocase noaccent"}) {
             const std::string attribute = modifier[1] == 'n' ? "folded " : "text ";
