@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <memory>
 #include <string>
 
 #include "kytypes.h"
@@ -39,6 +40,14 @@ private:
     const std::uint8_t* at;
     std::size_t left;
 };
+
+/// Memory without a spare byte behind it, in which the sanitizer sees every access past the end: a copy of the data,
+/// over and over up to `bytes`.
+inline std::unique_ptr<unsigned char[]> ExactBytes(const std::uint8_t* data, std::size_t size, std::size_t bytes) {
+    auto copy = std::make_unique<unsigned char[]>(bytes);
+    for (std::size_t i = 0; i < bytes; ++i) copy[i] = size == 0 ? 0 : data[i % size];
+    return copy;
+}
 
 /// The plain number types.
 inline constexpr char kNumberIds[] = {Ky1B_T,  Ky2B_T,       Ky4B_T,   KyDOUBLE_T, KyFLOAT_T,   KyU2B_T, KyU4B_T,

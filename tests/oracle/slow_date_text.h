@@ -15,12 +15,13 @@
 
 #include "date_text.h"
 #include "kydatime.h"
+#include "support/c_locale.h"
 
-/// The printer and the scanner of dates, one directive after the other, by the C library's numbers. The locale has to
-/// be the "C" one.
+/// The printer and the scanner of dates, one directive after the other, by the C library's numbers in the "C" locale.
 
 /// What `snprintf` makes of a format that is no literal, so that its flags are not judged.
 inline std::string Formatted(const char* format, ...) {
+    const CLocale plain;
     char text[400];
     va_list arguments;
     va_start(arguments, format);
@@ -376,6 +377,7 @@ private:
         for (std::size_t k = pos; k < in.size() && std::strchr("0123456789+-.eE", in[k]) != nullptr; ++k) {
             number += in[k];
         }
+        const CLocale plain;
         char* end = nullptr;
         const double value = std::strtod(number.c_str(), &end);
         if (end != number.c_str()) {

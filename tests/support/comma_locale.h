@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <stdexcept>
 #include <string>
 
@@ -22,20 +23,27 @@ public:
         directory = name;
         std::filesystem::create_directory(directory / kName);
         WriteNumericCategory(directory / kName / "LC_NUMERIC");
+        if (const char* path = std::getenv("LOCPATH")) formerPath = path;
         setenv("LOCPATH", directory.c_str(), 1);
         if (std::setlocale(LC_NUMERIC, kName) == nullptr) throw std::runtime_error("the locale is not taken");
     }
     CommaLocale(const CommaLocale&) = delete;
     CommaLocale& operator=(const CommaLocale&) = delete;
     ~CommaLocale() {
-        std::setlocale(LC_NUMERIC, "C");
-        unsetenv("LOCPATH");
+        std::setlocale(LC_NUMERIC, former.c_str());
+        if (formerPath.has_value()) {
+            setenv("LOCPATH", formerPath->c_str(), 1);
+        } else {
+            unsetenv("LOCPATH");
+        }
         std::filesystem::remove_all(directory);
     }
 
 private:
     static constexpr const char* kName = "comma";
     std::filesystem::path directory;
+    std::string former = std::setlocale(LC_NUMERIC, nullptr);
+    std::optional<std::string> formerPath;
 
     /// A category file of the C library: a mark, the number of items and where each of them stands, then the items:
     /// decimal point, separator and grouping as texts, the first two as wide characters, the code set's name.

@@ -9,6 +9,7 @@
 #include "date_text_digits.h"
 #include "date_text_scan_values.h"
 #include "oracle/slow_date_text.h"
+#include "support/c_locale.h"
 #include "support/fewer_cases.h"
 #include "support/guarded_buffer.h"
 
@@ -106,6 +107,7 @@ Seen Slow(const std::string& text) {
     const std::size_t sign = text[0] == '-' || text[0] == '+' ? 1 : 0;
     const std::size_t digit = text[sign] == '.' ? sign + 1 : sign;
     if (text[digit] >= '0' && text[digit] <= '9') {
+        const CLocale plain;
         const double number = std::strtod(text.c_str(), nullptr);
         seen.second = static_cast<int>(std::clamp<double>(number, INT_MIN, INT_MAX));
         const double scaled = number * 1e9;

@@ -13,6 +13,7 @@
 
 #include "number_format_print.h"
 #include "number_format_scan.h"
+#include "support/c_locale.h"
 
 namespace {
 
@@ -107,9 +108,10 @@ std::string Printed(const char* format, double value) {
     return out.Text();
 }
 
-/// What the C library makes of the same format; its tests run in the "C" locale.
+/// What the C library makes of the same format in the "C" locale.
 template <class... Arguments>
 std::string ByTheLibrary(const char* format, Arguments... arguments) {
+    const CLocale plain;
     std::vector<char> text(4096);
     const int length = std::snprintf(text.data(), text.size(), format, arguments...);
     EXPECT_LT(length, static_cast<int>(text.size()));
@@ -222,6 +224,7 @@ Scanned Scan(const std::string& format, const std::string& text) {
 }
 
 Scanned ScanByTheLibrary(const std::string& format, const std::string& text) {
+    const CLocale plain;
     Scanned scanned;
     int consumed = 0;
     scanned.read = std::sscanf(text.c_str(), (format + "%n").c_str(), &scanned.bits, &consumed) == 1;

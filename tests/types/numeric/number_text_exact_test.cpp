@@ -12,6 +12,7 @@
 
 #include "number_text.h"
 #include "number_text_digits.h"
+#include "support/c_locale.h"
 
 namespace {
 
@@ -22,6 +23,7 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 /// The text of a double is printf's byte for byte, and read back, from any amount of readable bytes, the same double.
 void CheckDouble(double value) {
     if (value == 0 || !std::isfinite(value)) return;
+    const CLocale plain;
     char expected[64];
     const int length = std::snprintf(expected, sizeof expected, "%.17g", value);
     char text[ky::kDoubleTextSize];
@@ -101,6 +103,7 @@ std::string Digits(Random& random, std::size_t count) {
 }
 
 void CheckScan(const std::string& text) {
+    const CLocale plain;
     const double expected = std::strtod(text.c_str(), nullptr);
     const auto size = static_cast<unsigned>(text.size()) + 1;
     ASSERT_EQ(std::bit_cast<std::uint64_t>(ky::ScanDoubleText(text.c_str())), std::bit_cast<std::uint64_t>(expected))
