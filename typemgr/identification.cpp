@@ -32,13 +32,15 @@ constexpr std::string_view kVersionBehindTitle = " 12.0.2.229.0 ";
 
 constexpr std::size_t kLongestTitle = 200;
 
-/// One text for all callers. It is written only where it changes, which it does not once the title stands: a
-/// thread that reads it is then safe beside one that asks for it.
+/// One text for all callers. It is written only where it changes, by one of the threads that ask at the same time, and
+/// not any more once the title stands: a thread that reads it is then safe beside one that asks for it.
 char versionText[kLongestTitle + kVersionBehindTitle.size() + 1];
 
 void PutCharacter(std::size_t at, char character) {
-    std::atomic_ref<char> place(versionText[at]);
-    if (place.load(std::memory_order_relaxed) != character) place.store(character, std::memory_order_relaxed);
+    const std::atomic_ref<char> place(versionText[at]);
+    char present = place.load(std::memory_order_acquire);
+    while (present != character && !place.compare_exchange_weak(present, character, std::memory_order_acq_rel)) {
+    }
 }
 
 const char* VersionText() {

@@ -67,7 +67,7 @@ std::vector<unsigned char> Stored(const KyString& text) {
     return bytes;
 }
 
-std::string Sign(int order) { return order < 0 ? "<" : order > 0 ? ">" : "="; }
+const char* Sign(int order) { return order < 0 ? "<" : order > 0 ? ">" : "="; }
 
 TEST(ManyThreads, ReadTheKeysOfCodeSetsAndLanguages) {
     const std::vector<unsigned char> languages = Languages();
@@ -93,7 +93,7 @@ TEST(ManyThreads, ReadTheKeysOfAllUnicodePages) {
         for (unsigned high = 0; high < 256; ++high) {
             const unsigned short a[] = {static_cast<unsigned short>(high << 8 | 0x41), 0};
             const unsigned short b[] = {static_cast<unsigned short>(high << 8 | 0x62), 0};
-            answers.push_back(Sign(KyString(a).Compare(KyString(b), -1, KyCmpExact)));
+            answers.emplace_back(Sign(KyString(a).Compare(KyString(b), -1, KyCmpExact)));
         }
         return answers;
     });
@@ -129,7 +129,7 @@ TEST(ManyThreads, ReadTheLongestJoinedCharacters) {
             const int order =
                 KyStringTab.Compare(KyFormNative, static_cast<unsigned>(whole.size()) - 3, whole.data(),
                                     static_cast<unsigned>(other.size()), other.data(), KyCmpExact, 1, err);
-            answers.push_back(Sign(order) + std::to_string(err));
+            answers.push_back(std::to_string(err) + Sign(order));
         }
         return answers;
     });
