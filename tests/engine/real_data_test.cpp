@@ -261,7 +261,7 @@ TEST(Words, AreFoundAsTheirLanguageOrdersThem) {
     const char* const given[] = {"stra\xDF*", "\xC4pfel*", "?aus", "*schiffahrt*", "zz", "", "STRASSE", "ma\xDF"};
     for (const char* relation : {"=", "<", ">="}) {
         for (const char* modifier : {"", " exact", " nocase noaccent"}) {
-            const std::string attribute = modifier[1] == 'n' ? "folded " : "text ";
+            const std::string attribute = modifier == std::string(" nocase noaccent") ? "folded " : "text ";
             PreparedQuery query(
                 store, engine::ParseQuery(store.GetSchema(), "Word where " + attribute + relation + " ?" + modifier),
                 {});
