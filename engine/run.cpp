@@ -160,7 +160,11 @@ PreparedQuery::PreparedQuery(const Store& aStore, Query aQuery, const ScanValue&
             const std::string fault = scan(attribute, *query.constants[i], value.Get());
             if (!fault.empty()) throw TextError(fault, query.constantPositions[i]);
         }
-        Bind(i, value.Get());
+        try {
+            Bind(i, value.Get());
+        } catch (const StoreError& error) {
+            throw TextError(error.what(), query.constantPositions[i]);
+        }
     }
 }
 
@@ -175,6 +179,11 @@ void PreparedQuery::Bind(std::size_t constant, void* value) {
     StoredConstant& stored = constants[constant];
     stored.resize(Types().DiskLenGet(type, value, store->Form(), 1, KyFormMemory));
     stored.resize(Types().Store(type, stored.data(), value, store->Form(), 1));
+    int err = 0;
+    const auto size = static_cast<unsigned>(stored.size());
+    Types().Cmp(type, size, stored.data(), size, stored.data(), KyCmpExact, 1, store->Form(), err);
+    if (err == KyErrNotSupported)
+        throw StoreError("a text of more than 253 key bytes cannot be compared with dictionary strings");
 }
 
 RunResult PreparedQuery::Run(const Snapshot& snapshot, const AccessPath& path,

@@ -29,11 +29,12 @@ struct RunResult {
 /// A query with its constants. Refers to the store.
 class PreparedQuery {
 public:
-    /// Throws `TextError` for a constant that does not scan, with its place in the query.
+    /// Throws `TextError` for a constant that does not scan or is too long, with its place in the query.
     PreparedQuery(const Store& aStore, Query aQuery, const ScanValue& scan);
 
     const Query& Of() const { return query; }
-    /// Sets a constant, counted in the order of the query, from a value in memory form.
+    /// Sets a constant, counted in the order of the query, from a value in memory form. Throws `StoreError` for a
+    /// dictionary string that is too long for a constant.
     void Bind(std::size_t constant, void* value);
 
     AccessPath Plan(const Snapshot& snapshot) const { return MakePlan(snapshot, query, constants); }

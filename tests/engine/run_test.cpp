@@ -250,6 +250,20 @@ TEST_P(RunTest, ConstantsThatDoNotScanAreToldWithTheirPlace) {
     }
 }
 
+TEST_P(RunTest, DictionaryConstantsThatCompareRefusesAreToldWithTheirPlace) {
+    const std::string begin = "Word where dictionary < \"";
+    EXPECT_NO_THROW(PreparedQuery(*store, engine::ParseQuery(store->GetSchema(), begin + std::string(253, 'b') + "\""),
+                                  ScanByType));
+    try {
+        const PreparedQuery query(*store, engine::ParseQuery(store->GetSchema(), begin + std::string(254, 'b') + "\""),
+                                  ScanByType);
+        ADD_FAILURE();
+    } catch (const engine::TextError& error) {
+        EXPECT_STREQ(error.what(), "a text of more than 253 key bytes cannot be compared with dictionary strings");
+        EXPECT_EQ(error.Position(), begin.size() - 1);
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Forms, RunTest, ::testing::Values(KyFormNative, KyFormReversed));
 
 }  // namespace
