@@ -106,7 +106,9 @@ TEST_P(Damage, EveryFlippedBitOfARecordIsFound) {
     Rewrite(number, [&](std::vector<unsigned char>& record) { size = record.size(); });
     ASSERT_GT(size, 16U);
     for (std::size_t at = 0; at < size; ++at) {
-        const auto flip = [&](std::vector<unsigned char>& record) { record[at] ^= 1U << (at % 8); };
+        const auto flip = [&](std::vector<unsigned char>& record) {
+            record[at] = static_cast<unsigned char>(record[at] ^ 1U << (at % 8));
+        };
         Rewrite(number, flip);
         EXPECT_NE(Faults().find("Item 77"), std::string::npos) << at;
         Rewrite(number, flip);
