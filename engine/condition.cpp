@@ -41,10 +41,14 @@ ComparisonTest::ComparisonTest(const RecordLayout& aLayout, const Comparison& aC
           IsPattern(aLayout.Of().attributes[aComparison.attribute].type, aLayout.Form(), aConstant, aComparison.op)) {}
 
 bool ComparisonTest::Holds(Bytes record) const {
-    constexpr unsigned relationBits = KyCmpEqual | KyCmpLess | KyCmpGreater;
     const Attribute& attribute = layout->Of().attributes[comparison->attribute];
-    const Bytes value =
-        ElementAt(attribute, layout->Form(), layout->At(record, comparison->attribute), comparison->element, scratch);
+    return HoldsFor(
+        ElementAt(attribute, layout->Form(), layout->At(record, comparison->attribute), comparison->element, scratch));
+}
+
+bool ComparisonTest::HoldsFor(Bytes value) const {
+    constexpr unsigned relationBits = KyCmpEqual | KyCmpLess | KyCmpGreater;
+    const char type = layout->Of().attributes[comparison->attribute].type;
     int err = 0;
     const int order = compare(layout->Form(), static_cast<unsigned>(value.size()),
                               const_cast<unsigned char*>(value.data()), static_cast<unsigned>(constant->size()),
@@ -53,7 +57,7 @@ bool ComparisonTest::Holds(Bytes record) const {
     // A pattern has been looked at up to its first wildcard only, and not at all for a text without characters, which
     // orders before it without that error.
     if (isPattern && (equal || err != KyErrBufferEnd))
-        equal = MatchesPattern(attribute.type, layout->Form(), value, *constant, comparison->op);
+        equal = MatchesPattern(type, layout->Form(), value, *constant, comparison->op);
     const unsigned relation = comparison->op & relationBits;
     if (relation == (KyCmpLess | KyCmpGreater)) return !equal;
     return ((relation & KyCmpEqual) != 0 && equal) || ((relation & KyCmpLess) != 0 && order < 0) ||

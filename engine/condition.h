@@ -24,6 +24,8 @@ public:
     ComparisonTest(const RecordLayout& aLayout, const Comparison& aComparison, const StoredConstant& aConstant);
 
     bool Holds(Bytes record) const;
+    /// Of one stored value.
+    bool HoldsFor(Bytes value) const;
 
 private:
     const RecordLayout* layout;

@@ -4,6 +4,7 @@
 #include <climits>
 #include <utility>
 
+#include "lmdb_call.h"
 #include "pattern.h"
 #include "types.h"
 
@@ -13,10 +14,6 @@ namespace {
 
 constexpr unsigned kFoldings = 4;
 constexpr unsigned kForms = 2;
-
-/// Characters of a dictionary string in a key. Compare refuses constants of more than 253 key bytes, and a character
-/// has two of them at the most.
-constexpr unsigned short kLongestDictionaryKey = 120;
 
 /// The types' Compare, taken from the rows once: a comparison is then one call.
 const std::array<KyCompareFunc*, KyTypeIdLimit> kCompare = [] {
@@ -66,6 +63,17 @@ MDB_cmp_func* IndexOrder(const Attribute& attribute, unsigned char form) {
     const std::size_t formAt = form == KyFormReversed ? 1 : 0;
     return kOrders[static_cast<std::size_t>(attribute.type)]
                   [(formAt * kFoldings + FoldingNumber(*attribute.index)) * 2 + (attribute.count > 1 ? 1 : 0)];
+}
+
+int CompareAsIndexed(const Attribute& attribute, unsigned char form, Bytes a, Bytes b) {
+    const MDB_val keyA = AsValue(a);
+    const MDB_val keyB = AsValue(b);
+    return IndexOrder(attribute, form)(&keyA, &keyB);
+}
+
+bool IsCut(const Attribute& attribute, unsigned char form, Bytes key) {
+    if (attribute.type != KySTRING_T) return false;
+    return Types().DiskLenGet(attribute.type, const_cast<unsigned char*>(key.data()), form, 1, form) > key.size();
 }
 
 Bytes IndexKey(const Attribute& attribute, unsigned char form, Bytes stored, std::vector<unsigned char>& scratch) {

@@ -1,14 +1,11 @@
 #include "plan.h"
 
 #include <algorithm>
-#include <cstring>
+#include <cmath>
 #include <utility>
 
 #include "index_order.h"
-#include "kybase.h"
-#include "pattern.h"
 #include "types.h"
-#include "value.h"
 
 namespace engine {
 
@@ -17,11 +14,35 @@ namespace {
 constexpr unsigned short kRelationBits = KyCmpEqual | KyCmpLess | KyCmpGreater;
 constexpr unsigned short kNotEqual = KyCmpLess | KyCmpGreater;
 
-/// So many characters of a constant that is longer than a key bound a scan from below.
-constexpr unsigned short kCharactersOfBound = 60;
+// Times of a plan, in that of reading the next object in the order of the numbers and testing it.
+constexpr double kFind = 2;       ///< an object that an index names
+constexpr double kCompare = 0.5;  ///< two objects, when they are sorted
 
-Folding FoldingOf(unsigned short op) {
-    return {.ignoreCase = (op & KyCmpIgnoreCase) != 0, .ignoreAccent = (op & KyCmpIgnoreAccent) != 0};
+/// Above this share all objects are read.
+constexpr double kWorthAnIndex = 1 / kFind;
+
+/// The share of objects that a comparison is taken to keep which no index serves.
+double UsualShare(const Comparison& comparison) {
+    constexpr double ofEqual = 0.1;
+    constexpr double ofRange = 1.0 / 3;
+    switch (comparison.op & kRelationBits) {
+        case KyCmpEqual:
+            return ofEqual;
+        case kNotEqual:
+            return 1 - ofEqual;
+        default:
+            return ofRange;
+    }
+}
+
+using Conditions = std::vector<const Condition*>;
+
+/// What has to hold altogether: the parts of `all`, or the condition itself.
+Conditions PartsOf(const Condition& condition) {
+    if (condition.kind != Condition::Kind::all) return {&condition};
+    Conditions parts;
+    for (const Condition& part : condition.parts) parts.push_back(&part);
+    return parts;
 }
 
 class Planner {
@@ -29,20 +50,13 @@ public:
     Planner(const Snapshot& aSnapshot, const Query& aQuery, const std::vector<StoredConstant>& someConstants)
         : snapshot(aSnapshot), query(aQuery), constants(someConstants), layout(aSnapshot.Of().Layout(aQuery.classAt)) {}
 
-    AccessPath Plan(const Condition& condition) {
-        switch (condition.kind) {
-            case Condition::Kind::comparison: {
-                const Condition* const only[] = {&condition};
-                return BestOf(only);
-            }
-            case Condition::Kind::all: {
-                std::vector<const Condition*> parts;
-                for (const Condition& part : condition.parts) parts.push_back(&part);
-                return BestOf(parts);
-            }
-            default:
-                return Union(condition);
-        }
+    AccessPath Plan() {
+        AccessPath path = PlanOf(query.where);
+        if (path.share > kWorthAnIndex) path = AccessPath();
+        if (!CanWalk()) return path;
+        AccessPath walk = Walk();
+        if (walk.kind == AccessPath::Kind::oneIndex && TimeOfWalk(walk) < TimeOf(path)) return walk;
+        return path;
     }
 
 private:
@@ -51,25 +65,29 @@ private:
     const std::vector<StoredConstant>& constants;
     const RecordLayout& layout;
 
+    AccessPath PlanOf(const Condition& condition) {
+        return condition.kind == Condition::Kind::any ? Union(condition) : BestOf(PartsOf(condition));
+    }
+
     /// Conditions that all have to hold: the comparisons of each attribute narrow one range together.
-    AccessPath BestOf(std::span<const Condition* const> conditions) {
+    AccessPath BestOf(const Conditions& conditions) {
         AccessPath best;
-        for (std::size_t attribute = 0; attribute < layout.Of().attributes.size(); ++attribute) {
-            AccessPath path = Narrow(attribute, conditions);
+        const auto take = [&best](AccessPath path) {
             if (path.kind != AccessPath::Kind::allObjects && path.share < best.share) best = std::move(path);
-        }
-        for (const Condition* condition : conditions) {
-            if (condition->kind == Condition::Kind::comparison) continue;
-            AccessPath path = Plan(*condition);
-            if (path.kind != AccessPath::Kind::allObjects && path.share < best.share) best = std::move(path);
-        }
+        };
+        for (std::size_t attribute = 0; attribute < layout.Of().attributes.size(); ++attribute)
+            take(Narrow(attribute, conditions));
+        for (const Condition* condition : conditions)
+            if (condition->kind != Condition::Kind::comparison) take(PlanOf(*condition));
         return best;
     }
 
     AccessPath Union(const Condition& condition) {
-        AccessPath all{.kind = AccessPath::Kind::severalIndexes, .share = 0, .scan = {}, .parts = {}};
+        AccessPath all;
+        all.kind = AccessPath::Kind::severalIndexes;
+        all.share = 0;
         for (const Condition& part : condition.parts) {
-            AccessPath path = Plan(part);
+            AccessPath path = PlanOf(part);
             if (path.kind == AccessPath::Kind::allObjects) return {};
             all.share += path.share;
             all.parts.push_back(std::move(path));
@@ -78,135 +96,98 @@ private:
         return all;
     }
 
-    bool Serves(const Attribute& attribute, const Comparison& comparison) const {
-        if (!attribute.index || attribute.count > 1 || (comparison.op & kRelationBits) == kNotEqual) return false;
-        return attribute.type != KySTRING_T || *attribute.index == FoldingOf(comparison.op);
+    bool IsServed(std::size_t attribute, const Condition& condition) const {
+        return condition.kind == Condition::Kind::comparison && condition.comparison.attribute == attribute &&
+               Serves(layout.Of().attributes[attribute], condition.comparison);
     }
 
-    AccessPath Narrow(std::size_t attributeAt, std::span<const Condition* const> conditions) {
-        const Attribute& attribute = layout.Of().attributes[attributeAt];
+    /// All objects when nothing narrows the index.
+    AccessPath Narrow(std::size_t attribute, const Conditions& conditions) const {
         AccessPath path;
-        path.scan.attribute = attributeAt;
-        for (const Condition* condition : conditions) {
-            if (condition->kind != Condition::Kind::comparison) continue;
-            const Comparison& comparison = condition->comparison;
-            if (comparison.attribute == attributeAt && Serves(attribute, comparison)) Add(path, attribute, comparison);
-        }
-        if (path.scan.range.HasLower() || path.scan.range.HasUpper()) path.kind = AccessPath::Kind::oneIndex;
+        const auto served = [=, this](const Condition* condition) { return IsServed(attribute, *condition); };
+        if (std::ranges::none_of(conditions, served)) return path;
+        Narrowing narrowing(snapshot, layout, query.classAt, attribute);
+        for (const Condition* condition : conditions)
+            if (served(condition)) narrowing.Add(condition->comparison, constants[condition->comparison.constant]);
+        path.share = narrowing.Share();
+        if (narrowing.Narrows()) path.kind = AccessPath::Kind::oneIndex;
+        path.scan = std::move(narrowing.scan);
         return path;
     }
 
-    /// Narrows the scan by one more comparison.
-    void Add(AccessPath& path, const Attribute& attribute, const Comparison& comparison) {
-        const StoredConstant& constant = constants[comparison.constant];
-        const bool pattern = IsPattern(attribute.type, layout.Form(), constant, comparison.op);
-        KeyRange& range = path.scan.range;
-        if (IsString(attribute.type) && constant.size() > kLongestKey) {
-            if (!pattern) AddLong(path, attribute, comparison);
-            return;
+    // --- in the query's order ---
+
+    /// The order of an index is that of its attribute when it folds nothing. Texts that are longer than keys are sorted
+    /// among those of one key.
+    bool CanWalk() const {
+        if (query.order.empty()) return false;
+        const Attribute& attribute = layout.Of().attributes[query.order.front().attribute];
+        return attribute.index == Folding() && attribute.count == 1;
+    }
+
+    /// The scan of what the condition leaves of the index. A scan has to begin at a limit: all objects where there is
+    /// none at its end.
+    AccessPath Walk() const {
+        const SortKey& by = query.order.front();
+        AccessPath walk = Narrow(by.attribute, PartsOf(query.where));
+        walk.kind = AccessPath::Kind::oneIndex;
+        walk.scan.attribute = by.attribute;
+        walk.scan.backward = by.descending;
+        walk.inOrder = true;
+        if (by.descending && walk.scan.last != nullptr && !walk.scan.range.HasUpper()) return {};
+        return walk;
+    }
+
+    /// The share of all objects for which a condition is likely to hold.
+    double Kept(const Condition& condition) const {
+        if (condition.kind == Condition::Kind::any) {
+            double kept = 0;
+            for (const Condition& part : condition.parts) kept += Kept(part);
+            return std::min(kept, 1.0);
         }
-        const bool isEqual = (comparison.op & kRelationBits) == KyCmpEqual;
-        if (pattern && isEqual) path.scan.pattern = &comparison;
-        if (pattern && attribute.type != KySTRING_T) {
-            // Dictionary strings would record the pattern as it stands.
-            path.share *= Share(path.scan, attribute, comparison.op, constant, nullptr);
-            if (isEqual && !range.HasLower()) range.SetLower(DictionaryPrefix(attribute.type, layout.Form(), constant));
-        } else if (attribute.type == KySTRING_T && (comparison.op & KyCmpExact) == 0 && IsAbsent(constant)) {
-            AddAbsent(path, attribute, comparison);
-        } else {
-            path.share *= Share(path.scan, attribute, comparison.op, constant, &range.Bounds());
+        const Conditions parts = PartsOf(condition);
+        double kept = 1;
+        for (std::size_t attribute = 0; attribute < layout.Of().attributes.size(); ++attribute)
+            kept *= Narrow(attribute, parts).share;
+        for (const Condition* part : parts) {
+            if (part->kind != Condition::Kind::comparison) {
+                kept *= Kept(*part);
+            } else if (!IsServed(part->comparison.attribute, *part)) {
+                kept *= UsualShare(part->comparison);
+            }
         }
+        return kept;
     }
 
-    /// Null and the text without characters are the same unless texts are compared exactly, as the index does.
-    bool IsAbsent(const StoredConstant& constant) const {
-        const std::vector<unsigned char> empty = Absent(false);
-        int err = 0;
-        return Types().Cmp(KySTRING_T, 0, const_cast<unsigned char*>(constant.data()), 0,
-                           const_cast<unsigned char*>(empty.data()), KyCmpEqual, 1, layout.Form(), err) == 0;
+    double Objects() const { return static_cast<double>(snapshot.ObjectCount(query.classAt)); }
+    double Limit() const { return query.limit ? static_cast<double>(*query.limit) : INFINITY; }
+
+    double TimeOf(const AccessPath& path) const {
+        const double read = path.kind == AccessPath::Kind::allObjects ? Objects() : kFind * path.share * Objects();
+        const double sorted = Kept(query.where) * Objects();
+        return read + kCompare * sorted * std::log2(2 + std::min(sorted, Limit()));
     }
 
-    std::vector<unsigned char> Absent(bool isNull) const {
-        const Value value(KySTRING_T);
-        if (isNull) Types().SetNullPtrGet(KySTRING_T)(value.Get());
-        return value.Store(layout.Form());
+    /// The limit ends it when it is reached, and where several attributes order the objects, with the last of equal
+    /// keys.
+    double TimeOfWalk(const AccessPath& walk) const {
+        const double all = walk.share * Objects();
+        const double kept = Kept(query.where) * Objects();
+        double read = kept > 0 ? all * std::min(Limit() / kept, 1.0) : all;
+        if (query.order.size() > 1) read = std::min(read + EntriesOfFirstKey(walk.scan), all);
+        return kFind * read;
     }
 
-    /// Such a constant is both.
-    void AddAbsent(AccessPath& path, const Attribute& attribute, const Comparison& comparison) {
-        KeyRange& range = path.scan.range;
-        path.share *= Share(path.scan, attribute, comparison.op, constants[comparison.constant], nullptr);
-        if ((comparison.op & KyCmpLess) == 0 && !range.HasLower()) range.SetLower(Absent(true));
-        if ((comparison.op & KyCmpGreater) == 0 && !range.HasUpper()) range.SetUpper(Absent(false));
-    }
-
-    /// A constant that is longer than a key: its first characters bound it from below, and from above its key, behind
-    /// which a scan ends only where that is certain.
-    void AddLong(AccessPath& path, const Attribute& attribute, const Comparison& comparison) {
-        const StoredConstant& constant = constants[comparison.constant];
-        const std::vector<unsigned char> begin =
-            FirstCharacters(attribute.type, layout.Form(), constant, kCharactersOfBound);
-        KeyRange& range = path.scan.range;
-        path.share *=
-            Share(path.scan, attribute, static_cast<unsigned short>(comparison.op | KyCmpExact), begin, nullptr);
-        if ((comparison.op & KyCmpLess) == 0 && !range.HasLower()) range.SetLower(begin);
-        if ((comparison.op & KyCmpGreater) == 0 && !range.HasUpper()) {
-            std::vector<unsigned char> scratch;
-            range.SetUpper(IndexKey(attribute, layout.Form(), constant, scratch));
-        }
-    }
-
-    /// The share of the scan so far that a comparison keeps; `narrowed`, when it is not null, gets its limits.
-    double Share(const IndexScan& scan, const Attribute& attribute, unsigned short op, Bytes key,
-                 KyIdxBounds* narrowed) const {
-        KyIdxBounds known = KnownBounds(scan);
-        const float share =
-            Types().EvalAndBound(attribute.type, known.lower == nullptr ? nullptr : &known, op,
-                                 const_cast<unsigned char*>(key.data()), layout.Form(), 1, narrowed, nullptr);
-        return std::clamp(static_cast<double>(share), 0.0, 1.0);
-    }
-
-    /// The range so far, completed by the limits of the index itself.
-    KyIdxBounds KnownBounds(const IndexScan& scan) const {
-        KyIdxBounds known;
-        const auto set = [](void*& limit, unsigned char& length, Bytes key) {
-            limit = const_cast<unsigned char*>(key.data());
-            length = static_cast<unsigned char>(key.size());
-        };
-        const auto limits = snapshot.Limits(query.classAt, scan.attribute);
-        if (!limits) return known;
-        set(known.lower, known.lowerLen, scan.range.HasLower() ? scan.range.Lower() : limits->first);
-        set(known.upper, known.upperLen, scan.range.HasUpper() ? scan.range.Upper() : limits->last);
-        return known;
+    double EntriesOfFirstKey(const IndexScan& scan) const {
+        IndexCursor cursor(snapshot, query.classAt, scan.attribute);
+        const Bytes begin = scan.backward ? (scan.range.HasUpper() ? scan.range.Upper() : Bytes())
+                                          : (scan.range.HasLower() ? scan.range.Lower() : Bytes());
+        const auto first = !begin.empty() ? cursor.FirstFrom(begin) : scan.backward ? cursor.LastKey() : cursor.First();
+        return first ? static_cast<double>(cursor.CountOfKey()) : 0;
     }
 };
 
 }  // namespace
-
-KeyRange::KeyRange(KeyRange&& other) noexcept : bounds(std::exchange(other.bounds, KyIdxBounds())) {}
-
-KeyRange& KeyRange::operator=(KeyRange&& other) noexcept {
-    if (this != &other) {
-        Free();
-        bounds = std::exchange(other.bounds, KyIdxBounds());
-    }
-    return *this;
-}
-
-KeyRange::~KeyRange() { Free(); }
-
-void KeyRange::Free() {
-    mmKyfree(bounds.lower);
-    mmKyfree(bounds.upper);
-}
-
-void KeyRange::Set(void*& limit, unsigned char& length, Bytes key) {
-    void* const copy = mmKymalloc(key.size());
-    std::memcpy(copy, key.data(), key.size());
-    mmKyfree(limit);
-    limit = copy;
-    length = static_cast<unsigned char>(key.size());
-}
 
 std::vector<const AccessPath*> Scans(const AccessPath& path) {
     std::vector<const AccessPath*> scans;
@@ -219,10 +200,7 @@ std::vector<const AccessPath*> Scans(const AccessPath& path) {
 }
 
 AccessPath MakePlan(const Snapshot& snapshot, const Query& query, const std::vector<StoredConstant>& constants) {
-    constexpr double worthAnIndex = 0.5;
-    AccessPath path = Planner(snapshot, query, constants).Plan(query.where);
-    if (path.share > worthAnIndex) return {};
-    return path;
+    return Planner(snapshot, query, constants).Plan();
 }
 
 }  // namespace engine

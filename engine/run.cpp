@@ -1,9 +1,11 @@
 #include "run.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "error.h"
 #include "index_order.h"
+#include "pattern.h"
 #include "types.h"
 #include "value.h"
 
@@ -30,7 +32,7 @@ public:
                 return;
             }
             case AccessPath::Kind::oneIndex:
-                Scan(path.scan, [&](ObjectNumber number) { return visit(Find(number)); });
+                Scan(path.scan, [&](const IndexEntry& entry) { return visit(Find(entry.number)); });
                 return;
             default: {
                 std::vector<ObjectNumber> numbers;
@@ -41,6 +43,12 @@ public:
                     if (!visit(Find(number))) return;
             }
         }
+    }
+
+    /// The same of one index: `visit(key, object)`.
+    template <class Visit>
+    void ForEachByKey(const IndexScan& scan, Visit visit) const {
+        Scan(scan, [&](const IndexEntry& entry) { return visit(entry.key, Find(entry.number)); });
     }
 
 private:
@@ -58,50 +66,70 @@ private:
 
     void Collect(const AccessPath& path, std::vector<ObjectNumber>& numbers) const {
         if (path.kind == AccessPath::Kind::oneIndex) {
-            Scan(path.scan, [&numbers](ObjectNumber number) {
-                numbers.push_back(number);
+            Scan(path.scan, [&numbers](const IndexEntry& entry) {
+                numbers.push_back(entry.number);
                 return true;
             });
         }
         for (const AccessPath& part : path.parts) Collect(part, numbers);
     }
 
+    /// `visit(entry)` for each entry of the scan's range.
     template <class Visit>
     void Scan(const IndexScan& scan, Visit visit) const {
         IndexCursor cursor(snapshot, query.classAt, scan.attribute);
-        Bytes known;  // a key that is known to be inside
         std::size_t& count = entries.emplace_back(0);
+        const auto counted = [&](const IndexEntry& entry) {
+            ++count;
+            return visit(entry);
+        };
+        scan.backward ? ScanBackward(cursor, scan, counted) : ScanForward(cursor, scan, counted);
+    }
+
+    template <class Visit>
+    void ScanForward(IndexCursor& cursor, const IndexScan& scan, Visit visit) const {
+        Bytes known;  // a key that is known to be inside
         for (auto entry = scan.range.HasLower() ? cursor.FirstFrom(scan.range.Lower()) : cursor.First(); entry;
              entry = cursor.Next()) {
             if (entry->key.data() != known.data() && IsBehind(scan, entry->key)) return;
             known = entry->key;
-            ++count;
-            if (!visit(entry->number)) return;
+            if (!visit(*entry)) return;
         }
     }
 
+    template <class Visit>
+    void ScanBackward(IndexCursor& cursor, const IndexScan& scan, Visit visit) const {
+        const Attribute& attribute = AttributeOf(scan);
+        const auto isBefore = [&](Bytes key) {
+            return scan.range.HasLower() &&
+                   CompareAsIndexed(attribute, snapshot.Of().Form(), key, scan.range.Lower()) < 0;
+        };
+        auto behind = scan.range.HasUpper() ? cursor.FirstFrom(scan.range.Upper()) : std::nullopt;
+        while (behind && !IsBehind(scan, behind->key)) behind = cursor.NextKey();
+        for (auto key = behind ? cursor.PreviousKey() : cursor.LastKey(); key && !isBefore(key->key);
+             key = cursor.PreviousKey()) {
+            for (auto entry = key; entry; entry = cursor.NextOfKey())
+                if (!visit(*entry)) return;
+        }
+    }
+
+    const Attribute& AttributeOf(const IndexScan& scan) const {
+        return snapshot.Of().GetSchema().Classes()[query.classAt].attributes[scan.attribute];
+    }
+
     bool IsBehind(const IndexScan& scan, Bytes key) const {
-        const Attribute& attribute = snapshot.Of().GetSchema().Classes()[query.classAt].attributes[scan.attribute];
+        const Attribute& attribute = AttributeOf(scan);
         if (scan.range.HasUpper() && OrdersBehind(attribute, key, scan.range.Upper(), IndexOperator(*attribute.index)))
             return true;
-        return scan.pattern != nullptr && OrdersBehindPattern(attribute, key, *scan.pattern);
+        return scan.last != nullptr && OrdersBehind(attribute, key, constants[scan.last->constant], scan.last->op);
     }
 
     /// Keys that were cut say by the error that they are alike as far as they go: what they are of may lie on either
-    /// side.
+    /// side. Patterns say so whatever comes out, and are compared no further than the key goes.
     bool OrdersBehind(const Attribute& attribute, Bytes key, Bytes limit, unsigned short op) const {
         int err = 0;
         const int order = Order(attribute, key, limit, op, err);
-        return order > 0 && (err != KyErrBufferEnd || !IsString(attribute.type));
-    }
-
-    /// A pattern is compared as far as its text before the first wildcard and the key both go, which the error tells
-    /// whatever comes out. What begins like it is one run of a string's keys. Of dictionary strings it need not be:
-    /// among those alike but for accents, the accents decide, and these may come late.
-    bool OrdersBehindPattern(const Attribute& attribute, Bytes key, const Comparison& pattern) const {
-        int err = 0;
-        const int order = Order(attribute, key, constants[pattern.constant], pattern.op, err);
-        return order > 0 && (attribute.type == KySTRING_T || err != KyErrBufferEnd);
+        return order > 0 && (err != KyErrBufferEnd || IsPattern(attribute.type, snapshot.Of().Form(), limit, op));
     }
 
     int Order(const Attribute& attribute, Bytes key, Bytes limit, unsigned short op, int& err) const {
@@ -143,6 +171,43 @@ private:
         return isDictionary ? IndexKey(attribute, layout.Form(), stored, scratch) : stored;
     }
 };
+
+/// Where a run's objects go.
+class Output {
+public:
+    Output(const std::function<bool(const Object&)>& aTake, std::size_t aLimit) : take(aTake), left(aLimit) {}
+
+    bool WantsMore() const { return left != 0; }
+    /// Whether more is wanted.
+    bool Take(const Object& object) {
+        left = take(object) ? left - 1 : 0;
+        return WantsMore();
+    }
+    /// Takes the first of them in the order, and forgets all.
+    bool TakeSorted(std::vector<Object>& objects, const ObjectOrder& order) {
+        const auto end = objects.begin() + static_cast<std::ptrdiff_t>(std::min(left, objects.size()));
+        std::partial_sort(objects.begin(), end, objects.end(), std::cref(order));
+        for (auto object = objects.begin(); object != end && Take(*object); ++object) {
+        }
+        objects.clear();
+        return WantsMore();
+    }
+
+private:
+    const std::function<bool(const Object&)>& take;
+    std::size_t left;
+};
+
+/// Whether the index leaves open which of two neighbouring keys' objects comes first.
+bool LeavesOpen(const Attribute& attribute, unsigned char form, Bytes a, Bytes b) {
+    if (a.data() == b.data()) return true;
+    if (!IsCut(attribute, form, a) && !IsCut(attribute, form, b)) return false;
+    int err = 0;
+    Types().Cmp(attribute.type, static_cast<unsigned>(a.size()), const_cast<unsigned char*>(a.data()),
+                static_cast<unsigned>(b.size()), const_cast<unsigned char*>(b.data()), IndexOperator(*attribute.index),
+                1, form, err);
+    return err == KyErrBufferEnd;
+}
 
 }  // namespace
 
@@ -191,29 +256,44 @@ RunResult PreparedQuery::Run(const Snapshot& snapshot, const AccessPath& path,
     RunResult result;
     const RecordLayout& layout = store->Layout(query.classAt);
     const ConditionTest test(layout, query.where, constants);
-    const std::size_t limit = query.limit.value_or(SIZE_MAX);
-    std::vector<Object> objects;
-    const bool sorts = !query.order.empty();
-    if (limit == 0) {
+    if (query.limit == 0U) {
         result.entries.resize(Scans(path).size());
         result.endedEarly = true;
         return result;
     }
-    Candidates(snapshot, query, constants, result.entries).ForEach(path, [&](const Object& object) {
+    const auto isFound = [&](const Object& object) {
         ++result.visited;
-        if (!test.Holds(object.record)) return true;
-        ++result.found;
-        if (!sorts) {
-            result.endedEarly = !take(object) || result.found >= limit;
-            return !result.endedEarly;
-        }
-        objects.push_back(object);
-        return true;
-    });
-    const auto sortedEnd = objects.begin() + static_cast<std::ptrdiff_t>(std::min(limit, objects.size()));
-    std::partial_sort(objects.begin(), sortedEnd, objects.end(), ObjectOrder(layout, query.order));
-    for (auto object = objects.begin(); object != sortedEnd && take(*object); ++object) {
+        const bool holds = test.Holds(object.record);
+        if (holds) ++result.found;
+        return holds;
+    };
+    const Candidates candidates(snapshot, query, constants, result.entries);
+    const ObjectOrder order(layout, query.order);
+    Output output(take, query.limit.value_or(SIZE_MAX));
+    std::vector<Object> unsorted;
+    if (path.inOrder) {
+        const Attribute& attribute = layout.Of().attributes[path.scan.attribute];
+        const bool byKeyAlone = query.order.size() == 1;
+        Bytes lastKey;
+        candidates.ForEachByKey(path.scan, [&](Bytes key, const Object& object) {
+            const bool isNew = !unsorted.empty() && !LeavesOpen(attribute, layout.Form(), lastKey, key);
+            if (isNew && !output.TakeSorted(unsorted, order)) return false;
+            lastKey = key;
+            if (!isFound(object)) return true;
+            if (byKeyAlone && !IsCut(attribute, layout.Form(), key)) return output.Take(object);
+            unsorted.push_back(object);
+            return true;
+        });
+    } else {
+        candidates.ForEach(path, [&](const Object& object) {
+            if (!isFound(object)) return true;
+            if (query.order.empty()) return output.Take(object);
+            unsorted.push_back(object);
+            return true;
+        });
     }
+    result.endedEarly = !output.WantsMore();
+    if (output.WantsMore()) output.TakeSorted(unsorted, order);
     return result;
 }
 

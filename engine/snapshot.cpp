@@ -1,6 +1,12 @@
 #include "snapshot.h"
 
+#include <numeric>
+#include <utility>
+
+#include "index_order.h"
 #include "lmdb_call.h"
+#include "types.h"
+#include "value.h"
 
 namespace engine {
 
@@ -19,6 +25,19 @@ std::size_t Entries(MDB_txn* transaction, MDB_dbi database) {
     return told.ms_entries;
 }
 
+/// What says of a value that there is none, in the order of an index.
+std::vector<std::vector<unsigned char>> AbsentKeys(const Attribute& attribute, unsigned char form) {
+    std::vector<std::vector<unsigned char>> keys;
+    if (attribute.count > 1) return keys;
+    const Value value(attribute.type);
+    if (IsString(attribute.type)) keys.push_back(value.Store(form));
+    if (KySetNullFunc* const setNull = Types().SetNullPtrGet(attribute.type)) {
+        setNull(value.Get());
+        keys.insert(keys.begin(), value.Store(form));
+    }
+    return keys;
+}
+
 CursorHandle OpenCursor(MDB_txn* transaction, MDB_dbi database) {
     MDB_cursor* open = nullptr;
     Check(mdb_cursor_open(transaction, database, &open), "cursor");
@@ -26,6 +45,11 @@ CursorHandle OpenCursor(MDB_txn* transaction, MDB_dbi database) {
 }
 
 }  // namespace
+
+std::size_t KeyLimits::EntriesApart() const {
+    return std::accumulate(apart.begin(), apart.end(), std::size_t{0},
+                           [](std::size_t sum, const ApartKey& key) { return sum + key.entries; });
+}
 
 Snapshot::Snapshot(const Store& aStore) : store(&aStore), transaction(BeginReading(aStore.Env())) {}
 
@@ -48,16 +72,26 @@ std::size_t Snapshot::EntryCount(std::size_t classAt, std::size_t attribute) con
     return Entries(transaction, store->Opened(classAt).indexes[attribute]);
 }
 
-std::optional<KeyLimits> Snapshot::Limits(std::size_t classAt, std::size_t attribute) const {
+const std::optional<KeyLimits>& Snapshot::Limits(std::size_t classAt, std::size_t attribute) const {
     const MDB_dbi index = store->Opened(classAt).indexes[attribute];
     if (known.size() <= index) known.resize(index + 1);
     KnownLimits& of = known[index];
-    if (of.moment != Moment()) {
-        IndexCursor cursor(*this, classAt, attribute);
-        const auto first = cursor.First();
-        of.limits = first ? std::optional(KeyLimits{.first = first->key, .last = cursor.Last()->key}) : std::nullopt;
-        of.moment = Moment();
+    if (of.moment == Moment()) return of.limits;
+    of = {.moment = Moment(), .limits = {}};
+    IndexCursor cursor(*this, classAt, attribute);
+    auto entry = cursor.First();
+    if (!entry) return of.limits;
+    KeyLimits& limits = of.limits.emplace();
+    limits.entries = EntryCount(classAt, attribute);
+    const Attribute& indexed = store->Layout(classAt).Of().attributes[attribute];
+    for (std::vector<unsigned char>& key : AbsentKeys(indexed, store->Form())) {
+        const int order = entry ? CompareAsIndexed(indexed, store->Form(), key, entry->key) : -1;
+        if (order > 0) continue;
+        limits.apart.push_back({.key = std::move(key), .entries = order == 0 ? cursor.CountOfKey() : 0});
+        if (order == 0) entry = cursor.NextKey();
     }
+    if (entry) limits.first = entry->key;
+    if (entry) limits.last = cursor.LastKey()->key;
     return of.limits;
 }
 
@@ -98,7 +132,28 @@ std::optional<IndexEntry> IndexCursor::Move(MDB_cursor_op how, Bytes from) {
 
 std::optional<IndexEntry> IndexCursor::First() { return Move(MDB_FIRST); }
 std::optional<IndexEntry> IndexCursor::FirstFrom(Bytes key) { return Move(MDB_SET_RANGE, key); }
-std::optional<IndexEntry> IndexCursor::Last() { return Move(MDB_LAST); }
 std::optional<IndexEntry> IndexCursor::Next() { return Move(MDB_NEXT); }
+std::optional<IndexEntry> IndexCursor::NextOfKey() { return Move(MDB_NEXT_DUP); }
+std::optional<IndexEntry> IndexCursor::NextKey() { return Move(MDB_NEXT_NODUP); }
+
+/// From the end of an index LMDB goes on to nothing, not even to the next entry of the last key.
+std::optional<IndexEntry> IndexCursor::LastKey() {
+    const auto last = Move(MDB_LAST);
+    return last ? Move(MDB_SET_KEY, last->key) : std::nullopt;
+}
+
+/// LMDB comes to a key from behind by its last entry, and tells no key with the first.
+std::optional<IndexEntry> IndexCursor::PreviousKey() {
+    auto entry = Move(MDB_PREV_NODUP);
+    const auto first = entry ? Move(MDB_FIRST_DUP) : std::nullopt;
+    if (first) entry->number = first->number;
+    return entry;
+}
+
+std::size_t IndexCursor::CountOfKey() const {
+    std::size_t count = 0;
+    Check(mdb_cursor_count(cursor.get(), &count), "index");
+    return count;
+}
 
 }  // namespace engine

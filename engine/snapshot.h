@@ -5,6 +5,7 @@
 
 #include <lmdb.h>
 
+#include <deque>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -19,10 +20,21 @@ struct CloseCursor {
 };
 using CursorHandle = std::unique_ptr<MDB_cursor, CloseCursor>;
 
-/// The first and the last key of an index.
+/// A key that stands apart before all others, null or the text without characters, and its entries; there may be none.
+struct ApartKey {
+    std::vector<unsigned char> key;
+    std::size_t entries;
+};
+
+/// What an index reaches over.
 struct KeyLimits {
+    std::size_t entries = 0;  ///< of the whole index
+    std::vector<ApartKey> apart;
+    /// The first and the last key of the others; both empty when there are none.
     Bytes first;
     Bytes last;
+
+    std::size_t EntriesApart() const;
 };
 
 /// What others write meanwhile is not seen. Bytes that are read from it belong to the store and stay until it is
@@ -45,7 +57,7 @@ public:
     std::size_t ObjectCount(std::size_t classAt) const;
     std::size_t EntryCount(std::size_t classAt, std::size_t attribute) const;
     /// Null when the index is empty. Looked up once a moment.
-    std::optional<KeyLimits> Limits(std::size_t classAt, std::size_t attribute) const;
+    const std::optional<KeyLimits>& Limits(std::size_t classAt, std::size_t attribute) const;
 
     /// The record of an object; empty when there is none. Throws `StoreError` for a record that is broken.
     Bytes Find(std::size_t classAt, ObjectNumber number) const;
@@ -60,7 +72,7 @@ private:
 
     const Store* store;
     MDB_txn* transaction;
-    mutable std::vector<KnownLimits> known;  ///< by the index's handle; no moment has the number 0
+    mutable std::deque<KnownLimits> known;  ///< by the index's handle; no moment has the number 0
 };
 
 struct Object {
@@ -85,17 +97,25 @@ struct IndexEntry {
     ObjectNumber number;
 };
 
-/// The entries of an index in its order; entries with equal keys in the order of their objects' numbers.
+/// The entries of an index in its order; entries with equal keys in the order of their objects' numbers. Each step
+/// gives the entry that it leads to, null when there is none.
 class IndexCursor {
 public:
     IndexCursor(const Snapshot& snapshot, std::size_t classAt, std::size_t attribute);
 
-    /// To the first entry, or to the first whose key does not order before `key`. Null when there is none.
     std::optional<IndexEntry> First();
+    /// The first whose key does not order before `key`.
     std::optional<IndexEntry> FirstFrom(Bytes key);
-    std::optional<IndexEntry> Last();
-    /// Null behind the last.
     std::optional<IndexEntry> Next();
+    std::optional<IndexEntry> NextOfKey();
+
+    /// The first entry of the last key, of the next one, of the one before.
+    std::optional<IndexEntry> LastKey();
+    std::optional<IndexEntry> NextKey();
+    std::optional<IndexEntry> PreviousKey();
+
+    /// Entries of the present key.
+    std::size_t CountOfKey() const;
 
 private:
     CursorHandle cursor;

@@ -177,6 +177,31 @@ TEST_P(AttributesOf, AreFoundByEveryComparison) {
     }
 }
 
+TEST_P(AttributesOf, ComeInTheirOrderByIndexAsSorted) {
+    if (engine::WhyNotOrdered(type) != nullptr) return;
+    const Snapshot snapshot(*store);
+    const bool hasIndex = store->GetSchema().Classes()[0].attributes[0].index.has_value();
+    for (const char* order : {"one", "one desc", "one, plain", "one desc, plain desc", "three", "three desc"}) {
+        for (const char* limit : {"", " limit 7", " limit 399"}) {
+            const std::string text = std::string("Thing order by ") + order + limit;
+            const engine::PreparedQuery query(*store, engine::ParseQuery(store->GetSchema(), text), {});
+            const engine::AccessPath path = query.Plan(snapshot);
+            const auto numbers = [&](const engine::AccessPath& by) {
+                std::vector<ObjectNumber> given;
+                query.Run(snapshot, by, [&given](const engine::Object& object) {
+                    given.push_back(object.number);
+                    return true;
+                });
+                return given;
+            };
+            ASSERT_EQ(numbers(path), numbers(engine::AccessPath())) << text;
+            if (*limit == 0 && std::string(order).find_first_of(",h") == std::string::npos) {
+                EXPECT_EQ(path.inOrder, hasIndex) << text;
+            }
+        }
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Types, AttributesOf, ::testing::ValuesIn(AllCases()), NameOf);
 
 }  // namespace

@@ -228,6 +228,94 @@ TEST_P(RunTest, SortsAndLimits) {
     }
 }
 
+struct Ordered {
+    std::vector<engine::ObjectNumber> numbers;
+    engine::RunResult result;
+    bool inOrder = false;
+};
+
+/// What a query gives in its order, by its plan or by sorting all objects.
+Ordered RunOrdered(const Store& store, const std::string& text, bool byPlan) {
+    const PreparedQuery query(store, engine::ParseQuery(store.GetSchema(), text), ScanByType);
+    const Snapshot snapshot(store);
+    const AccessPath path = byPlan ? query.Plan(snapshot) : AccessPath();
+    Ordered ordered;
+    ordered.inOrder = path.inOrder;
+    ordered.result = query.Run(snapshot, path, [&ordered](const Object& object) {
+        ordered.numbers.push_back(object.number);
+        return true;
+    });
+    return ordered;
+}
+
+TEST_P(RunTest, AnIndexInItsOrderGivesWhatSortingGives) {
+    int walks = 0;
+    for (const char* condition :
+         {"", " where number > 90", " where text = \"a*\"", " where text < \"b\" and number < 50",
+          " where text >= \"a\" and text <= \"ab\"", " where plain = \"*B\" or number = 3",
+          " where dictionary >= \"aa\" exact", " where plain >= \"b\"", " where number = 5"}) {
+        for (const std::string first : {"number", "text", "dictionary", "folded", "plain"}) {
+            for (const char* more : {"", " desc", ", text", " desc, number", ", dictionary desc"}) {
+                for (const char* limit : {"", " limit 1", " limit 30", " limit 1990"}) {
+                    const std::string text = "Word" + std::string(condition) + " order by " + first + more + limit;
+                    const Ordered planned = RunOrdered(*store, text, true);
+                    ASSERT_EQ(planned.numbers, RunOrdered(*store, text, false).numbers) << text;
+                    if (planned.inOrder) ++walks;
+                    if (first == "folded" || first == "plain") {
+                        EXPECT_FALSE(planned.inOrder) << text;
+                    } else if (*condition == 0 && *more != ',') {
+                        EXPECT_TRUE(planned.inOrder) << text;
+                    }
+                }
+            }
+        }
+    }
+    EXPECT_GT(walks, 150);
+}
+
+TEST_P(RunTest, ALimitEndsAWalkInOrder) {
+    constexpr std::size_t ofNumber = 21;
+    const struct {
+        const char* query;
+        std::size_t visited;
+        bool endedEarly;
+    } cases[] = {
+        {"Word order by number limit 10", 10, true},
+        {"Word order by number desc limit 10", 10, true},
+        {"Word order by dictionary desc limit 10", 10, true},
+        {"Word where number >= 40 order by number limit 10", 10, true},
+        {"Word where number <= 40 order by number desc limit 10", 10, true},
+        {"Word where number = 5 order by number limit 30", ofNumber, false},
+        {"Word where number >= 5 and number < 7 order by number desc", 3 * ofNumber, false},
+        // All of the first key are sorted by the second.
+        {"Word order by number, text limit 10", ofNumber, true},
+        {"Word where number <= 40 order by number desc, text limit 10", ofNumber, true},
+    };
+    for (const auto& c : cases) {
+        const Ordered ordered = RunOrdered(*store, c.query, true);
+        EXPECT_TRUE(ordered.inOrder) << c.query;
+        EXPECT_EQ(ordered.result.visited, c.visited) << c.query;
+        EXPECT_EQ(ordered.result.endedEarly, c.endedEarly) << c.query;
+    }
+}
+
+TEST_P(RunTest, ANarrowRangeIsSortedRatherThanAnIndexWalked) {
+    const Ordered narrow = RunOrdered(*store, "Word where number = 5 order by text limit 10", true);
+    EXPECT_FALSE(narrow.inOrder);
+    EXPECT_EQ(narrow.result.visited, 21U);
+    // Of many objects the first come soon.
+    const Ordered wide = RunOrdered(*store, "Word where number > 20 order by text desc limit 5", true);
+    EXPECT_TRUE(wide.inOrder);
+    EXPECT_LT(wide.result.visited, 40U);
+}
+
+/// The end of what a pattern leaves is found from its beginning only.
+TEST_P(RunTest, PatternsAreNotWalkedBackwards) {
+    EXPECT_FALSE(RunOrdered(*store, "Word where text = \"a*\" order by text desc", true).inOrder);
+    EXPECT_TRUE(RunOrdered(*store, "Word where text = \"a*\" order by text", true).inOrder);
+    EXPECT_TRUE(RunOrdered(*store, "Word where text = \"a*\" and text < \"ab\" order by text desc", true).inOrder);
+}
+
 TEST_P(RunTest, ConstantsCanBeBound) {
     PreparedQuery query(*store, engine::ParseQuery(store->GetSchema(), "Word where number = ?"), ScanByType);
     const Snapshot snapshot(*store);

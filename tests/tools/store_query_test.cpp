@@ -93,6 +93,15 @@ TEST_F(StoreQuery, ExplainTellsBoundsAndShares) {
     EXPECT_EQ(explain("Thing where samples[0] = 3"),
               "Thing has 5 objects.\nAll of them are read: no index narrows the condition to half of them.\n"
               "Visited 5 objects, found 1.\n");
+    EXPECT_EQ(explain("Thing order by number desc limit 2"),
+              "Thing has 5 objects.\n"
+              "They are read in the order of an index, as it is asked for: nothing is sorted.\n"
+              "Index of number backwards, from the first to the last:\n"
+              "  estimated share 100 %, true share at least 40 % (2 of 5 entries)\n"
+              "Visited 2 objects, found 2. The limit ended the search.\n");
+    EXPECT_EQ(explain("Thing order by folded limit 2"),
+              "Thing has 5 objects.\nAll of them are read: no index narrows the condition to half of them.\n"
+              "What is found is sorted.\nVisited 5 objects, found 5.\n");
     const std::string two = explain("Thing where number = 3 or text = \"Straße\" exact");
     EXPECT_NE(two.find("Index of number from \"3\" to \"3\":"), std::string::npos) << two;
     EXPECT_NE(two.find("Index of text from \"Straße\" to \"Straße\":"), std::string::npos) << two;

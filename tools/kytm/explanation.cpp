@@ -45,13 +45,18 @@ std::string Explain(const engine::Snapshot& snapshot, const engine::Query& query
     std::string text = of.name + " has " + Count(objects, "object") + ".\n";
     const std::vector<const engine::AccessPath*> scans = engine::Scans(path);
     if (scans.empty()) text += "All of them are read: no index narrows the condition to half of them.\n";
+    if (!query.order.empty()) {
+        text += path.inOrder ? "They are read in the order of an index, as it is asked for: nothing is sorted.\n"
+                             : "What is found is sorted.\n";
+    }
     for (std::size_t i = 0; i < scans.size(); ++i) {
         const engine::IndexScan& scan = scans[i]->scan;
         const engine::Attribute& attribute = of.attributes[scan.attribute];
         const std::size_t entries = snapshot.EntryCount(query.classAt, scan.attribute);
         const std::size_t read = result.entries[i];
-        text += "Index of " + attribute.name + " " + Bounds(attribute, snapshot.Of().Form(), scan.range);
-        if (scan.pattern != nullptr) text += ", as far as " + scan.pattern->text + " can hold";
+        text += "Index of " + attribute.name + (scan.backward ? " backwards, " : " ") +
+                Bounds(attribute, snapshot.Of().Form(), scan.range);
+        if (scan.last != nullptr) text += ", as far as " + scan.last->text + " can hold";
         text += ":\n  estimated share " + Percent(scans[i]->share) + ", true share ";
         if (result.endedEarly) text += "at least ";
         text += Percent(entries == 0 ? 0 : static_cast<double>(read) / static_cast<double>(entries)) + " (" +

@@ -1,0 +1,158 @@
+#include "narrowing.h"
+
+#include <algorithm>
+
+#include "index_order.h"
+#include "pattern.h"
+#include "types.h"
+#include "value.h"
+
+namespace engine {
+
+namespace {
+
+constexpr unsigned short kRelationBits = KyCmpEqual | KyCmpLess | KyCmpGreater;
+constexpr unsigned short kNotEqual = KyCmpLess | KyCmpGreater;
+
+/// So many characters of a constant that may be longer than a key bound a scan from below.
+constexpr unsigned short kCharactersOfBound = 60;
+static_assert(2 * kCharactersOfBound <= kLongestDictionaryKey, "a character may count as two");
+
+Folding FoldingOf(unsigned short op) {
+    return {.ignoreCase = (op & KyCmpIgnoreCase) != 0, .ignoreAccent = (op & KyCmpIgnoreAccent) != 0};
+}
+
+}  // namespace
+
+bool Serves(const Attribute& attribute, const Comparison& comparison) {
+    if (!attribute.index || attribute.count > 1 || (comparison.op & kRelationBits) == kNotEqual) return false;
+    return attribute.type != KySTRING_T || *attribute.index == FoldingOf(comparison.op);
+}
+
+Narrowing::Narrowing(const Snapshot& aSnapshot, const RecordLayout& aLayout, std::size_t aClassAt,
+                     std::size_t anAttribute)
+    : snapshot(aSnapshot),
+      layout(aLayout),
+      classAt(aClassAt),
+      attribute(aLayout.Of().attributes[anAttribute]),
+      limits(aSnapshot.Limits(aClassAt, anAttribute)),
+      keepsApart(limits ? limits->apart.size() : 0, true) {
+    scan.attribute = anAttribute;
+}
+
+void Narrowing::Add(const Comparison& comparison, const StoredConstant& constant) {
+    const ComparisonTest test(layout, comparison, constant);
+    for (std::size_t i = 0; i < keepsApart.size(); ++i)
+        keepsApart[i] = keepsApart[i] && test.HoldsFor(limits->apart[i].key);
+
+    if (IsPattern(attribute.type, Form(), constant, comparison.op)) {
+        AddPattern(comparison, constant);
+    } else if (IsString(attribute.type) && MayBeLonger(constant)) {
+        AddLong(comparison, constant);
+    } else if (attribute.type == KySTRING_T && (comparison.op & KyCmpExact) == 0 && IsAbsent(constant)) {
+        AddAbsent(comparison, constant);
+    } else {
+        Estimate(comparison.op, constant, &scan.range.Bounds());
+        // Of dictionary strings that begin with a wildcard EvalAndBound records nothing, be they exact or not.
+        const bool isDictionary = IsString(attribute.type) && attribute.type != KySTRING_T;
+        if (isDictionary && (comparison.op & KyCmpLess) == 0) scan.range.AddLower(constant);
+        if (isDictionary && (comparison.op & KyCmpGreater) == 0) scan.range.AddUpper(constant);
+        // Of strings with escapes only their beginning, as of patterns.
+        if (IsString(attribute.type) && (comparison.op & KyCmpGreater) == 0 && !scan.range.HasUpper())
+            scan.last = &comparison;
+    }
+}
+
+/// Compare looks at the keys as far as the text before the first wildcard goes, so that what begins like it is one run
+/// of keys, of every type and folding.
+void Narrowing::AddPattern(const Comparison& comparison, const StoredConstant& constant) {
+    const bool bounds = (comparison.op & KyCmpLess) == 0;
+    const std::vector<unsigned char> begin = FirstCharacters(attribute.type, Form(), constant, kCharactersOfBound);
+    if (attribute.type != KySTRING_T) {
+        // The limit that is recorded of them would be the pattern as it stands.
+        Estimate(comparison.op, constant, nullptr);
+        if (bounds) scan.range.AddLower(DictionaryPrefix(attribute.type, Form(), begin));
+    } else if (IsPattern(attribute.type, Form(), begin, comparison.op)) {
+        Estimate(comparison.op, begin, &scan.range.Bounds());
+    } else {
+        Estimate(comparison.op, begin, nullptr);
+        if (bounds) scan.range.AddLower(begin);
+    }
+    if ((comparison.op & KyCmpGreater) == 0) scan.last = &comparison;
+}
+
+/// Whether a string may be that keys are cut before it ends. Those of dictionary strings are cut by characters, and
+/// order before what is as long as they are.
+bool Narrowing::MayBeLonger(const StoredConstant& constant) const {
+    if (attribute.type == KySTRING_T) return constant.size() > kLongestKey;
+    const auto mayCountAsTwo = [](unsigned char byte) { return byte >= 0x80; };
+    const auto asTwo = std::ranges::count_if(constant, mayCountAsTwo);
+    return constant.size() + static_cast<std::size_t>(asTwo) > kLongestDictionaryKey;
+}
+
+/// A constant that may be longer than keys: its first characters bound it from below, and from above it is compared
+/// itself.
+void Narrowing::AddLong(const Comparison& comparison, const StoredConstant& constant) {
+    const std::vector<unsigned char> begin = FirstCharacters(attribute.type, Form(), constant, kCharactersOfBound);
+    Estimate(static_cast<unsigned short>(comparison.op | KyCmpExact), begin, nullptr);
+    if ((comparison.op & KyCmpLess) == 0) scan.range.AddLower(begin);
+    if ((comparison.op & KyCmpGreater) == 0) scan.last = &comparison;
+}
+
+/// Null and the text without characters are the same unless texts are compared exactly, as the index does: such a
+/// constant is both.
+void Narrowing::AddAbsent(const Comparison& comparison, const StoredConstant& constant) {
+    Estimate(comparison.op, constant, nullptr);
+    const Value value(KySTRING_T);
+    const std::vector<unsigned char> empty = value.Store(Form());
+    Types().SetNullPtrGet(KySTRING_T)(value.Get());
+    if ((comparison.op & KyCmpLess) == 0) scan.range.AddLower(value.Store(Form()));
+    if ((comparison.op & KyCmpGreater) == 0) scan.range.AddUpper(empty);
+}
+
+bool Narrowing::IsAbsent(const StoredConstant& constant) const {
+    std::vector<unsigned char> empty = Value(KySTRING_T).Store(Form());
+    int err = 0;
+    return Types().Cmp(KySTRING_T, 0, const_cast<unsigned char*>(constant.data()), 0, empty.data(), KyCmpEqual, 1,
+                       Form(), err) == 0;
+}
+
+double Narrowing::Share() const {
+    if (!limits || limits->entries == 0) return share;
+    double kept = share * static_cast<double>(limits->entries - limits->EntriesApart());
+    for (std::size_t i = 0; i < keepsApart.size(); ++i)
+        if (keepsApart[i]) kept += static_cast<double>(limits->apart[i].entries);
+    return kept / static_cast<double>(limits->entries);
+}
+
+/// The share of the scan so far that a comparison keeps; `narrowed`, when it is not null, gets its limits.
+void Narrowing::Estimate(unsigned short op, Bytes key, KyIdxBounds* narrowed) {
+    KyIdxBounds known = KnownBounds();
+    const unsigned short relation = op;
+    const float kept = Types().EvalAndBound(attribute.type, known.lower == nullptr ? nullptr : &known, op,
+                                            const_cast<unsigned char*>(key.data()), Form(), 1, narrowed, nullptr);
+    const bool standsApart = limits && std::ranges::any_of(limits->apart, [&](const ApartKey& apart) {
+                                 return CompareAsIndexed(attribute, Form(), apart.key, key) == 0;
+                             });
+    // All others are behind what stands apart; to the formulas it is at no distance.
+    share *= standsApart ? ((relation & KyCmpGreater) != 0 ? 1 : 0) : std::clamp(static_cast<double>(kept), 0.0, 1.0);
+}
+
+/// The range so far, as far as there are keys in it.
+KyIdxBounds Narrowing::KnownBounds() const {
+    KyIdxBounds known;
+    if (!limits || limits->first.empty()) return known;
+    const auto set = [](void*& limit, unsigned char& length, Bytes key) {
+        limit = const_cast<unsigned char*>(key.data());
+        length = static_cast<unsigned char>(key.size());
+    };
+    const auto order = [&](Bytes a, Bytes b) { return CompareAsIndexed(attribute, Form(), a, b); };
+    const KeyRange& range = scan.range;
+    const bool fromLower = range.HasLower() && order(range.Lower(), limits->first) > 0;
+    const bool toUpper = range.HasUpper() && order(range.Upper(), limits->last) < 0;
+    set(known.lower, known.lowerLen, fromLower ? range.Lower() : limits->first);
+    set(known.upper, known.upperLen, toUpper ? range.Upper() : limits->last);
+    return known;
+}
+
+}  // namespace engine

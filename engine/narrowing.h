@@ -1,0 +1,63 @@
+#ifndef ENGINE_NARROWING_H
+#define ENGINE_NARROWING_H
+
+/// The scan of one index, as the comparisons of its attribute narrow it.
+
+#include "condition.h"
+#include "key_range.h"
+#include "query.h"
+#include "snapshot.h"
+
+namespace engine {
+
+struct IndexScan {
+    std::size_t attribute = 0;
+    KeyRange range;
+    /// A comparison whose constant is no key, a pattern or one that is longer than keys: the scan ends at the first key
+    /// behind all that it can hold for.
+    const Comparison* last = nullptr;
+    /// From the last key to the first; objects with equal keys by their numbers nevertheless.
+    bool backward = false;
+};
+
+/// Whether the index of an attribute can serve a comparison with it.
+bool Serves(const Attribute& attribute, const Comparison& comparison);
+
+/// Narrows a scan by comparisons that all have to hold, and estimates what they leave of it. Refers to what it is made
+/// from.
+class Narrowing {
+public:
+    Narrowing(const Snapshot& aSnapshot, const RecordLayout& aLayout, std::size_t aClassAt, std::size_t anAttribute);
+
+    /// One more comparison, which the index serves.
+    void Add(const Comparison& comparison, const StoredConstant& constant);
+
+    bool Narrows() const { return scan.range.HasLower() || scan.range.HasUpper() || scan.last != nullptr; }
+    /// Of the index's entries: by EvalAndBound of those whose keys have a place among others, and by their numbers of
+    /// those that have none, null and the text without characters.
+    double Share() const;
+
+    IndexScan scan;
+
+private:
+    const Snapshot& snapshot;
+    const RecordLayout& layout;
+    std::size_t classAt;
+    const Attribute& attribute;
+    const std::optional<KeyLimits>& limits;
+    double share = 1;              ///< of the entries between the limits
+    std::vector<bool> keepsApart;  ///< by the keys that stand apart
+
+    unsigned char Form() const { return layout.Form(); }
+    void AddPattern(const Comparison& comparison, const StoredConstant& constant);
+    void AddLong(const Comparison& comparison, const StoredConstant& constant);
+    void AddAbsent(const Comparison& comparison, const StoredConstant& constant);
+    bool MayBeLonger(const StoredConstant& constant) const;
+    bool IsAbsent(const StoredConstant& constant) const;
+    void Estimate(unsigned short op, Bytes key, KyIdxBounds* narrowed);
+    KyIdxBounds KnownBounds() const;
+};
+
+}  // namespace engine
+
+#endif
