@@ -34,12 +34,6 @@ struct HashStep {
     }
 };
 
-KY_KERNEL_TARGET inline bool HasAnyBit(const Words& words) {
-    std::uint32_t bits = 0;
-    for (std::size_t i = 0; i < sizeof(Words) / sizeof bits; ++i) bits |= words[i];
-    return bits != 0;
-}
-
 KY_KERNEL_TARGET inline std::uint32_t XorOf(const Words& words) {
     std::uint32_t sum = 0;
     for (std::size_t i = 0; i < sizeof(Words) / sizeof sum; ++i) sum ^= words[i];
@@ -121,8 +115,8 @@ KY_KERNEL_TARGET inline std::size_t HashRounds(DateForm form, Words& sum, const 
     return count;
 }
 
-KY_KERNEL_TARGET inline std::uint32_t HashByPermuting(DateRecord record, DateForm form, const unsigned char* from,
-                                                      std::size_t count) {
+KY_KERNEL_TARGET inline std::uint32_t Hash(DateRecord record, DateForm form, const void* data, std::size_t count) {
+    const unsigned char* from = Advance(data, 0);
     const HashPlan& plan = kPlans.Hashing(record, form);
     const HashStep step(plan.index, plan.signs);
     const std::size_t bytes = plan.elements * plan.from;
@@ -149,51 +143,4 @@ KY_KERNEL_TARGET inline std::uint32_t HashByPermuting(DateRecord record, DateFor
     }
     HashRest(plan, record, form, step, sum, from, left / plan.from);
     return XorOf(sum);
-}
-
-/// The words of elements without negative fields, from which nothing borrows: there the bytes may be combined before
-/// words are made of them. Stops before a negative field, and steps `from` and `count` to the elements that are left.
-template <std::size_t size>
-KY_KERNEL_TARGET inline std::uint32_t HashByFolding(DateRecord record, DateForm form, const unsigned char*& from,
-                                                    std::size_t& count) {
-    using Folds = DateFolds<sizeof(Vector), size>;
-    static constexpr Folds folds;
-    constexpr std::size_t roundBytes = Folds::kRegisters * sizeof(Vector);
-    Vector combined[Folds::kRegisters] = {};
-    const unsigned char* const begin = from;
-    std::size_t rounds = count / Folds::kElements;
-    // One round first: where negative fields are many, one of them ends it.
-    for (std::size_t some = 1; rounds != 0; some = 16) {
-        some = std::min(some, rounds);
-        Vector sums[Folds::kRegisters] = {};
-        Vector seen = {};
-        const unsigned char* at = from;
-        for (std::size_t round = 0; round < some; ++round, at += roundBytes) {
-            for (std::size_t which = 0; which < Folds::kRegisters; ++which) {
-                const Vector bytes = LoadVector(at + which * sizeof(Vector));
-                sums[which] ^= bytes;
-                seen |= bytes & LoadVector(folds.SignsOf(which).data());
-            }
-        }
-        if (HasAnyBit(reinterpret_cast<Words>(seen))) break;
-        for (std::size_t which = 0; which < Folds::kRegisters; ++which) combined[which] ^= sums[which];
-        from = at;
-        count -= some * Folds::kElements;
-        rounds -= some;
-    }
-    if (from == begin) return 0;
-    return HashByPermuting(record, form, reinterpret_cast<const unsigned char*>(combined), Folds::kElements);
-}
-
-/// Fewer of them are not worth a second way.
-constexpr std::size_t kElementsToFold = 512;
-
-KY_KERNEL_TARGET inline std::uint32_t Hash(DateRecord record, DateForm form, const void* data, std::size_t count) {
-    const unsigned char* from = Advance(data, 0);
-    std::uint32_t sum = 0;
-    if (record == DateRecord::dateTimeN && count >= kElementsToFold) {
-        sum = form == DateForm::memory ? HashByFolding<12>(record, form, from, count)
-                                       : HashByFolding<11>(record, form, from, count);
-    }
-    return sum ^ HashByPermuting(record, form, from, count);
 }

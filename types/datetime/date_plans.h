@@ -6,7 +6,6 @@
 
 #include <array>
 #include <cstddef>
-#include <numeric>
 
 #include "date_records.h"
 
@@ -162,28 +161,6 @@ private:
     }
 
     std::array<std::array<Plan, kRegisters>, kDateForms> plans{};
-};
-
-/// Elements of `size` bytes through as many registers as a whole number of them fills.
-template <std::size_t width, std::size_t size>
-class DateFolds {
-public:
-    static constexpr std::size_t kRegisters = size / std::gcd(size, width);
-    static constexpr std::size_t kElements = kRegisters * width / size;
-
-    using Bytes = std::array<unsigned char, width>;
-
-    constexpr DateFolds() {
-        constexpr std::size_t first = size == DateLayout(DateRecord::time, DateForm::memory).size ? 4 : 0;
-        for (std::size_t at = 0; at < kRegisters * width; ++at) {
-            if (IsWidened(static_cast<unsigned char>(first + at % size))) signs[at / width][at % width] = 0x80;
-        }
-    }
-    /// The sign bits of the bytes that a hash widens; they stand at the same place in every form.
-    constexpr const Bytes& SignsOf(std::size_t which) const { return signs[which]; }
-
-private:
-    alignas(width) std::array<Bytes, kRegisters> signs{};
 };
 
 /// All of them.

@@ -29,7 +29,8 @@ class LentText;
 KyString& AssignText(KyString& out, const char* text, std::size_t length);
 
 /// The same with the text still to come: `length` characters, none of them zero, are to be written where the result
-/// points. Null, and no change, where such a text is no simple block, which `AssignText` sees to.
+/// points. A block of just the size that is needed is kept. Null, and no change, where such a text is no simple block,
+/// which `AssignText` sees to.
 char* RenewText(KyString& out, std::size_t length);
 
 /// `out` becomes a text with this label, as a record of `form` holds it: `bytes` bytes, whole characters. None: no

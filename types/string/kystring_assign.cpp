@@ -6,14 +6,17 @@ char* ky::RenewText(KyString& out, std::size_t length) {
     const unsigned char codeSet = KyLanguageContext::GetDefault8CodeSet();
     if (length >= kMaxStringBytes || CharWidth(codeSet) != 1) return nullptr;
 
-    char* const block = new char[length + 1];
-    block[length] = 0;
-    delete[] out.buffer;
-    out.buffer = block;
-    out.bufferSize = static_cast<unsigned short>(length + 1);
+    // A column of values prints into one string: most are as long as the one before.
+    if (out.bufferSize != length + 1) {
+        char* const block = new char[length + 1];
+        delete[] out.buffer;
+        out.buffer = block;
+        out.bufferSize = static_cast<unsigned short>(length + 1);
+    }
+    out.buffer[length] = 0;
     out.codeSet = codeSet;
     out.language = KyLanguageContext::GetDefaultLanguage();
-    return block;
+    return out.buffer;
 }
 
 KyString& ky::AssignText(KyString& out, const char* text, std::size_t length) {

@@ -53,6 +53,35 @@ TEST(DatePrint, TakesTheDefaultsAsAnAssignedTextDoes) {
     }
 }
 
+TEST(DatePrint, KeepsABlockOfTheSameSize) {
+    KyString out("a block of 16 b");
+    const char* const block = out.StrGet();
+    ky::PrintDateTime(out, kMay, "%a %e.%b %Y", ky::kKyDatePrint);
+    EXPECT_STREQ(out.StrGet(), "Tue 07.May 2024");
+    EXPECT_EQ(out.StrGet(), block);
+    EXPECT_EQ(out.BufferSizeGet(), sizeof "Tue 07.May 2024");
+
+    ky::PrintDateTime(out, kMay, "%Y-%m-%d", ky::kKyDatePrint);
+    EXPECT_STREQ(out.StrGet(), "2024-05-07");
+    EXPECT_EQ(out.BufferSizeGet(), sizeof "2024-05-07");
+}
+
+TEST(DatePrint, ABlockThatIsKeptHasNothingLeftOfItsText) {
+    const KyString expected("Tue 07.May 2024");
+    const unsigned short wide[] = {'s', 'e', 'v', 'e', 'n', '_', '_', 0};
+    KyString out(wide);
+    ASSERT_EQ(out.BufferSizeGet(), expected.BufferSizeGet());
+    ky::PrintDateTime(out, kMay, "%a %e.%b %Y", ky::kKyDatePrint);
+    EXPECT_EQ(out.CodeSetGet(), expected.CodeSetGet());
+    EXPECT_TRUE(out == expected);
+
+    KyString format("%a %e.%b %Y    ");  // which is cut to the format that it begins with
+    const_cast<char*>(format.StrGet())[11] = 0;
+    ASSERT_EQ(format.BufferSizeGet(), expected.BufferSizeGet());
+    ky::PrintDateTime(format, kMay, format.StrGet(), ky::kKyDatePrint);
+    EXPECT_TRUE(format == expected);
+}
+
 TEST(DateScan, NullIsRecognisedByItsBeginning) {
     for (const char* text : {"{NULL}", "{NULL}2024"}) {
         const Scan scan(text, "%Y");
