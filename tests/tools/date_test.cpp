@@ -34,6 +34,8 @@ TEST(Dates, AreShownInTheirOwnFormat) {
         {"KyTime", "03:04:05 pm", "03:04:05 pm", "0F 04 05", true},
         {"KyDateTime", "Fri 17.May 2024 12:00:00 am", "Fri 17.May 2024 12:00:00 am", "07 E8 05 11 00 00 00", true},
         {"d_Date", "Mon May 17", "Mon May 17", "00 00 05 11", true},
+        {"d_Time", "03:04:05 pm", "03:04:05 pm", "00 00 0F 04 05 00", true},
+        {"d_Timestamp", "Mon May 17 03:04:05 pm", "Mon May 17 03:04:05 pm", "00 00 05 11 00 00 0F 04 05 00", true},
         {"d_Interval", "3 days, 4 hours, 5 minutes, 6 seconds", "03 days, 04 hours, 05 minutes, 06 seconds",
          "48 85 BE 40", true},
         {"KyDateTimeN", "2024-05-17T10:20:30.000000007", "2024-05-17T10:20:30.000000007",

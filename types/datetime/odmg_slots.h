@@ -116,9 +116,20 @@ KyEvalAndBoundFunc d_TimestampEvalAndBound;
 
 // --- text ---
 
+namespace ky {
+
+// The rows' formats, and what counts for a row that has none.
+inline constexpr char kOdmgDateFormat[] = "%a %b %e";
+inline constexpr char kOdmgTimeFormat[] = "%I:%M:%S %p";
+inline constexpr char kOdmgTimestampFormat[] = "%a %b %e %I:%M:%S %p";
+inline constexpr char kOdmgIntervalFormat[] = "%e days, %I hours, %M minutes, %S seconds";
+
+}  // namespace ky
+
 /// The first value, by the directives of dates. Weekdays are those of `d_Date`; a day or month of 255 is a wildcard and
 /// prints as "*", and so does a year, local hour, local minute or second of -1. An interval has days, hours, minutes,
-/// seconds and nanoseconds; a negative one has the minus on the first that is not 0, the last two being one.
+/// seconds and nanoseconds; a negative one has the minus on the first that is not 0, the last two being one. Days
+/// beyond an int print as the greatest one.
 KyPrintFunc d_DatePrintToKyString;
 KyPrintFunc d_TimePrintToKyString;
 KyPrintFunc d_TimestampPrintToKyString;

@@ -53,11 +53,16 @@ int OdmgWeekday(const DateTimeParts& parts) { return (DateOf(parts).day_of_week(
 
 constexpr ky::DatePrintRules kOdmgDatePrint = {OdmgWeekday, true};
 
+/// A row's format as it is at the time, or, when that was taken away, its own.
+const char* FormatOf(const KyTypeTab& row, const char* own) {
+    return row.printFormat != nullptr ? row.printFormat : own;
+}
+
 struct DateText {
     using Value = d_Date;
     static constexpr auto* Print = &d_DatePrintToKyString;
     static constexpr auto* Scan = &d_DateScanFromKyString;
-    static const char* Format() { return Kyd_DateTab.printFormat; }
+    static const char* Format() { return FormatOf(Kyd_DateTab, ky::kOdmgDateFormat); }
     static d_Date WithoutText() { return {0, 0, 0}; }
 
     static void Write(KyString& out, const d_Date& date, const char* format) {
@@ -72,7 +77,7 @@ struct TimeText {
     using Value = d_Time;
     static constexpr auto* Print = &d_TimePrintToKyString;
     static constexpr auto* Scan = &d_TimeScanFromKyString;
-    static const char* Format() { return Kyd_TimeTab.printFormat; }
+    static const char* Format() { return FormatOf(Kyd_TimeTab, ky::kOdmgTimeFormat); }
     static d_Time WithoutText() { return d_Time(0); }
 
     static void Write(KyString& out, const d_Time& time, const char* format) {
@@ -87,7 +92,7 @@ struct TimestampText {
     using Value = d_Timestamp;
     static constexpr auto* Print = &d_TimestampPrintToKyString;
     static constexpr auto* Scan = &d_TimestampScanFromKyString;
-    static const char* Format() { return Kyd_TimestampTab.printFormat; }
+    static const char* Format() { return FormatOf(Kyd_TimestampTab, ky::kOdmgTimestampFormat); }
     static d_Timestamp WithoutText() { return {d_Date(0, 0, 0), d_Time(0)}; }
 
     static void Write(KyString& out, const d_Timestamp& stamp, const char* format) {
@@ -105,7 +110,7 @@ struct IntervalText {
     using Value = d_Interval;
     static constexpr auto* Print = &d_IntervalPrintToKyString;
     static constexpr auto* Scan = &d_IntervalScanFromKyString;
-    static const char* Format() { return Kyd_IntervalTab.printFormat; }
+    static const char* Format() { return FormatOf(Kyd_IntervalTab, ky::kOdmgIntervalFormat); }
     static d_Interval WithoutText() { return {}; }
 
     static void Write(KyString& out, const d_Interval& interval, const char* format) {

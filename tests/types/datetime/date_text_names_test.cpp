@@ -112,4 +112,12 @@ TEST(DateScan, NamesOfOtherLengths) {
     EXPECT_EQ(Scan("Tue 07.* 2024", "%a %e.%b %Y").parts, (Parts{2024, -1, 7}));
 }
 
+TEST(DateScan, OfNamesThatBeginAlikeTheFirstIsMeant) {
+    const OtherName month(ky_months[4], "Marz");
+    const OtherName day(ky_weekdays[0], "Sun");
+    EXPECT_EQ(Scan("Marz", "%b").parts, Parts{.month = 3});
+    EXPECT_EQ(Scan("Marz 7", "%b%d").parts, Parts{.month = 3}) << "of which the z is left";
+    EXPECT_EQ(Scan("Sunday7", "%a%d").parts, Parts{}) << "of which the letters behind Sun are left";
+}
+
 }  // namespace

@@ -116,6 +116,19 @@ TEST(DateTextSlots, ARowWithoutAFormatHasTheClasss) {
     EXPECT_EQ(Print(KyDateTimePrintToKyString, &kDateTime, nullptr), "2024-05-07T15:04:09");
     EXPECT_EQ(Print(KyDateTimeNPrintToKyString, &kDateTimeN, nullptr), "2024-05-07T15:04:09.250");
     EXPECT_EQ(Print(KyTimeSpanPrintToKyString, &kSpan, nullptr), "1.02:03:04.500");
+
+    KyDate date = KyDate::ClearValue();
+    KyTime time = KyTime::ClearValue();
+    KyDateTime dateTime = KyDateTime::ClearValue();
+    KyDateTimeN dateTimeN;
+    KyTimeSpan span;
+    EXPECT_TRUE(ScanSlot(KyDateScanFromKyString, date, "2024-05-07", nullptr) && date == kDate);
+    EXPECT_TRUE(ScanSlot(KyTimeScanFromKyString, time, "15:04:09", nullptr) && time == kTime);
+    EXPECT_TRUE(ScanSlot(KyDateTimeScanFromKyString, dateTime, "2024-05-07T15:04:09", nullptr));
+    EXPECT_TRUE(dateTime == kDateTime);
+    EXPECT_TRUE(ScanSlot(KyDateTimeNScanFromKyString, dateTimeN, "2024-05-07T15:04:09.250", nullptr));
+    EXPECT_TRUE(dateTimeN == kDateTimeN);
+    EXPECT_TRUE(ScanSlot(KyTimeSpanScanFromKyString, span, "1.02:03:04.500", nullptr) && span == kSpan);
 }
 
 TEST(DateTextSlots, NullsPrintAsTheNullPrintString) {

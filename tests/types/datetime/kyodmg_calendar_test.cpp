@@ -25,17 +25,23 @@ bool SameFields(const d_Date& a, const d_Date& b) {
 }
 
 TEST(OdmgCalendar, AgreesWithAWalkDayByDay) {
-    SlowSwitchedCalendar calendar(-4700, 1, 1);
-    int number = 4382;               // 12 years, three of them leap years, after Julian day 0, less one
-    int weekday = (number + 2) % 7;  // of the Julian day after it: 0 was a Monday
+    SlowSwitchedCalendar calendar(-10000, 1, 1);
+    // Less one: the Julian day 0 is -4712-01-01, 5288 years later, of which 1322 are leap years.
+    int number = -(5288 * 365 + 1322) - 1;
+    int weekday = ((number + 2) % 7 + 7) % 7;  // of the Julian day after it: 0 was a Monday
     int dayOfYear = 1;
-    int firstExcess = Excess(-4700, 1);
+    int firstExcess = Excess(-10000, 1);
+    bool hasInverse = false;
     for (; !(calendar.Year() == 32767 && calendar.Month() == 12 && calendar.Day() == 31); ++number) {
         const d_Date date = DateOf(calendar);
         const int excess = Excess(calendar.Year(), calendar.Month());
         ASSERT_EQ(date.getAbsDate(), number + excess) << date.year() << ' ' << date.month() << ' ' << date.day();
+        hasInverse |= SameFields(date, d_Date(-4716, 3, 1));
         d_Date found(0, 0, 0);
-        ASSERT_TRUE(SameFields(found.setAbsDate(number), date)) << number;
+        found.setAbsDate(number);
+        if (hasInverse) {
+            ASSERT_TRUE(SameFields(found, date)) << number;
+        }
         ASSERT_EQ(date.day_of_week(), (weekday + excess) % 7) << number;
         ASSERT_EQ(date.day_of_year(), dayOfYear + excess - firstExcess) << number;
         ASSERT_EQ(date.days_in_month(), calendar.DaysInMonth()) << number;

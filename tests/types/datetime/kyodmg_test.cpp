@@ -85,6 +85,13 @@ TEST(OdmgDate, MovesByWholeDays) {
     }
 }
 
+// KEPT: a date is made of its day number anew when no day is added, too.
+TEST(OdmgDate, Kept_EarlyDatesMoveByNoDays) {
+    EXPECT_EQ(HexOf(d_Date(-3, 5, 5) + Seconds(0)), HexOf(d_Date(-3, 5, 6)));
+    EXPECT_EQ(HexOf(d_Date(-3, 5, 5) - Seconds(86399)), HexOf(d_Date(-3, 5, 6)));
+    EXPECT_EQ(HexOf(d_Date(2023, 2, 30) + Seconds(0)), HexOf(d_Date(2023, 3, 2)));
+}
+
 TEST(OdmgDate, DaysBeyondAnIntAreTheLargestOne) {
     d_Date largest(1, 1, 1);
     largest.setAbsDate(std::numeric_limits<int>::max());

@@ -71,7 +71,11 @@ TEST(OdmgTime, TheLocalZoneIsTheClocksInWholeHours) {
         return d_Time(0).tz_hour();
     };
     EXPECT_EQ(localZone(0), 3) << "nothing changes";
+    EXPECT_EQ(localZone(60), 1);
+    EXPECT_EQ(localZone(840), 14);
     EXPECT_EQ(localZone(330), 5);
+    EXPECT_EQ(localZone(-60), -1);
+    EXPECT_EQ(localZone(-720), -12);
     EXPECT_EQ(localZone(-210), -3);
     EXPECT_EQ(localZone(bksUnknownTimeZone), -3) << "nothing changes";
     EXPECT_EQ(localZone(30), 0);

@@ -159,6 +159,18 @@ TEST(OdmgPeriods, OverlapWhereADayIsInBoth) {
     }
 }
 
+// Ends that are equal by less than a second stay in the order they are given in.
+TEST(OdmgPeriods, Kept_EndsLessThanASecondApartAreNotExchanged) {
+    const d_Time early = TimeAt(10, 0, 0, 40);
+    const d_Time late = TimeAt(10, 0, 0, 90);
+    const d_Time later = TimeAt(10, 0, 1, 50);
+    EXPECT_EQ(overlaps(early, late, later, later), 1);
+    EXPECT_EQ(overlaps(early, early, later, later), 0);
+    const d_Date day(2024, 5, 7);
+    EXPECT_EQ(overlaps(d_Timestamp(day, early), d_Timestamp(day, late), later, later), 1);
+    EXPECT_EQ(overlaps(d_Timestamp(day, early), d_Timestamp(day, early), later, later), 0);
+}
+
 TEST(OdmgPeriods, TimesComeRoundInAPeriodOfStamps) {
     // Hours counted from the first midnight; a time comes round at every hour that is it modulo 24.
     for (int from = 0; from < 60; from += 3) {

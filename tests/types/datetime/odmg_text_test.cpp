@@ -263,6 +263,26 @@ TEST(OdmgText, ConversionTakesTheRowsFormatOfTheTime) {
     delete record;
 }
 
+TEST(OdmgText, ARowWithoutAFormatHasItsOwn) {
+    const RowPatch dates(Kyd_DateTab);
+    const RowPatch times(Kyd_TimeTab);
+    const RowPatch stamps(Kyd_TimestampTab);
+    const RowPatch intervals(Kyd_IntervalTab);
+    for (KyTypeTab* row : {&Kyd_DateTab, &Kyd_TimeTab, &Kyd_TimestampTab, &Kyd_IntervalTab}) row->printFormat = nullptr;
+    const d_Date date(2024, 5, 7);
+    const d_Time time = TimeAt(13, 45, 59);
+    EXPECT_EQ(Print(Kyd_DateTab, date, nullptr), "Tue May 07");
+    EXPECT_EQ(Print(Kyd_TimeTab, time, nullptr), "01:45:59 pm");
+    EXPECT_EQ(Print(Kyd_TimestampTab, d_Timestamp(date, time), nullptr), "Tue May 07 01:45:59 pm");
+    EXPECT_EQ(Print(Kyd_IntervalTab, Seconds(93784), nullptr), "01 days, 02 hours, 03 minutes, 04 seconds");
+    d_Time scanned = TimeAt(0, 0, 0);
+    EXPECT_TRUE(Scan(Kyd_TimeTab, scanned, "01:45:59 pm", nullptr));
+    EXPECT_EQ(HexOf(scanned), HexOf(time));
+    KyTypeMgr types(5);
+    d_Date dateValue = date;
+    EXPECT_EQ(Texts(types, D_DATE_T, &dateValue, 1), "Tue May 07|");
+}
+
 TEST(OdmgText, WithoutATextAllFieldsAreZero) {
     KyTypeMgr types(5);
     const DefaultZone zone(3);

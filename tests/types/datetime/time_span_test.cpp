@@ -95,6 +95,24 @@ TEST(KyTimeSpan, DaysAreAdded) {
     }
 }
 
+// The fields are a day of the calendar, too, which has 31 days in its month.
+TEST(KyTimeSpan, EveryAmountIsAddedByMonthsOf30Days) {
+    const auto sum = [](auto add) {
+        KyTimeSpan span(0, 1, 30, 23, 59, 59, 999999999);
+        add(span);
+        return span;
+    };
+    const KyTimeSpan day(0, 2, 1, 23, 59, 59, 999999999);
+    EXPECT_EQ(sum([](KyTimeSpan& span) { span.AddDays(1); }), day);
+    EXPECT_EQ(sum([](KyTimeSpan& span) { span.AddHours(24); }), day);
+    EXPECT_EQ(sum([](KyTimeSpan& span) { span.AddMinutes(1440); }), day);
+    EXPECT_EQ(sum([](KyTimeSpan& span) { span.AddSeconds(86400); }), day);
+    EXPECT_EQ(sum([](KyTimeSpan& span) { span.AddSeconds(86400LL); }), day);
+    EXPECT_EQ(sum([](KyTimeSpan& span) { span.AddSeconds(86400.0); }), day);
+    EXPECT_EQ(sum([](KyTimeSpan& span) { span.AddNanoSeconds(86'400'000'000'000LL); }), day);
+    EXPECT_EQ(sum([](KyTimeSpan& span) { span.AddNanoSeconds(1); }), Days(0, 2, 1));
+}
+
 TEST(KyTimeSpan, SumsOfLengthsAreExact) {
     std::mt19937_64 random(31);
     const auto below = [&](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
