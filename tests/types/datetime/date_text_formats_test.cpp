@@ -72,6 +72,7 @@ TEST(DatePrint, GroupsOfAnyDepth) {
         EXPECT_EQ(Printed({}, inner.c_str()), kept + "c");
         EXPECT_EQ(Printed({}, (inner + std::string(depth, ')')).c_str()), "a");
         EXPECT_EQ(Printed({}, (inner + std::string(depth + 1, ')')).c_str()), "a)");
+        EXPECT_EQ(Printed({}, (inner + ")d").c_str()), "a" + std::string(depth - 1, 'b') + "d");
         EXPECT_EQ(Printed({}, (inner + std::string(depth - 1, ')')).c_str()),
                   "ab" + std::string(depth == 1 ? "c" : ""));
         EXPECT_EQ(Printed({}, (inner + "%M" + std::string(depth + 1, ')')).c_str()), kept + "c00)");
