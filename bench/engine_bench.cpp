@@ -171,6 +171,13 @@ private:
     unsigned state = 1;
 };
 
+double WeightOf(const engine::RecordLayout& layout, const engine::Object& object) {
+    double weight = 0;
+    engine::Types().Load(KyDOUBLE_T, &weight, const_cast<unsigned char*>(layout.At(object.record, kWeight).data()),
+                         layout.Form(), 1);
+    return weight;
+}
+
 /// Both give what they read so that all of it has to be read.
 template <class Sought>
 void QueryStore(benchmark::State& state, int count, int found) {
@@ -191,11 +198,7 @@ void QueryStore(benchmark::State& state, int count, int found) {
         }
         double sum = 0;
         const engine::RunResult result = query.Run(snapshot, query.Plan(snapshot), [&](const engine::Object& object) {
-            double weight = 0;
-            engine::Types().Load(KyDOUBLE_T, &weight,
-                                 const_cast<unsigned char*>(layout.At(object.record, kWeight).data()), layout.Form(),
-                                 1);
-            sum += weight + layout.At(object.record, kName).back();
+            sum += WeightOf(layout, object) + layout.At(object.record, kName).back();
             return true;
         });
         if (result.found != static_cast<std::size_t>(found)) state.SkipWithError("another number of objects");
@@ -220,6 +223,44 @@ void QuerySqlite(benchmark::State& state, int count, int found) {
     }
 }
 
+// --- in order ---
+
+std::string FirstInOrder(Column column, const char* direction) {
+    return std::string(" order by ") + kColumnNames[column] + direction + " limit ";
+}
+
+/// The first so many of all in a column's order.
+void FirstOfStore(benchmark::State& state, Column column, const char* direction, int count, int found) {
+    const Loaded& table = Table(count);
+    const std::string text = "Item" + FirstInOrder(column, direction) + std::to_string(found);
+    const PreparedQuery query(*table.store, engine::ParseQuery(table.store->GetSchema(), text), {});
+    const engine::RecordLayout& layout = table.store->Layout(0);
+    Snapshot snapshot(*table.store);
+    for (auto _ : state) {
+        snapshot.Renew();
+        double sum = 0;
+        const engine::RunResult result = query.Run(snapshot, query.Plan(snapshot), [&](const engine::Object& object) {
+            sum += WeightOf(layout, object) + layout.At(object.record, kName).back();
+            return true;
+        });
+        if (result.visited != static_cast<std::size_t>(found)) state.SkipWithError("another number of objects");
+        benchmark::DoNotOptimize(sum);
+    }
+}
+
+void FirstOfSqlite(benchmark::State& state, Column column, const char* direction, int count, int found) {
+    const Loaded& table = Table(count);
+    peer::SqliteStatement query(
+        *table.theirs, "select name, weight from item" + FirstInOrder(column, direction) + std::to_string(found));
+    for (auto _ : state) {
+        double sum = 0;
+        int rows = 0;
+        for (; query.Step(); ++rows) sum += query.Double(1) + query.Text(0).back();
+        if (rows != found) state.SkipWithError("another number of rows");
+        benchmark::DoNotOptimize(sum);
+    }
+}
+
 // --- what is measured ---
 
 struct Size {
@@ -234,6 +275,13 @@ void RegisterQuery(const std::string& shape, Size size, int found) {
         "engine/" + shape + "_" + Sought::name + "/of_" + size.name, bench::AtLeast(1.0),
         [=](benchmark::State& state) { QueryStore<Sought>(state, size.rows, found); },
         [=](benchmark::State& state) { QuerySqlite<Sought>(state, size.rows, found); });
+}
+
+void RegisterFirst(const std::string& name, Column column, const char* direction, Size size, int found) {
+    bench::RegisterPair(
+        "engine/order_by_" + name + "_limit_" + std::to_string(found) + "/of_" + size.name, bench::AtLeast(1.0),
+        [=](benchmark::State& state) { FirstOfStore(state, column, direction, size.rows, found); },
+        [=](benchmark::State& state) { FirstOfSqlite(state, column, direction, size.rows, found); });
 }
 
 const bench::AtStart here([] {
@@ -256,6 +304,11 @@ const bench::AtStart here([] {
         constexpr int several = 100;
         RegisterQuery<Name>("range_100", size, several);
         RegisterQuery<Weight>("range_100", size, several);
+        constexpr int few = 10;
+        RegisterFirst("string", kName, "", size, few);
+        RegisterFirst("int", kCode, "", size, few);
+        RegisterFirst("int_desc", kCode, " desc", size, few);
+        RegisterFirst("double", kWeight, "", size, few);
     }
 });
 

@@ -32,7 +32,8 @@ MDB_cmp_func* IndexOrder(const Attribute& attribute, unsigned char form);
 /// The same of two keys. `a` and `b` need not be in the index.
 int CompareAsIndexed(const Attribute& attribute, unsigned char form, Bytes a, Bytes b);
 
-/// Whether a key is that of strings which may differ behind its end. Those of dictionary strings that do count as equal.
+/// Whether a key is that of strings which may differ behind its end. Those of dictionary strings that do count as
+/// equal.
 bool IsCut(const Attribute& attribute, unsigned char form, Bytes key);
 
 /// The key of a stored value, in the same form. For strings it is made in `scratch`, else it is the value itself.

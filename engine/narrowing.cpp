@@ -41,9 +41,11 @@ Narrowing::Narrowing(const Snapshot& aSnapshot, const RecordLayout& aLayout, std
 }
 
 void Narrowing::Add(const Comparison& comparison, const StoredConstant& constant) {
-    const ComparisonTest test(layout, comparison, constant);
-    for (std::size_t i = 0; i < keepsApart.size(); ++i)
-        keepsApart[i] = keepsApart[i] && test.HoldsFor(limits->apart[i].key);
+    if (limits && limits->EntriesApart() != 0) {
+        const ComparisonTest test(layout, comparison, constant);
+        for (std::size_t i = 0; i < keepsApart.size(); ++i)
+            keepsApart[i] = keepsApart[i] && test.HoldsFor(limits->apart[i].key);
+    }
 
     if (IsPattern(attribute.type, Form(), constant, comparison.op)) {
         AddPattern(comparison, constant);
@@ -131,11 +133,17 @@ void Narrowing::Estimate(unsigned short op, Bytes key, KyIdxBounds* narrowed) {
     const unsigned short relation = op;
     const float kept = Types().EvalAndBound(attribute.type, known.lower == nullptr ? nullptr : &known, op,
                                             const_cast<unsigned char*>(key.data()), Form(), 1, narrowed, nullptr);
-    const bool standsApart = limits && std::ranges::any_of(limits->apart, [&](const ApartKey& apart) {
-                                 return CompareAsIndexed(attribute, Form(), apart.key, key) == 0;
-                             });
     // All others are behind what stands apart; to the formulas it is at no distance.
-    share *= standsApart ? ((relation & KyCmpGreater) != 0 ? 1 : 0) : std::clamp(static_cast<double>(kept), 0.0, 1.0);
+    share *=
+        StandsApart(key) ? ((relation & KyCmpGreater) != 0 ? 1 : 0) : std::clamp(static_cast<double>(kept), 0.0, 1.0);
+}
+
+bool Narrowing::StandsApart(Bytes key) const {
+    if (!limits || limits->apart.empty()) return false;
+    const auto order = [&](const ApartKey& apart) { return CompareAsIndexed(attribute, Form(), apart.key, key); };
+    const int orderOfLast = order(limits->apart.back());
+    if (orderOfLast <= 0) return orderOfLast == 0;
+    return std::ranges::any_of(limits->apart, [&](const ApartKey& apart) { return order(apart) == 0; });
 }
 
 /// The range so far, as far as there are keys in it.

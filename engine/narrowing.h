@@ -55,6 +55,7 @@ private:
     bool MayBeLonger(const StoredConstant& constant) const;
     bool IsAbsent(const StoredConstant& constant) const;
     void Estimate(unsigned short op, Bytes key, KyIdxBounds* narrowed);
+    bool StandsApart(Bytes key) const;
     KyIdxBounds KnownBounds() const;
 };
 

@@ -15,11 +15,12 @@ constexpr unsigned short kRelationBits = KyCmpEqual | KyCmpLess | KyCmpGreater;
 constexpr unsigned short kNotEqual = KyCmpLess | KyCmpGreater;
 
 // Times of a plan, in that of reading the next object in the order of the numbers and testing it.
-constexpr double kFind = 2;       ///< an object that an index names
+constexpr double kFind = 4;       ///< an object that an index names
 constexpr double kCompare = 0.5;  ///< two objects, when they are sorted
 
-/// Above this share all objects are read.
-constexpr double kWorthAnIndex = 1 / kFind;
+/// Above this share all objects are read. More than the times say, so that indexes of booleans serve, which are
+/// estimated to keep a third whatever they hold.
+constexpr double kWorthAnIndex = 0.5;
 
 /// The share of objects that a comparison is taken to keep which no index serves.
 double UsualShare(const Comparison& comparison) {
@@ -165,7 +166,7 @@ private:
     double TimeOf(const AccessPath& path) const {
         const double read = path.kind == AccessPath::Kind::allObjects ? Objects() : kFind * path.share * Objects();
         const double sorted = Kept(query.where) * Objects();
-        return read + kCompare * sorted * std::log2(2 + std::min(sorted, Limit()));
+        return read + kCompare * (sorted + std::min(sorted, Limit()) * std::log2(1 + sorted));
     }
 
     /// The limit ends it when it is reached, and where several attributes order the objects, with the last of equal

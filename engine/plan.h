@@ -26,8 +26,8 @@ struct AccessPath {
 /// The paths of one index each that a path is made of, in the order in which they are scanned. Refers to `path`.
 std::vector<const AccessPath*> Scans(const AccessPath& path);
 
-/// The path with the smallest share. Above a half it is all objects, which are read faster in their own order. Or, if
-/// that is likely to take less time, a scan in the order that is asked for. `constants` in the query's order.
+/// The path with the smallest share. Above a half it is all objects, which are read faster in their own order. Or,
+/// if that is likely to take less time, a scan in the order that is asked for. `constants` in the query's order.
 AccessPath MakePlan(const Snapshot& snapshot, const Query& query, const std::vector<StoredConstant>& constants);
 
 }  // namespace engine
