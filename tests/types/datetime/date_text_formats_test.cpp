@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 
 #include "date_texts.h"
 #include "kystring.h"
@@ -58,6 +59,23 @@ TEST(DatePrint, Groups) {
         {kNothing, "a(b)", "a(b)"},
         {kNothing, "%(H)", "(H)"},
     });
+}
+
+constexpr std::string_view kComponents = "YymbBdeaAHIMSNfJpP";
+
+TEST(DatePrint, EveryDirectiveMayBeOptionalAndOpenAGroup) {
+    constexpr Parts kFull = {2024, 5, 7, 15, 4, 9, 25};
+    for (const char letter : kComponents) {
+        const std::string directive(1, letter);
+        const std::string text = Printed(kFull, ("%" + directive).c_str());
+        EXPECT_EQ(Printed(kFull, ("a%?" + directive + "b").c_str()), "a" + text + "b");
+        EXPECT_EQ(Printed(kFull, ("a%?(" + directive + "b)c").c_str()), "a" + text + "bc");
+        EXPECT_EQ(Printed(kNothing, ("a%?" + directive + "b").c_str()), "ab") << letter;
+        EXPECT_EQ(Printed(kNothing, ("a%?(" + directive + "b)c").c_str()), "ac") << letter;
+        const std::string behindAnother = "0" + Printed(kNothing, ("%" + directive).c_str());
+        EXPECT_EQ(Printed(kNothing, ("%N%?" + directive).c_str()), behindAnother);
+        EXPECT_EQ(Printed(kNothing, ("%N%?(" + directive + "b)").c_str()), behindAnother + "b");
+    }
 }
 
 TEST(DatePrint, GroupsOfAnyDepth) {
@@ -149,6 +167,19 @@ TEST(DateScan, Literals) {
         {"5", "%(%d", {}, kCut},
         {"(5", "%(%d", {.day = 5}},
     });
+}
+
+TEST(DateScan, EveryDirectiveMayBeOptionalAndOpenAGroup) {
+    constexpr Parts kFull = {2024, 5, 7, 15, 4, 9, 25};
+    for (const char letter : kComponents) {
+        const std::string directive(1, letter);
+        const std::string text = Printed(kFull, ("%" + directive).c_str());
+        const Parts plain = Scan(text.c_str(), ("%" + directive).c_str()).parts;
+        EXPECT_EQ(Scan(text.c_str(), ("%?" + directive).c_str()).parts, plain) << letter;
+        const Scan group((text + "x6").c_str(), ("%?(" + directive + "x)%q").c_str());
+        EXPECT_EQ(group.parts, plain) << letter;
+        EXPECT_EQ(group.result, kWhole) << letter;
+    }
 }
 
 TEST(DateScan, BadFormats) {
