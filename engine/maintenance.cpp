@@ -2,6 +2,8 @@
 
 #include <lmdb.h>
 
+#include <vector>
+
 #include "index_entries.h"
 #include "index_order.h"
 #include "lmdb_call.h"
@@ -11,15 +13,49 @@ namespace engine {
 
 namespace {
 
+/// How far the work on a whole store has come.
+class Advance {
+public:
+    Advance(const ProgressReport& aReport, std::size_t aTotal) : report(aReport), total(aTotal) {}
+
+    void Step() {
+        if (done++ % kStride == 0 && report) report(done, total);
+    }
+
+private:
+    static constexpr std::size_t kStride = 1024;
+
+    const ProgressReport& report;
+    std::size_t done = 0;
+    std::size_t total;
+};
+
+std::size_t ObjectsOfAll(const Snapshot& snapshot) {
+    std::size_t sum = 0;
+    for (std::size_t i = 0; i < snapshot.Of().GetSchema().Classes().size(); ++i) sum += snapshot.ObjectCount(i);
+    return sum;
+}
+
+/// That a faultless store has.
+std::size_t EntriesOfAll(const Snapshot& snapshot) {
+    const std::vector<Class>& classes = snapshot.Of().GetSchema().Classes();
+    std::size_t sum = 0;
+    for (std::size_t i = 0; i < classes.size(); ++i)
+        for (const Attribute& attribute : classes[i].attributes)
+            if (attribute.index) sum += snapshot.ObjectCount(i);
+    return sum;
+}
+
 /// One class of a store under examination.
 class ClassCheck {
 public:
     ClassCheck(const Snapshot& aSnapshot, std::size_t aClassAt, const std::function<void(const std::string&)>& aReport,
-               CheckResult& aResult)
+               Advance& anAdvance, CheckResult& aResult)
         : snapshot(aSnapshot),
           classAt(aClassAt),
           layout(aSnapshot.Of().Layout(aClassAt)),
           report(aReport),
+          advance(anAdvance),
           result(aResult) {}
 
     void Run() {
@@ -33,6 +69,7 @@ private:
     std::size_t classAt;
     const RecordLayout& layout;
     const std::function<void(const std::string&)>& report;
+    Advance& advance;
     CheckResult& result;
     std::vector<unsigned char> scratch;
 
@@ -50,6 +87,7 @@ private:
         ObjectNumber expected = 1;
         while (Found(mdb_cursor_get(cursor.get(), &key, &value, MDB_NEXT), "objects")) {
             ++result.objects;
+            advance.Step();
             const ObjectNumber number = NumberIn(key);
             if (number != expected) Fault("there is no " + Name(expected) + " before " + Name(number));
             expected = number + 1;
@@ -73,6 +111,7 @@ private:
         std::size_t entries = 0;
         for (auto entry = cursor.First(); entry; entry = cursor.Next()) {
             ++result.indexEntries;
+            advance.Step();
             MDB_val key = AsValue(entry->key);
             if (entries++ != 0) {
                 MDB_val previous = AsValue(before);
@@ -114,7 +153,8 @@ private:
     }
 };
 
-std::size_t FillIndex(Store& store, std::size_t classAt, std::size_t attribute, MDB_txn* transaction) {
+std::size_t FillIndex(Store& store, std::size_t classAt, std::size_t attribute, MDB_txn* transaction,
+                      Advance& advance) {
     constexpr std::size_t atOnce = 1U << 18U;
     const RecordLayout& layout = store.Layout(classAt);
     MDB_cursor* open = nullptr;
@@ -130,13 +170,14 @@ std::size_t FillIndex(Store& store, std::size_t classAt, std::size_t attribute, 
             throw StoreError("the record of " + layout.Of().name + " " + std::to_string(number) + " is damaged");
         entries.Add(AsBytes(value), number);
         ++made;
+        advance.Step();
         if (entries.Count() == atOnce) entries.Write(transaction);
     }
     entries.Write(transaction);
     return made;
 }
 
-std::size_t MakeIndexes(Store& store, MDB_txn* transaction) {
+std::size_t MakeIndexes(Store& store, MDB_txn* transaction, Advance& advance) {
     std::size_t made = 0;
     for (std::size_t classAt = 0; classAt < store.GetSchema().Classes().size(); ++classAt) {
         const Class& each = store.GetSchema().Classes()[classAt];
@@ -144,7 +185,7 @@ std::size_t MakeIndexes(Store& store, MDB_txn* transaction) {
             if (!each.attributes[attribute].index) continue;
             constexpr int emptyOnly = 0;
             Check(mdb_drop(transaction, store.Opened(classAt).indexes[attribute], emptyOnly), "index");
-            made += FillIndex(store, classAt, attribute, transaction);
+            made += FillIndex(store, classAt, attribute, transaction, advance);
         }
     }
     return made;
@@ -152,18 +193,23 @@ std::size_t MakeIndexes(Store& store, MDB_txn* transaction) {
 
 }  // namespace
 
-CheckResult CheckStore(const Store& store, const std::function<void(const std::string&)>& report) {
+CheckResult CheckStore(const Store& store, const std::function<void(const std::string&)>& report,
+                       const ProgressReport& progress) {
     const Snapshot snapshot(store);
+    Advance advance(progress, ObjectsOfAll(snapshot) + EntriesOfAll(snapshot));
     CheckResult result;
-    for (std::size_t i = 0; i < store.GetSchema().Classes().size(); ++i) ClassCheck(snapshot, i, report, result).Run();
+    for (std::size_t i = 0; i < store.GetSchema().Classes().size(); ++i)
+        ClassCheck(snapshot, i, report, advance, result).Run();
     return result;
 }
 
-std::size_t Reindex(Store& store) {
+std::size_t Reindex(Store& store, const ProgressReport& progress) {
+    const std::size_t entries = EntriesOfAll(Snapshot(store));
     for (;;) {
+        Advance advance(progress, entries);
         try {
             WriteTransaction transaction(store.Env());
-            const std::size_t made = MakeIndexes(store, transaction);
+            const std::size_t made = MakeIndexes(store, transaction, advance);
             store.TakeOverTables(transaction);
             transaction.Commit();
             return made;

@@ -76,36 +76,79 @@ std::size_t DatabaseCount(const Schema& schema) {
     throw StoreError("\"" + path + "\" cannot be opened: " + mdb_strerror(error));
 }
 
+/// Bytes of an open file.
+std::size_t SizeOf(int file) {
+    struct stat status {};
+    return ::fstat(file, &status) == 0 ? static_cast<std::size_t>(status.st_size) : 0;
+}
+
 bool ReadsOnly(Access access) { return access == Access::read; }
 
-MDB_env* OpenEnv(const std::string& path, unsigned flags) {
-    MDB_env* env = nullptr;
-    Check(mdb_env_create(&env), "store");
-    mdb_env_set_maxdbs(env, kMostDatabases);
-    mdb_env_set_mapsize(env, kFirstMapSize);
-    int error = mdb_env_open(env, path.c_str(), flags | MDB_NOSUBDIR, kFileMode);
-    if ((error == EACCES || error == EROFS) && (flags & MDB_RDONLY) != 0) {
-        // The lock file cannot be made, and so nobody else can write here.
-        mdb_env_close(env);
-        Check(mdb_env_create(&env), "store");
-        mdb_env_set_maxdbs(env, kMostDatabases);
-        error = mdb_env_open(env, path.c_str(), flags | MDB_NOSUBDIR | MDB_NOLOCK, kFileMode);
-    }
-    if (error != MDB_SUCCESS) {
-        mdb_env_close(env);
-        FailToOpen(path, error);
-    }
+[[noreturn]] void FailAsInUse(const std::string& path) {
+    throw StoreError("\"" + path + "\" is in use: somebody else is writing to it");
+}
+
+EnvHandle MakeEnv() {
+    MDB_env* made = nullptr;
+    Check(mdb_env_create(&made), "store");
+    EnvHandle env(made);
+    Check(mdb_env_set_maxdbs(made, kMostDatabases), "store");
+    Check(mdb_env_set_mapsize(made, kFirstMapSize), "store");
     return env;
 }
+
+EnvHandle OpenForWriting(const std::string& path) {
+    EnvHandle env = MakeEnv();
+    const int error = mdb_env_open(env.get(), path.c_str(), MDB_NOSUBDIR, kFileMode);
+    if (error != MDB_SUCCESS) FailToOpen(path, error);
+    return env;
+}
+
+/// `file`: the same file, open.
+EnvHandle OpenForReading(const std::string& path, int file) {
+    EnvHandle env = MakeEnv();
+    int error = mdb_env_open(env.get(), path.c_str(), MDB_NOSUBDIR | MDB_RDONLY, kFileMode);
+    if (error == EACCES || error == EROFS) {
+        // Who may not write the lock file cannot tell writers what it reads, and so keeps them away.
+        if (::flock(file, LOCK_SH | LOCK_NB) != 0) FailAsInUse(path);
+        env = MakeEnv();
+        error = mdb_env_open(env.get(), path.c_str(), MDB_NOSUBDIR | MDB_RDONLY | MDB_NOLOCK, kFileMode);
+    }
+    if (error != MDB_SUCCESS) FailToOpen(path, error);
+    return env;
+}
+
+/// The file of a store that is being made, and its lock file: removed unless it is kept.
+class NewFile {
+public:
+    explicit NewFile(const std::string& aPath) : path(aPath) {
+        const int made = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kFileMode);
+        if (made < 0 && errno == EEXIST) throw StoreError("\"" + path + "\" exists already");
+        if (made < 0) throw StoreError("\"" + path + "\" cannot be made: " + std::strerror(errno));
+        ::close(made);
+    }
+    NewFile(const NewFile&) = delete;
+    NewFile& operator=(const NewFile&) = delete;
+    ~NewFile() {
+        if (isKept) return;
+        ::unlink(path.c_str());
+        ::unlink((path + "-lock").c_str());
+    }
+
+    void Keep() { isKept = true; }
+
+private:
+    std::string path;
+    bool isKept = false;
+};
 
 }  // namespace
 
 void Store::Create(const std::string& path, const Schema& schema, unsigned char form) {
-    struct stat existing {};
-    if (::stat(path.c_str(), &existing) == 0) throw StoreError("\"" + path + "\" exists already");
     if (DatabaseCount(schema) > kMostDatabases)
         throw StoreError("a store has at most " + std::to_string(kMostDatabases - 1) + " classes and indexes");
-    const std::unique_ptr<MDB_env, CloseEnv> env(OpenEnv(path, 0));
+    NewFile file(path);
+    const EnvHandle env = OpenForWriting(path);
     WriteTransaction transaction(env.get());
     MDB_dbi properties = 0;
     Check(mdb_dbi_open(transaction, kPropertiesName, MDB_CREATE, &properties), "properties");
@@ -125,6 +168,7 @@ void Store::Create(const std::string& path, const Schema& schema, unsigned char 
         }
     }
     transaction.Commit();
+    file.Keep();
 }
 
 Store::Store(const std::string& path, Access access) {
@@ -147,18 +191,19 @@ void Store::OpenFile(const std::string& path, Access access) {
     // LMDB would make the file of a store that is not there, and would wait for the other writer.
     lockedFile = ::open(path.c_str(), (ReadsOnly(access) ? O_RDONLY : O_RDWR) | O_CLOEXEC);
     if (lockedFile < 0) throw StoreError("\"" + path + "\" cannot be opened: " + std::strerror(errno));
-    if (!ReadsOnly(access) && ::flock(lockedFile, LOCK_EX | LOCK_NB) != 0)
-        throw StoreError("\"" + path + "\" is in use: somebody else is writing to it");
+    if (!ReadsOnly(access) && ::flock(lockedFile, LOCK_EX | LOCK_NB) != 0) FailAsInUse(path);
+    // LMDB would make a database of an empty file.
+    if (SizeOf(lockedFile) == 0) throw StoreError("\"" + path + "\" is no store of this program");
 
-    env.reset(OpenEnv(path, ReadsOnly(access) ? MDB_RDONLY : 0));
+    env = ReadsOnly(access) ? OpenForReading(path, lockedFile) : OpenForWriting(path);
+    // The places of readers that were killed.
+    mdb_reader_check(env.get(), nullptr);
     MDB_envinfo info{};
     MDB_stat pages{};
-    struct stat file {};
     mdb_env_info(env.get(), &info);
     mdb_env_stat(env.get(), &pages);
     // A page that the file no longer has would end the program when it is read.
-    if (::fstat(lockedFile, &file) != 0 ||
-        static_cast<std::size_t>(file.st_size) < (info.me_last_pgno + 1) * pages.ms_psize)
+    if (SizeOf(lockedFile) < (info.me_last_pgno + 1) * pages.ms_psize)
         throw StoreError("\"" + path + "\" is truncated");
 }
 
@@ -186,11 +231,8 @@ void Store::ReadProperties(const std::string& path, Access access) {
 }
 
 void Store::OpenDatabases() {
-    MDB_txn* transaction = nullptr;
-    unsigned flags = 0;
-    mdb_env_get_flags(env.get(), &flags);
-    Check(mdb_txn_begin(env.get(), nullptr, flags & MDB_RDONLY, &transaction), "begin of a transaction");
-    const std::unique_ptr<MDB_txn, int (*)(MDB_txn*)> commitAtEnd(transaction, mdb_txn_commit);
+    MDB_txn* const transaction = BeginReading(env.get());
+    const std::unique_ptr<MDB_txn, int (*)(MDB_txn*)> keepHandles(transaction, mdb_txn_commit);
     classes.reserve(schema.Classes().size());
     for (const Class& each : schema.Classes()) {
         OpenClass& opened =

@@ -26,14 +26,20 @@ enum class Access {
     reindex,  ///< the same, and indexes of other collation tables are no error
 };
 
+struct CloseEnv {
+    void operator()(MDB_env* opened) const { mdb_env_close(opened); }
+};
+using EnvHandle = std::unique_ptr<MDB_env, CloseEnv>;
+
 class Store {
 public:
     /// A new store without objects; `form`, 1 or 2, is the persistent form of all values. Throws `StoreError`, also
-    /// when the file exists.
+    /// when the file exists; what fails leaves no file.
     static void Create(const std::string& path, const Schema& schema, unsigned char form);
 
     /// Throws `StoreError` for what is no store, is truncated or of another format, or is written by somebody else, and
-    /// `OtherTablesError`.
+    /// `OtherTablesError`. Reading is possible beside a writer, but for those who may not write the lock file: they and
+    /// a writer keep each other away.
     Store(const std::string& path, Access access);
     Store(const Store&) = delete;
     Store& operator=(const Store&) = delete;
@@ -59,13 +65,9 @@ public:
     void TakeOverTables(MDB_txn* transaction);
 
 private:
-    struct CloseEnv {
-        void operator()(MDB_env* opened) const { mdb_env_close(opened); }
-    };
-
     Schema schema;
     unsigned char form = KyFormNative;
-    std::unique_ptr<MDB_env, CloseEnv> env;
+    EnvHandle env;
     std::vector<OpenClass> classes;
     MDB_dbi properties = 0;
     int lockedFile = -1;

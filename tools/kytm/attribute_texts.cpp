@@ -24,6 +24,14 @@ TextForm FormOf(const engine::Attribute& attribute) {
     return TextForm(options);
 }
 
+/// The row of a nullable character prints null and nothing else; the character, which stands first, is
+/// printed as one of the base.
+std::optional<char> CharacterBase(char id) {
+    if (id == KyNULL_1B_T) return Ky1B_T;
+    if (id == KyNULL_U1B_T) return KyU1B_T;
+    return std::nullopt;
+}
+
 bool IsNullText(std::string_view text) { return text == KyTypeMgr::GetNullPrintString().StrGet(); }
 
 }  // namespace
@@ -52,6 +60,7 @@ bool AttributeTexts::IsNull(void* value) const { return HasNull() && Manager().I
 std::string AttributeTexts::Print(void* value) const {
     if (IsNull(value)) return KyTypeMgr::GetNullPrintString().StrGet();
     if (id == KyBLOB_T) return BlobDigits(value);
+    if (const auto base = CharacterBase(id)) return PrintValue(*base, value, nullptr, form);
     return PrintValue(id, value, date ? date->PrintFormat() : nullptr, form);
 }
 
@@ -65,10 +74,13 @@ std::string AttributeTexts::ScanDate(std::string_view text, void* value) {
         return "";
     }
     if (const char* const fault = date->Read(text); fault != nullptr) return fault;
-    KyString canonical(date->Canonical().c_str());
-    return Manager().ScanFromKyString(id, value, canonical, date->ScanFormat(), 1) != nullptr
-               ? ""
-               : "no value can be read from it";
+    const std::string canonical = date->Canonical();
+    KyString content(canonical.c_str());
+    if (Manager().ScanFromKyString(id, value, content, date->ScanFormat(), 1) == nullptr)
+        return "no value can be read from it";
+    if (date->Read(Print(value)) != nullptr || date->Canonical() != canonical)
+        return "a value of the type holds only a part of it";
+    return "";
 }
 
 std::string AttributeTexts::ScanDictionaryText(std::string_view text, void* value) {

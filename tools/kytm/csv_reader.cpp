@@ -13,6 +13,14 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 int NoSpace(unsigned char /*c*/) { return 0; }
 
+/// Up to and with the first line feed, return or both; the whole text when there is none.
+std::size_t LineLength(std::string_view text) {
+    const std::size_t feed = text.find('\n');
+    const std::string_view line = text.substr(0, feed == std::string_view::npos ? feed : feed + 1);
+    const std::size_t end = line.find('\r');
+    return end == std::string_view::npos || end + 1 == feed ? line.size() : end + 1;
+}
+
 }  // namespace
 
 CsvReader::CsvReader(const std::string& path) : file(path), sizeHint(file.SizeHint()), chunk(kChunk) {
@@ -37,11 +45,12 @@ bool CsvReader::Next(CsvRow& row) {
             EndFile();
             continue;
         }
-        const std::size_t end = unread.find('\n');
-        const std::string_view piece = unread.substr(0, end == std::string_view::npos ? end : end + 1);
+        // A return without a line feed ends a line, too.
+        if (begun.source.ends_with('\r') && !unread.starts_with('\n')) EndLine();
+        const std::string_view piece = unread.substr(0, LineLength(unread));
         unread.remove_prefix(piece.size());
         Feed(piece);
-        if (end != std::string_view::npos) EndLine();
+        if (piece.ends_with('\n')) EndLine();
     }
     row = std::move(complete.front());
     complete.pop_front();

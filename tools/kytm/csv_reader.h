@@ -26,7 +26,8 @@ struct CsvRow {
     const char* fault = nullptr;  ///< why they are no row; then there are no fields
 };
 
-/// Rows one after another. Empty lines are none. A row whose quotes are out of place ends with its line.
+/// Rows one after another; lines end with a line feed, a return or both. Empty lines are no rows. A row whose quotes
+/// are out of place ends with its line.
 class CsvReader {
 public:
     explicit CsvReader(const std::string& path);

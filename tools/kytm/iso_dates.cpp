@@ -96,7 +96,8 @@ public:
         if (number < limits.least || number > limits.greatest) return Outcome::outOfRange;
         if (part == 'Y' && number == kAny) return Outcome::outOfRange;
         Note(part, number);
-        canonical += text.substr(0, digits);
+        if (number == 0 && text.starts_with('-')) canonical += '-';
+        canonical += std::to_string(number);
         text.remove_prefix(digits);
         return part == 'f' ? TakeFraction(canonical) : Outcome::fine;
     }

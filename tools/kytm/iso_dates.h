@@ -24,7 +24,7 @@ public:
     static std::optional<IsoDates> Of(char type);
 
     /// Null when the text is a date, time or span, and `Canonical` now has it for a scan by `ScanFormat`; else why not.
-    /// The type's own scan takes any text at all.
+    /// The type's own scan takes any text at all. Texts of the same parts have the same canonical one.
     const char* Read(std::string_view text);
     const std::string& Canonical() const { return canonical; }
 

@@ -1,5 +1,6 @@
 #include "row_writer.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "table.h"
@@ -11,11 +12,15 @@ namespace {
 
 using Attributes = std::vector<const engine::Attribute*>;
 
-constexpr char kIdColumn[] = "id";
+/// The column of the identifiers; no attribute has a name with a blank.
+std::string IdColumn(const Attributes& attributes) {
+    const bool isTaken = std::ranges::any_of(attributes, [](const auto* each) { return each->name == "id"; });
+    return isTaken ? "object id" : "id";
+}
 
 std::vector<std::string> ColumnNames(const Attributes& attributes, bool withIds) {
     std::vector<std::string> names;
-    if (withIds) names.emplace_back(kIdColumn);
+    if (withIds) names.push_back(IdColumn(attributes));
     for (const engine::Attribute* attribute : attributes)
         for (std::size_t i = 0; i < attribute->count; ++i) names.push_back(ElementName(*attribute, i));
     return names;
@@ -96,17 +101,20 @@ private:
 /// One object a line.
 class JsonRows : public RowWriter {
 public:
-    explicit JsonRows(Output& anOutput) : out(anOutput) {}
+    JsonRows(const Attributes& attributes, Output& anOutput) : out(anOutput), idName(IdColumn(attributes)) {}
 
     void BeginRow() override { row = nlohmann::ordered_json::object(); }
-    void AddId(std::string id) override { row[kIdColumn] = std::move(id); }
+    void AddId(std::string id) override { row[idName] = std::move(id); }
     void Add(const AttributeTexts& texts, void* value) override {
         nlohmann::ordered_json& member = row[texts.Of().name];
         if (texts.Of().count == 1) {
             member = ToJson(texts, value);
-        } else {
-            member.push_back(ToJson(texts, value));
+            return;
         }
+        // An attribute that is shown twice is one member.
+        if (element == 0) member = nlohmann::ordered_json::array();
+        member.push_back(ToJson(texts, value));
+        element = (element + 1) % texts.Of().count;
     }
     void EndRow() override {
         out.Write((isFirst ? "[\n  " : ",\n  ") + row.dump());
@@ -116,16 +124,24 @@ public:
 
 private:
     Output& out;
+    std::string idName;
     bool isFirst = true;
+    unsigned element = 0;  ///< of the array that is being added
     nlohmann::ordered_json row;
+
+    static nlohmann::ordered_json NumberToJson(const std::string& text) {
+        if (text == "+0") return 0;
+        if (text == "-0") return -0.0;
+        // JSON has no infinity, and knows of no number that is none.
+        if (!nlohmann::ordered_json::accept(text)) return text;
+        return nlohmann::ordered_json::parse(text);
+    }
 
     static nlohmann::ordered_json ToJson(const AttributeTexts& texts, void* value) {
         if (texts.IsNull(value)) return nullptr;
         const std::string text = texts.Print(value);
         if (texts.Of().type == KyBOOLEAN_T) return text == "TRUE";
-        // JSON has no infinity, and knows of no number that is none.
-        if (IsNumberType(texts.Of().type) && nlohmann::ordered_json::accept(text))
-            return nlohmann::ordered_json::parse(text);
+        if (IsNumberType(texts.Of().type)) return NumberToJson(text);
         return Utf8(text);
     }
 };
@@ -137,7 +153,7 @@ std::unique_ptr<RowWriter> MakeRowWriter(RowForm form, const Attributes& attribu
         case RowForm::csv:
             return std::make_unique<CsvRows>(attributes, withIds, out);
         case RowForm::json:
-            return std::make_unique<JsonRows>(out);
+            return std::make_unique<JsonRows>(attributes, out);
         default:
             return std::make_unique<TableRows>(attributes, withIds, out);
     }
