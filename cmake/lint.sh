@@ -35,7 +35,7 @@ sh cmake/interface.sh names build/clang
 sh cmake/interface.sh check build/debug
 
 echo "lint: static analysis"
-git ls-files 'platform/*.cpp' 'typemgr/*.cpp' 'types/*.cpp' 'tools/*.cpp' |
+git ls-files 'platform/*.cpp' 'typemgr/*.cpp' 'types/*.cpp' 'engine/*.cpp' 'tools/*.cpp' |
     xargs -n 1 -P "$(nproc)" clang-tidy --quiet -p build/clang
 
 echo "lint: clean"

@@ -43,8 +43,8 @@ std::string TablesVersion() { return std::to_string(KyLanguageContext::QueryTabl
 std::string TablesChecksum() {
     constexpr std::size_t digits = 16;
     char text[digits + 1];
-    std::snprintf(text, sizeof text, "%016llx", KyLanguageContext::QueryTableChecksum());
-    return text;
+    const int length = std::snprintf(text, sizeof text, "%016llx", KyLanguageContext::QueryTableChecksum());
+    return {text, static_cast<std::size_t>(length)};
 }
 
 void PutProperty(MDB_txn* transaction, MDB_dbi properties, const std::string& name, const std::string& value) {

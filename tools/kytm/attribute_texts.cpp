@@ -1,5 +1,7 @@
 #include "attribute_texts.h"
 
+#include <algorithm>
+
 #include "blob_texts.h"
 #include "type_lookup.h"
 
@@ -32,6 +34,11 @@ std::optional<char> CharacterBase(char id) {
     return std::nullopt;
 }
 
+bool IsTruthText(std::string_view text) {
+    constexpr std::string_view known[] = {"TRUE", "true", "T", "t", "1", "FALSE", "false", "F", "f", "0"};
+    return std::ranges::find(known, text) != std::end(known);
+}
+
 bool IsNullText(std::string_view text) { return text == KyTypeMgr::GetNullPrintString().StrGet(); }
 
 }  // namespace
@@ -47,6 +54,8 @@ std::string AttributeTexts::Scan(std::string_view text, void* value) {
     if (date) return ScanDate(text, value);
     if (id == KyBLOB_T) return ScanBlob(text, value);
     if (IsDictionaryString(id)) return ScanDictionaryText(text, value);
+    // To the type's own scan all other texts are FALSE.
+    if (id == KyBOOLEAN_T && !IsTruthText(text) && !IsNullText(text)) return "it is neither TRUE nor FALSE";
     const char* const fault = scanner.Scan(text, value);
     return fault != nullptr ? fault : "";
 }
