@@ -2,13 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <string>
 #include <vector>
 
 #include "batch.h"
+#include "kyi18n.h"
 #include "kystring.h"
+#include "kytypinf.h"
 #include "maintenance.h"
 #include "scratch_store.h"
 #include "snapshot.h"
@@ -213,6 +217,54 @@ TEST(Store, LimitsOfAnIndexAreThoseOfTheSnapshotsMoment) {
     snapshot.Renew();
     EXPECT_EQ(number(snapshot.Limits(0, 0)->first), 3);
     EXPECT_EQ(number(snapshot.Limits(0, 0)->last), 9);
+}
+
+TEST(Store, SaysWhatMadeIt) {
+    const ScratchFolder folder;
+    const std::string path = folder.File("store");
+    Store::Create(path, Schema::Parse(kWords), KyFormReversed);
+    const Store store(path, Access::read);
+    const char* version = nullptr;
+    GetKyTypeMgrInfo(nullptr, nullptr, &version, nullptr, nullptr);
+    char checksum[17];
+    std::snprintf(checksum, sizeof checksum, "%016llx", KyLanguageContext::QueryTableChecksum());
+    const std::pair<const char*, std::string> properties[] = {
+        {"format", "1"},
+        {"form", "2"},
+        {"schema", Schema::Parse(kWords).Text()},
+        {"library", version},
+        {"tables version", std::to_string(KyLanguageContext::QueryTableVersion())},
+        {"tables checksum", checksum},
+        {"nothing", ""},
+    };
+    for (const auto& [name, value] : properties) EXPECT_EQ(store.Property(name), value) << name;
+}
+
+TEST(Store, CheckAndReindexTellHowFarTheyAre) {
+    const ScratchFolder folder;
+    const std::string path = folder.File("store");
+    Store::Create(path, Schema::Parse(kWords), 1);
+    Store store(path, Access::reindex);
+    AddWords(store, 1, 5000);
+    std::vector<std::size_t> told;
+    std::size_t of = 0;
+    const auto progress = [&](std::size_t done, std::size_t total) {
+        told.push_back(done);
+        EXPECT_LE(done, total);
+        of = total;
+    };
+    const auto expectTold = [&](std::size_t total) {
+        EXPECT_EQ(of, total);
+        EXPECT_TRUE(std::ranges::is_sorted(told));
+        EXPECT_GT(told.size(), total / 2000);
+        EXPECT_GT(told.back(), total - 2000);
+        told.clear();
+    };
+    engine::CheckStore(
+        store, [](const std::string& fault) { ADD_FAILURE() << fault; }, progress);
+    expectTold(15000);
+    engine::Reindex(store, progress);
+    expectTold(10000);
 }
 
 TEST(Store, ReindexMakesTheSameIndexes) {
