@@ -84,6 +84,11 @@ protected:
         return faults;
     }
 
+    void Reindex() const {
+        Store store(path, Access::reindex);
+        engine::Reindex(store);
+    }
+
     /// Replaces an object's record.
     void Rewrite(ObjectNumber number, const std::function<void(std::vector<unsigned char>&)>& change) const {
         Do(objects, [&](const RawDatabase& database) {
@@ -181,6 +186,20 @@ TEST_P(Damage, AForeignIndexEntryIsFound) {
                               "the index of Item.number has 301 entries for 300 objects\n",
                               "the index of Item.text names Item 1000, which is not there\n"})
         EXPECT_NE(faults.find(fault), std::string::npos) << fault << faults;
+    Reindex();
+    EXPECT_EQ(Faults(), "");
+}
+
+TEST_P(Damage, ADamagedRecordIsNotIndexedAnew) {
+    Rewrite(5, [&](std::vector<unsigned char>& record) { record.resize(record.size() - 1); });
+    const std::string before = Faults();
+    try {
+        Reindex();
+        ADD_FAILURE();
+    } catch (const engine::StoreError& error) {
+        EXPECT_STREQ(error.what(), "the record of Item 5 is damaged");
+    }
+    EXPECT_EQ(Faults(), before) << "nothing was changed";
 }
 
 TEST_P(Damage, AnEntryInAnothersPlaceIsFound) {
@@ -219,6 +238,8 @@ TEST_P(Damage, AnIndexInAnotherOrderIsFound) {
         }
     });
     EXPECT_NE(Faults().find("the index of Item.number is out of order at Item "), std::string::npos);
+    Reindex();
+    EXPECT_EQ(Faults(), "");
 }
 
 INSTANTIATE_TEST_SUITE_P(Forms, Damage, ::testing::Values(KyFormNative, KyFormReversed));

@@ -34,12 +34,31 @@ TEST(Schema, NamesClassesAttributesAndTheirIndexes) {
     EXPECT_EQ(word.Find("length"), 1U);
 }
 
+TEST(Schema, TakesTheGreatestNumbers) {
+    const Schema schema = Schema::Parse(
+        "class A_ { _a0 o_char[65535]; b KyString language 255 codeset 255; c KyString language 0 codeset 0\n"
+        "d o_char[253] index, e int[63] index }");
+    const std::vector<engine::Attribute>& attributes = schema.Classes()[0].attributes;
+    ASSERT_EQ(attributes.size(), 5U);
+    EXPECT_EQ(attributes[0].name, "_a0");
+    EXPECT_EQ(attributes[0].count, 65535U);
+    EXPECT_EQ(attributes[1].language, 255);
+    EXPECT_EQ(attributes[1].codeSet, 255);
+    EXPECT_EQ(attributes[2].language, 0);
+    EXPECT_EQ(attributes[2].codeSet, 0);
+    EXPECT_TRUE(attributes[3].index);
+    EXPECT_EQ(Schema::Parse(schema.Text()).Text(), schema.Text());
+}
+
 TEST(Schema, TextGivesTheSameSchema) {
-    const Schema schema =
-        Schema::Parse("class A { a KyString index noaccent\n b int[7] index\n c KyIString language 1 }");
+    const Schema schema = Schema::Parse(
+        "class A { a KyString index noaccent\n b int[7] index\n c KyIString language 1 }\n"
+        "class B { d KyString language 2 codeset 1 index nocase\n e KyString index nocase noaccent }");
     const std::string text = schema.Text();
     EXPECT_EQ(Schema::Parse(text).Text(), text);
-    EXPECT_EQ(text, "class A {\n  a KyString index noaccent\n  b int[7] index\n  c KyIString language 1\n}\n");
+    EXPECT_EQ(text,
+              "class A {\n  a KyString index noaccent\n  b int[7] index\n  c KyIString language 1\n}\n"
+              "class B {\n  d KyString language 2 codeset 1 index nocase\n  e KyString index nocase noaccent\n}\n");
 }
 
 TEST(Schema, MistakesAreToldWithTheirPlace) {
@@ -58,6 +77,14 @@ TEST(Schema, MistakesAreToldWithTheirPlace) {
         {"class A { a illegal }", "illegal", "there is no type \"illegal\""},
         {"class A { a\n int }", "int", "the type of \"a\" is missing"},
         {"class A { a int[0] }", "0]", "the number of elements is a number from 1 to 65535"},
+        {"class A { a int[65536] }", "65536", "the number of elements is a number from 1 to 65535"},
+        {"class A { a int[3x] }", "3x", "the number of elements is a number from 1 to 65535"},
+        {"class A-B { a int }", "-B", "\"{\" is expected here"},
+        {"class \xC4 { a int }", "\xC4", "names are letters, digits and \"_\""},
+        {"class A { a o_char[254] index }", "index", "an array of more than 253 bytes has no index"},
+        {"class A { a d_Time index }", "index",
+         "times of this type have no index: their order does not tell the parts of a second apart"},
+        {"class A { a KyString codeset x }", "x }", "a code set is a number from 0 to 255"},
         {"class A { a int[x] }", "x]", "the number of elements is a number from 1 to 65535"},
         {"class A { a int[3 }", "}", "\"]\" is expected here"},
         {"class A { a int nocase }", "nocase", "attributes of this type have no \"nocase\" here"},

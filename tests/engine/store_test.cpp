@@ -219,6 +219,44 @@ TEST(Store, LimitsOfAnIndexAreThoseOfTheSnapshotsMoment) {
     EXPECT_EQ(number(snapshot.Limits(0, 0)->last), 9);
 }
 
+/// A schema of so many classes, each with an index.
+std::string ManyClasses(int count) {
+    std::string schema;
+    for (int i = 0; i < count; ++i) schema.append("class C").append(std::to_string(i)).append(" { a int index }\n");
+    return schema;
+}
+
+TEST(Store, HasRoomForManyClassesAndNotForMore) {
+    const ScratchFolder folder;
+    // With the one that says what the store is, 511 databases.
+    Store::Create(folder.File("many"), Schema::Parse(ManyClasses(255)), 1);
+    Store store(folder.File("many"), Access::write);
+    Batch batch(store, 254);
+    int value = 7;
+    void* const values[] = {&value};
+    batch.Add(values);
+    EXPECT_EQ(batch.Commit(), 1U);
+    EXPECT_EQ(Faults(store), 0U);
+    EXPECT_EQ(FaultOf([&] { Store::Create(folder.File("more"), Schema::Parse(ManyClasses(256)), 1); }),
+              "a store has at most 511 classes and indexes");
+    EXPECT_FALSE(std::filesystem::exists(folder.File("more")));
+}
+
+TEST(Store, ABatchIsEmptyBehindItsCommit) {
+    const ScratchFolder folder;
+    Store::Create(folder.File("words"), Schema::Parse("class Number { number int index }"), 1);
+    Store store(folder.File("words"), Access::write);
+    Batch batch(store, 0);
+    for (int i = 0; i < 3; ++i) {
+        void* const values[] = {&i};
+        batch.Add(values);
+        EXPECT_EQ(batch.Count(), 1U);
+        EXPECT_EQ(batch.Commit(), static_cast<engine::ObjectNumber>(i + 1));
+        EXPECT_EQ(batch.Count(), 0U);
+    }
+    EXPECT_EQ(Snapshot(store).ObjectCount(0), 3U);
+}
+
 TEST(Store, SaysWhatMadeIt) {
     const ScratchFolder folder;
     const std::string path = folder.File("store");

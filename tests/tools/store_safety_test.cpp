@@ -197,6 +197,30 @@ TEST(StoreSafety, OtherCollationTablesAskForAReindex) {
     EXPECT_EQ(store.Query("number from Thing where text <= \"a\"").out, "number\n2\n");
 }
 
+TEST(StoreSafety, TablesOfAnotherVersionAskForAReindexToo) {
+    const MadeStore store(kThing);
+    SetProperty(store.Path(), "tables version", "0");
+    SetProperty(store.Path(), "library", "of old");
+    const Result refused = store.Run("check");
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_TRUE(
+        refused.err.starts_with("kytm: the indexes of \"" + store.Path() + "\" are ordered by collation tables 0 ("))
+        << refused.err;
+    EXPECT_EQ(store.Run("reindex").status, 0);
+    EXPECT_EQ(store.Run("check").status, 0);
+    const engine::Store opened(store.Path(), engine::Access::read);
+    EXPECT_NE(opened.Property("library"), "of old") << "the library that ordered the indexes";
+}
+
+TEST(StoreSafety, ADamagedSchemaIsTold) {
+    const MadeStore store(kThing);
+    SetProperty(store.Path(), "schema", "class Thing {");
+    const Result result = store.Run("check");
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.err,
+              "kytm: the schema in \"" + store.Path() + "\" is damaged: the class \"Thing\" does not end\n");
+}
+
 TEST(StoreSafety, OtherFormatsAreRefused) {
     const MadeStore store(kThing);
     SetProperty(store.Path(), "format", "2");
