@@ -15,8 +15,8 @@
 namespace kytm {
 
 /// Reads and writes single values in memory form. Texts are UTF-8; strings go into the attribute's code set and
-/// language, dates are written as `IsoDates` says, blobs as pairs of hexadecimal digits, identifiers by their row's
-/// format. What is written reads back as the same value.
+/// language, dates are written as `IsoDates` says, truth values as TRUE or FALSE, blobs as pairs of hexadecimal digits,
+/// identifiers by their row's format. What is written reads back as the same value.
 class AttributeTexts {
 public:
     /// Throws `Failure` for a type whose values cannot be shown, and for a language or code set that there is not.

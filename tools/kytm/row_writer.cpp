@@ -37,7 +37,7 @@ std::vector<std::size_t> NumberColumns(const Attributes& attributes, bool withId
 }
 
 /// Written when its widths are known, at the end.
-class TableRows : public RowWriter {
+class TableRows final : public RowWriter {
 public:
     TableRows(const Attributes& attributes, bool withIds, Output& anOutput)
         : out(anOutput), table(ColumnNames(attributes, withIds), NumberColumns(attributes, withIds)) {}
@@ -54,7 +54,7 @@ private:
     std::vector<std::string> row;
 };
 
-class CsvRows : public RowWriter {
+class CsvRows final : public RowWriter {
 public:
     CsvRows(const Attributes& attributes, bool withIds, Output& anOutput) : out(anOutput) {
         const std::vector<std::string> names = ColumnNames(attributes, withIds);
@@ -99,7 +99,7 @@ private:
 };
 
 /// One object a line.
-class JsonRows : public RowWriter {
+class JsonRows final : public RowWriter {
 public:
     JsonRows(const Attributes& attributes, Output& anOutput) : out(anOutput), idName(IdColumn(attributes)) {}
 

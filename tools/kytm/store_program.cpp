@@ -27,9 +27,8 @@ constexpr char kLoadForm[] =
     "The first line names the attributes of the columns, in any order, elements of arrays as \"samples[0]\". "
     "Attributes\n"
     "without a column are null, as are empty fields without quotes where the type has a null. Strings are in UTF-8;\n"
-    "dates like 2024-05-31, times 23:59:59, both joined by a \"T\", spans 12.03:59:59; blobs are hexadecimal digits "
-    "or\n"
-    "\"@\" and the name of a file.\n"
+    "truth values TRUE, T, 1, FALSE, F, 0; dates like 2024-05-31, times 23:59:59, both joined by a \"T\", spans\n"
+    "12.03:59:59; blobs are hexadecimal digits or \"@\" and the name of a file.\n"
     "Exit status: 0 all loaded; 1 some row did not scan; 2 the work could not be done. What was committed stays.";
 
 constexpr char kQueryForm[] =
