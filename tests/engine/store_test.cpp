@@ -1,6 +1,8 @@
 #include "store.h"
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -255,6 +257,38 @@ TEST(Store, ABatchIsEmptyBehindItsCommit) {
         EXPECT_EQ(batch.Count(), 0U);
     }
     EXPECT_EQ(Snapshot(store).ObjectCount(0), 3U);
+}
+
+TEST(Store, SnapshotsAreRenewedBeyondTheSizeThatTheirProcessKnows) {
+    const ScratchFolder folder;
+    const std::string path = folder.File("texts");
+    Store::Create(path, Schema::Parse("class Text { text KyString; number int index }"), KyFormNative);
+    const Store store(path, Access::read);
+    Snapshot snapshot(store);
+    EXPECT_FALSE(snapshot.Limits(0, 1));
+    const pid_t writer = fork();
+    ASSERT_GE(writer, 0);
+    if (writer == 0) {
+        {
+            Store own(path, Access::write);
+            Batch batch(own, 0);
+            KyString text(std::string(30000, 'x').c_str());
+            for (int i = 0; i < 3000; ++i) {
+                void* const values[] = {&text, &i};
+                batch.Add(values);
+            }
+            batch.Commit();
+        }
+        _exit(0);
+    }
+    int status = 0;
+    waitpid(writer, &status, 0);
+    ASSERT_EQ(status, 0);
+    EXPECT_EQ(snapshot.ObjectCount(0), 0U);
+    snapshot.Renew();
+    EXPECT_EQ(snapshot.ObjectCount(0), 3000U);
+    EXPECT_TRUE(snapshot.Limits(0, 1));
+    EXPECT_FALSE(snapshot.Find(0, 3000).empty());
 }
 
 TEST(Store, SaysWhatMadeIt) {
