@@ -203,16 +203,19 @@ TEST_P(Damage, ADamagedRecordIsNotIndexedAnew) {
 }
 
 TEST_P(Damage, AnEntryInAnothersPlaceIsFound) {
-    // As many entries as objects, but one object has two and another none.
-    Do(numberIndex, [](const RawDatabase& database) {
-        const engine::CursorHandle cursor = database.Cursor();
-        MDB_val key{};
-        MDB_val value{};
-        Check(mdb_cursor_get(cursor.get(), &key, &value, MDB_FIRST), "first");
-        Check(mdb_cursor_del(cursor.get(), 0), "del");
-        AddEntry(database, 50, 200);
-    });
-    EXPECT_EQ(Faults(), "the index of Item.number has another key for Item 200\n");
+    // As many entries as objects, but one object has two, one of them before or behind its place, and another none.
+    for (const auto& [from, object] : {std::pair<int, ObjectNumber>{50, 200}, {250, 20}}) {
+        Do(numberIndex, [from = from, object = object](const RawDatabase& database) {
+            const engine::CursorHandle cursor = database.Cursor();
+            MDB_val key{};
+            MDB_val value{};
+            Check(mdb_cursor_get(cursor.get(), &key, &value, MDB_FIRST), "first");
+            Check(mdb_cursor_del(cursor.get(), 0), "del");
+            AddEntry(database, from, object);
+        });
+        EXPECT_EQ(Faults(), "the index of Item.number has another key for Item " + std::to_string(object) + "\n");
+        Reindex();
+    }
 }
 
 TEST_P(Damage, AnIndexInAnotherOrderIsFound) {
