@@ -114,7 +114,7 @@ protected:
             Shell("chmod " + folderMode + " '" + folder + "'; chmod " + fileMode + " '" + store.Path() + "'*").status,
             0);
     }
-    Result AsNobody(const std::string& call) const { return Shell("echo number | " + program + call); }
+    Result AsNobody(const std::string& call) const { return Shell(program + call + " </dev/null"); }
     std::string Fault(const char* what) const { return "kytm: \"" + store.Path() + "\" " + what + "\n"; }
 };
 

@@ -252,7 +252,7 @@ TEST(StoreSafety, ReadOnlyStoresAreReadAndNotWritten) {
     const std::string program = asNobody + "\"$KYTM\" store ";
     EXPECT_EQ(Shell(program + "query '" + store.Path() + "' Thing --csv").out, "number,text\n1,b\n");
     EXPECT_EQ(Shell(program + "check '" + store.Path() + "'").status, 0);
-    const Result load = Shell("echo number | " + program + "load '" + store.Path() + "' Thing -");
+    const Result load = Shell(program + "load '" + store.Path() + "' Thing - </dev/null");
     EXPECT_EQ(load.status, 2);
     EXPECT_EQ(load.err, "kytm: \"" + store.Path() + "\" cannot be opened: Permission denied\n");
 }
