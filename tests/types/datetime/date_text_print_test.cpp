@@ -40,7 +40,7 @@ TEST(DatePrint, Directives) {
         {kMay, "%y", "24"},
         {kMay, "%Y", "2024"},
         {kMay, "%c%q%1%-% %(%)%*", "cq1- ()*"},
-        {kMay, "%\xC3%\xFF", "\xC3\xFF"},
+        {kMay, "%\x7F%\x80%\xC3%\xFF", "\x7F\x80\xC3\xFF"},
         {kMay, "Day %d of %B.", "Day 07 of May."},
         {kMay, "(%d)", "(07)"},
         {kMay, "%D%T%D", "2024-05-0715:04:092024-05-07"},
