@@ -122,8 +122,7 @@ private:
     /// among those of one key.
     bool CanWalk() const {
         if (query.order.empty()) return false;
-        const Attribute& attribute = layout.Of().attributes[query.order.front().attribute];
-        return attribute.index == Folding() && attribute.count == 1;
+        return layout.Of().attributes[query.order.front().attribute].index == Folding();
     }
 
     /// The scan of what the condition leaves of the index. A scan has to begin at a limit: all objects where there is

@@ -228,6 +228,32 @@ TEST_P(RunTest, SortsAndLimits) {
     }
 }
 
+TEST_P(RunTest, PlansTellTheirShares) {
+    const struct {
+        const char* condition;
+        AccessPath::Kind kind;
+        double share;
+    } cases[] = {
+        {"number = 5 or number = 7", AccessPath::Kind::severalIndexes, 2.0 / 97},
+        {"number > 60", AccessPath::Kind::oneIndex, 36.0 / 97},
+        {"number > 20", AccessPath::Kind::allObjects, 1},
+        {"number <> 5", AccessPath::Kind::allObjects, 1},
+        {"number < 40 or number > 60", AccessPath::Kind::allObjects, 1},
+        {"number < 40 and (number = 5 or number = 7)", AccessPath::Kind::severalIndexes, 2.0 / 97},
+        {"number > 20 and number < 40", AccessPath::Kind::oneIndex, 19.0 / 97},
+    };
+    for (const auto& c : cases) {
+        const std::string text = std::string("Word where ") + c.condition;
+        const PreparedQuery query(*store, engine::ParseQuery(store->GetSchema(), text), ScanByType);
+        const Snapshot snapshot(*store);
+        const AccessPath path = query.Plan(snapshot);
+        EXPECT_EQ(path.kind, c.kind) << text;
+        EXPECT_NEAR(path.share, c.share, 0.01) << text;  // limits count as inside
+    }
+    const engine::Query unequal = engine::ParseQuery(store->GetSchema(), "Word where number <> 5");
+    EXPECT_FALSE(engine::Serves(store->GetSchema().Classes()[0].attributes[3], unequal.where.comparison));
+}
+
 struct Ordered {
     std::vector<engine::ObjectNumber> numbers;
     engine::RunResult result;
