@@ -118,7 +118,7 @@ protected:
         std::u16string text;
         if (isLong) {
             const std::u16string& one = of.letters[Below(3)];
-            for (const std::size_t length = 110 + Below(145); text.size() < length;) text += one;
+            for (const std::size_t length = 110 + Below(170); text.size() < length;) text += one;
         }
         for (unsigned length = Below(6); length > 0; --length) text += Letter();
         return text;

@@ -335,6 +335,40 @@ TEST_P(RunTest, ANarrowRangeIsSortedRatherThanAnIndexWalked) {
     EXPECT_LT(wide.result.visited, 40U);
 }
 
+TEST_P(RunTest, AFalseAnswerEndsTheRun) {
+    for (const char* text : {"Word", "Word order by number", "Word order by number desc, text", "Word order by plain",
+                             "Word where number = 5"}) {
+        const PreparedQuery query(*store, engine::ParseQuery(store->GetSchema(), text), ScanByType);
+        const Snapshot snapshot(*store);
+        int taken = 0;
+        query.Run(snapshot, query.Plan(snapshot), [&taken](const Object&) { return ++taken < 3; });
+        EXPECT_EQ(taken, 3) << text;
+    }
+}
+
+TEST(MakePlan, ManyOfOneKeyAreNotWalkedToBeSorted) {
+    const ScratchFolder folder;
+    Store::Create(folder.File("things"), Schema::Parse("class Thing { same int index\n other int index }"),
+                  KyFormNative);
+    Store store(folder.File("things"), Access::write);
+    engine::Batch batch(store, 0);
+    for (int i = 0; i < 1000; ++i) {
+        int same = 1;
+        int other = 1000 - i;
+        void* const values[] = {&same, &other};
+        batch.Add(values);
+    }
+    batch.Commit();
+    const Ordered walked = RunOrdered(store, "Thing order by same limit 3", true);
+    EXPECT_TRUE(walked.inOrder);
+    EXPECT_EQ(walked.result.visited, 3U);
+    for (const char* text : {"Thing order by same, other limit 3", "Thing order by same desc, other limit 3"}) {
+        const Ordered sorted = RunOrdered(store, text, true);
+        EXPECT_FALSE(sorted.inOrder) << text;
+        EXPECT_EQ(sorted.numbers, (std::vector<engine::ObjectNumber>{1000, 999, 998})) << text;
+    }
+}
+
 /// The end of what a pattern leaves is found from its beginning only.
 TEST_P(RunTest, PatternsAreNotWalkedBackwards) {
     EXPECT_FALSE(RunOrdered(*store, "Word where text = \"a*\" order by text desc", true).inOrder);
