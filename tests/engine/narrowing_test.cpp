@@ -245,6 +245,30 @@ TEST_P(StringScans, GiveWhatALookAtAllGivesAndReadNoMore) {
 
 INSTANTIATE_TEST_SUITE_P(Types, StringScans, ::testing::ValuesIn(AllCases()), NameOf);
 
+TEST(Shares, OfNullWhereThereIsNone) {
+    const ScratchFolder folder;
+    Store::Create(folder.File("things"), engine::Schema::Parse("class Thing { number KyNull_int index }"),
+                  KyFormNative);
+    Store store(folder.File("things"), engine::Access::write);
+    engine::Batch batch(store, 0);
+    for (int i = 0; i < 10; ++i) {
+        KyNull_int number(i);
+        void* const values[] = {&number};
+        batch.Add(values);
+    }
+    batch.Commit();
+    const Snapshot snapshot(store);
+    const Value null(store.GetSchema().Classes()[0].attributes[0].type);
+    Types().SetNullPtrGet(store.GetSchema().Classes()[0].attributes[0].type)(null.Get());
+    for (const auto& [condition, share] : {std::pair("number > ?", 1.0), {"number = ?", 0.0}, {"number < ?", 0.0}}) {
+        const std::string text = std::string("Thing where ") + condition;
+        const PreparedQuery query(store, engine::ParseQuery(store.GetSchema(), text), {});
+        Narrowing narrowing(snapshot, store.Layout(0), 0, 0);
+        narrowing.Add(query.Of().where.comparison, null.Store(KyFormNative));
+        EXPECT_EQ(narrowing.Share(), share) << text;
+    }
+}
+
 TEST(Shares, AreOfWhatHasAPlaceAndOfNullsByTheirNumber) {
     const ScratchFolder folder;
     Store::Create(folder.File("things"),
