@@ -29,13 +29,11 @@ bool Serves(const Attribute& attribute, const Comparison& comparison) {
     return attribute.type != KySTRING_T || *attribute.index == FoldingOf(comparison.op);
 }
 
-Narrowing::Narrowing(const Snapshot& aSnapshot, const RecordLayout& aLayout, std::size_t aClassAt,
+Narrowing::Narrowing(const Snapshot& snapshot, const RecordLayout& aLayout, std::size_t classAt,
                      std::size_t anAttribute)
-    : snapshot(aSnapshot),
-      layout(aLayout),
-      classAt(aClassAt),
+    : layout(aLayout),
       attribute(aLayout.Of().attributes[anAttribute]),
-      limits(aSnapshot.Limits(aClassAt, anAttribute)),
+      limits(snapshot.Limits(classAt, anAttribute)),
       keepsApart(limits ? limits->apart.size() : 0, true) {
     scan.attribute = anAttribute;
 }

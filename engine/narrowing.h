@@ -27,7 +27,7 @@ bool Serves(const Attribute& attribute, const Comparison& comparison);
 /// from.
 class Narrowing {
 public:
-    Narrowing(const Snapshot& aSnapshot, const RecordLayout& aLayout, std::size_t aClassAt, std::size_t anAttribute);
+    Narrowing(const Snapshot& snapshot, const RecordLayout& aLayout, std::size_t classAt, std::size_t anAttribute);
 
     /// One more comparison, which the index serves.
     void Add(const Comparison& comparison, const StoredConstant& constant);
@@ -40,9 +40,7 @@ public:
     IndexScan scan;
 
 private:
-    const Snapshot& snapshot;
     const RecordLayout& layout;
-    std::size_t classAt;
     const Attribute& attribute;
     const std::optional<KeyLimits>& limits;
     double share = 1;              ///< of the entries between the limits
