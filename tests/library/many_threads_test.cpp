@@ -3,10 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <latch>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "kyi18n.h"
@@ -14,35 +11,16 @@
 #include "kystring.h"
 #include "kytypinf.h"
 #include "kytypmgr.h"
+#include "many_threads.h"
 
 namespace {
 
-using Answers = std::vector<std::string>;
-
-constexpr unsigned kThreads = 8;
 constexpr unsigned char kCodeSets[] = {1, 2, 8, 253};
 constexpr unsigned char kNarrowCodeSets[] = {1, 2, 5, 9};
 /// Whatever letters keep of case and accent.
 constexpr unsigned short kPatternOps[] = {0, KyCmpIgnoreCase, KyCmpIgnoreAccent, KyCmpIgnoreCase | KyCmpIgnoreAccent};
 constexpr unsigned short kExactOps[] = {KyCmpExact, KyCmpExact | KyCmpIgnoreCase, KyCmpExact | KyCmpIgnoreAccent,
                                         KyCmpExact | KyCmpIgnoreCase | KyCmpIgnoreAccent};
-
-/// Runs `ask` in all threads at the same time, then once more by itself, and compares what they saw.
-void ExpectTheSame(const std::function<Answers()>& ask) {
-    std::vector<Answers> seen(kThreads);
-    std::latch start(kThreads);
-    std::vector<std::thread> threads;
-    for (Answers& mine : seen) {
-        threads.emplace_back([&] {
-            start.arrive_and_wait();
-            mine = ask();
-        });
-    }
-    for (std::thread& thread : threads) thread.join();
-    const Answers alone = ask();
-    ASSERT_FALSE(alone.empty());
-    for (unsigned i = 0; i < kThreads; ++i) EXPECT_EQ(seen[i], alone) << "thread " << i;
-}
 
 std::vector<unsigned char> Languages() {
     std::vector<unsigned char> languages;

@@ -74,6 +74,11 @@ TEST(IllegalRow, TouchesNoBuffer) {
     });
 }
 
+TEST(IllegalRow, HasNoPersistentSize) {
+    for (unsigned count : {0U, 1U, 3U}) EXPECT_EQ(KyIllegalTab.NullSizeGet(count), 0U);
+    EXPECT_EQ(KyNewtypetab[KyRES_T], &KyIllegalTab);
+}
+
 TEST(IllegalRow, FindsEverythingEqualAndClearsErr) {
     ForEachUnmappedId([](KyTypeMgr& manager, char id) {
         unsigned char a[4] = {1, 2, 3, 4};

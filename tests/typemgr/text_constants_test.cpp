@@ -70,6 +70,18 @@ TEST_F(NullPrintString, WhenEmptyBeginsNoText) {
     }
 }
 
+TEST_F(NullPrintString, OfAsciiIsTheSameInEvery8BitCodeSet) {
+    const unsigned char codeSets[] = {1, 2, 3, 4, 6, 26};
+    for (const unsigned char codeSet : codeSets) {
+        KyString with("{NULL}5");
+        with.SetCodeSetCode(codeSet);
+        EXPECT_TRUE(ky::BeginsWithNullPrintString(with)) << unsigned{codeSet};
+        KyString without("{NULx}5");
+        without.SetCodeSetCode(codeSet);
+        EXPECT_FALSE(ky::BeginsWithNullPrintString(without)) << unsigned{codeSet};
+    }
+}
+
 TEST_F(NullPrintString, Outside8BitAsciiIsMappedBetweenCodeSets) {
     KyString euro(static_cast<unsigned char>(2), static_cast<unsigned char>(0));  // Windows-1252
     euro.MakeString("\x80", 2, -1, 1);

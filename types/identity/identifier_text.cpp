@@ -1,5 +1,6 @@
 #include "identifier_text.h"
 
+#include <array>
 #include <cstring>
 #include <memory>
 
@@ -15,24 +16,19 @@ namespace {
 /// A null pointer is no field: it prints as 0, and what is read for it is dropped.
 using Field = std::uint32_t IdentifierFields::*;
 
-constexpr Field FieldOf(char letter) {
-    switch (letter) {
-        case 'B':
-            return &IdentifierFields::B;
-        case 'L':
-            return &IdentifierFields::L;
-        case 'H':
-            return &IdentifierFields::H;
-        case 'D':
-            return &IdentifierFields::D;
-        case 'C':
-            return &IdentifierFields::C;
-        case 'V':
-            return &IdentifierFields::V;
-        default:
-            return nullptr;
-    }
+constexpr std::array<Field, 26> MakeFields() {
+    std::array<Field, 26> fields{};
+    fields['B' - 'A'] = &IdentifierFields::B;
+    fields['L' - 'A'] = &IdentifierFields::L;
+    fields['H' - 'A'] = &IdentifierFields::H;
+    fields['D' - 'A'] = &IdentifierFields::D;
+    fields['C' - 'A'] = &IdentifierFields::C;
+    fields['V' - 'A'] = &IdentifierFields::V;
+    return fields;
 }
+
+/// By their letters, from A to Z.
+constexpr std::array<Field, 26> kFields = MakeFields();
 
 /// The fields that "%h?" and "%l?" stand for, one after the other.
 class TwoLetterForms {
@@ -81,7 +77,7 @@ public:
             field = forms.Next(character);
         } else if (character >= 'A' && character <= 'Z' && (grammar.letters >> (character - 'A') & 1) != 0) {
             isField = true;
-            field = FieldOf(character);
+            field = kFields[static_cast<std::size_t>(character - 'A')];
         }
         return true;
     }

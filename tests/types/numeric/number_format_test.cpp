@@ -14,6 +14,7 @@
 #include "number_format_print.h"
 #include "number_format_scan.h"
 #include "support/c_locale.h"
+#include "support/fewer_cases.h"
 
 namespace {
 
@@ -164,7 +165,7 @@ double AnyDouble(Random& random) {
 
 TEST(NumberFormatPrint, IntegersAreThoseOfPrintf) {
     Random random(20240507);
-    for (int i = 0; i < 200000; ++i) {
+    for (int i = 0; i < 200000 / kFewerCases; ++i) {
         const long long value = AnyInteger(random);
         const std::string format = AnyConversion(random, "", "diuoxXc");
         const bool character = format[format.size() - 4] == 'c';
@@ -180,7 +181,7 @@ TEST(NumberFormatPrint, IntegersAreThoseOfPrintf) {
 
 TEST(NumberFormatPrint, FloatingPointNumbersAreThoseOfPrintf) {
     Random random(20240508);
-    for (int i = 0; i < 100000; ++i) {
+    for (int i = 0; i < 100000 / kFewerCases; ++i) {
         const double value = AnyDouble(random);
         const std::string format = AnyConversion(random, "", "aefgAEFG");
         EXPECT_EQ(Printed(format.c_str(), value), ByTheLibrary(format.c_str(), value)) << format << ' ' << value;
@@ -266,7 +267,7 @@ std::string AnyText(Random& random) {
 
 TEST(NumberFormatScan, IntegersAreThoseOfScanf) {
     Random random(20240509);
-    for (int i = 0; i < 300000; ++i) {
+    for (int i = 0; i < 300000 / kFewerCases; ++i) {
         const std::string text = AnyText(random);
         std::string format = OneOf(random, {"", "", "", "#", " ", "%%", "0x", "# %%"}) + "%";
         format += OneOf(random, {"", "", "", "1", "2", "3", "5", "2000000000"});
@@ -278,7 +279,7 @@ TEST(NumberFormatScan, IntegersAreThoseOfScanf) {
 
 TEST(NumberFormatScan, TheOwnFormatsReadWhatTheGeneralOnesRead) {
     Random random(20240510);
-    for (int i = 0; i < 300000; ++i) {
+    for (int i = 0; i < 300000 / kFewerCases; ++i) {
         const std::string text = AnyText(random);
         for (const bool isSigned : {false, true}) {
             Scanned fast;
