@@ -8,6 +8,7 @@
 #include "dictionary_answers.h"
 #include "dictionary_values.h"
 #include "kywildcard.h"
+#include "support/fewer_cases.h"
 #include "support/hex.h"
 
 namespace {
@@ -233,7 +234,7 @@ TYPED_TEST(DictionaryStringTest, FormsAgreeOverGeneratedValues) {
         }
         return TypeParam(text.c_str());
     };
-    for (int i = 0; i < 4000; ++i) {
+    for (int i = 0; i < 4000 / kFewerCases; ++i) {
         std::vector<TypeParam> a(1 + random() % 3);
         std::vector<TypeParam> b(a.size());
         for (std::size_t v = 0; v < a.size(); ++v) {

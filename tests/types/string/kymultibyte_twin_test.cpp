@@ -14,6 +14,7 @@
 #include "multibyte_texts.h"
 #include "oracle/slow_multibyte.h"
 #include "oracle/slow_utf8.h"
+#include "support/fewer_cases.h"
 #include "support/guarded_buffer.h"
 
 namespace {
@@ -28,7 +29,7 @@ TEST(MultibyteTwin, ReadsAsDescribed) {
     TextGenerator generator(31);
     GuardedBuffer memory(8000);
     std::vector<unsigned short> out(2000);
-    for (int i = 0; i < 1000000; ++i) {
+    for (int i = 0; i < 1000000 / kFewerCases; ++i) {
         const std::string text = generator.Broken(generator.Below(i % 50 == 0 ? 1200 : 40));
         char* in = reinterpret_cast<char*>(memory.data()) + memory.size() - text.size();
         std::copy(text.begin(), text.end(), in);
@@ -95,7 +96,7 @@ Encoded SlowWriteMapped(const std::u16string& units, int size) {
 TEST(MultibyteTwin, WritesAsDescribed) {
     TextGenerator generator(33);
     const unsigned char codeSets[] = {KyCodeSetNative, KyCodeSetLatin1, KyCodeSetWindows1252, KyCodeSetAscii};
-    for (int i = 0; i < 100000; ++i) {
+    for (int i = 0; i < 100000 / kFewerCases; ++i) {
         KyString s;
         std::u16string units;
         bool isAscii = false;

@@ -5,6 +5,7 @@
 #include "kystring.h"
 #include "oracle/slow_build_string.h"
 #include "string_texts.h"
+#include "support/fewer_cases.h"
 #include "support/guarded_buffer.h"
 #include "support/hex.h"
 
@@ -319,7 +320,7 @@ void CompareWithTwin(unsigned seed, unsigned char codeSet) {
     const auto below = [&](unsigned n) { return static_cast<unsigned short>(random() % n); };
     KyString s(codeSet, 0);
     std::optional<typename Slow::Block> twin;
-    for (int step = 0; step < 4000; ++step) {
+    for (int step = 0; step < 4000 / kFewerCases; ++step) {
         typename Slow::Block source;
         for (unsigned n = below(random() % 8 == 0 ? 300 : 12); n != 0; --n) {
             source += static_cast<Unit>(below(10) == 0 ? 0 : 1 + below(sizeof(Unit) == 1 ? 255 : 65535));

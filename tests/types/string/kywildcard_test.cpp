@@ -9,6 +9,7 @@
 #include "kystring.h"
 #include "oracle/slow_strwild.h"
 #include "oracle/slow_wildcards.h"
+#include "support/fewer_cases.h"
 #include "support/guarded_buffer.h"
 
 namespace {
@@ -158,7 +159,7 @@ TEST(Strwild, NullIsEmpty) {
 
 TEST(Strwild, AgreesWithTheSlowMatchers) {
     std::mt19937 random(20);
-    for (int round = 0; round < 1500000; ++round) {
+    for (int round = 0; round < 1500000 / kFewerCases; ++round) {
         const std::string pattern = Random(random, "aaab*?\\n", 8);
         const std::string text = Random(random, "aab\\\n", 10);
         const int expected = SlowWild(pattern, text, PlainMode(), PlainMode());
@@ -171,7 +172,7 @@ TEST(Strwild, AgreesWithTheSlowMatchers) {
 
 TEST(Strwild, AgreesOnLongTexts) {
     std::mt19937 random(21);
-    for (int round = 0; round < 60000; ++round) {
+    for (int round = 0; round < 60000 / kFewerCases; ++round) {
         const std::string text = Random(random, round % 2 == 0 ? "ab" : "aaaaaaaaab", 300);
         std::string pattern;
         for (std::size_t at = 0; at < text.size(); ++at) {
@@ -279,7 +280,7 @@ TEST(Istrwild, Kept_BytesThatShareADiskByteMatch) {
 
 TEST(Istrwild, AgreesWithTheSlowMatcher) {
     std::mt19937 random(22);
-    for (int round = 0; round < 300000; ++round) {
+    for (int round = 0; round < 300000 / kFewerCases; ++round) {
         const std::string pattern = Random(random, "a\xAC\x90\x98\xA1\xC0*?\\", 6);
         const std::string text = Random(random, "a\xAC\x90\x98\xA1\xC0", 7);
         for (int modes = 0; modes < 4; ++modes) {
@@ -360,7 +361,7 @@ TEST(Caseistrwild, Kept_AKeyIsConvertedUnlessItIsInDiskForm) {
 TEST(Caseistrwild, AgreesWithTheSlowMatcher) {
     std::mt19937 random(23);
     const std::string letters = "aAsSoO\xDF\x9C\xC1\xF6\x54\x90\x69";
-    for (int round = 0; round < 1000000; ++round) {
+    for (int round = 0; round < 1000000 / kFewerCases; ++round) {
         const std::string some = Random(random, letters, 3) + "aoS";
         const std::string pattern = Random(random, some + "**?\\", 7);
         const std::string text = Random(random, some, 8);

@@ -11,6 +11,7 @@
 #include "broken_texts.h"
 #include "oracle/slow_multibyte.h"
 #include "oracle/slow_utf8.h"
+#include "support/fewer_cases.h"
 #include "support/guarded_buffer.h"
 #include "support/hex.h"
 
@@ -79,7 +80,7 @@ TEST(Utf8Kernels, DecodeWhatTheSlowTwinDecodes) {
     TextGenerator generator(1);
     Area in(2000);
     Area out(2000);
-    for (int i = 0; i < 400000; ++i) {
+    for (int i = 0; i < 400000 / kFewerCases; ++i) {
         const std::string text = generator.Broken(generator.Below(i % 8 == 0 ? 300 : 60));
         const std::size_t room = generator.Below(4) == 0 ? generator.Below(80) : 1000;
         const Decoded wanted = SlowKernel(text, room);
@@ -118,7 +119,7 @@ TEST(Utf8Kernels, EncodeWhatTheSlowTwinEncodes) {
     TextGenerator generator(11);
     Area in(2001);
     Area out(3000);
-    for (int i = 0; i < 100000; ++i) {
+    for (int i = 0; i < 100000 / kFewerCases; ++i) {
         std::u16string units = SlowReadUnits(generator.Whole(generator.Below(i % 8 == 0 ? 300 : 60))).units;
         if (generator.Below(3) == 0 && !units.empty()) {
             units[generator.Below(static_cast<unsigned>(units.size()))] = 0;
@@ -163,7 +164,7 @@ TEST(Utf8Kernels, EncodeBytesOfEveryCodeSet) {
     TextGenerator generator(21);
     Area in(400);
     Area out(1200);
-    for (int i = 0; i < 50000; ++i) {
+    for (int i = 0; i < 50000 / kFewerCases; ++i) {
         std::string bytes;
         const unsigned others = generator.Below(4) == 0 ? 100 : generator.Below(10);
         for (unsigned n = generator.Below(i % 8 == 0 ? 400 : 50); n != 0; --n) {
