@@ -14,13 +14,13 @@ template <class T>
 requires std::is_trivially_copyable_v<T>
 inline T LoadAs(const void* from) {
     T value;
-    std::memcpy(&value, from, sizeof value);
+    std::memcpy(&value, from, sizeof(T));  // NOLINT(bugprone-sizeof-expression): a pointer is a value, too
     return value;
 }
 
 template <class T>
 requires std::is_trivially_copyable_v<T>
-inline void StoreAs(void* to, T value) { std::memcpy(to, &value, sizeof value); }
+inline void StoreAs(void* to, T value) { std::memcpy(to, &value, sizeof(T)); }
 
 /// The number with its bytes in reversed order.
 template <class T>

@@ -1,6 +1,6 @@
 #include "explanation.h"
 
-#include <cstdio>
+#include <charconv>
 
 #include "attribute_texts.h"
 #include "texts.h"
@@ -13,8 +13,8 @@ namespace {
 std::string Percent(double share) {
     constexpr std::size_t enough = 32;
     char text[enough];
-    std::snprintf(text, sizeof text, "%.3g %%", share * 100);
-    return text;
+    char* const end = std::to_chars(text, text + enough, share * 100, std::chars_format::general, 3).ptr;
+    return std::string(text, end) + " %";
 }
 
 std::string Count(std::size_t count, const char* what) {

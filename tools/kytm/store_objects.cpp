@@ -13,6 +13,7 @@ namespace {
 std::vector<const engine::Attribute*> AttributesOf(const engine::Class& objectClass,
                                                    const std::vector<std::size_t>& columns) {
     std::vector<const engine::Attribute*> attributes;
+    attributes.reserve(columns.size());
     for (const std::size_t column : columns) attributes.push_back(&objectClass.attributes[column]);
     return attributes;
 }

@@ -31,7 +31,7 @@ void CopyToNew(KyBlobData& block, const void* bytes, std::size_t size);
 inline bool KeepsBuffer(const KyBlobData& block, std::size_t size) {
     constexpr std::size_t mostSpare = 128;
     const auto length = static_cast<std::size_t>(block.length);
-    return size != 0 && size <= length && length <= size + mostSpare;
+    return block.data != nullptr && size != 0 && size <= length && length <= size + mostSpare;
 }
 
 /// Replaces the bytes by a copy of `size` others, not more than `kMostBlobBytes`.

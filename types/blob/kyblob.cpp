@@ -52,14 +52,23 @@ KyBlob::KyBlob(const KyBlob& other) : KyBlob(Null()) { *this = other; }
 
 KyBlob& KyBlob::operator=(const KyBlob& other) {
     if (this == &other) return *this;
-    if (other.block != nullptr) return Fill(other.block->data, static_cast<std::size_t>(other.block->length));
-    SetNullValue();
+    if (other.block != nullptr) {
+        Fill(other.block->data, static_cast<std::size_t>(other.block->length));
+    } else {
+        SetNullValue();
+    }
     return *this;
 }
 
-KyBlob& KyBlob::operator=(const char* s) { return Fill(s, s != nullptr ? std::strlen(s) + 1 : 0); }
+KyBlob& KyBlob::operator=(const char* s) {
+    Fill(s, s != nullptr ? std::strlen(s) + 1 : 0);
+    return *this;
+}
 
-KyBlob& KyBlob::SetTo(const void* p, int n) { return Fill(p, p != nullptr && n > 0 ? static_cast<std::size_t>(n) : 0); }
+KyBlob& KyBlob::SetTo(const void* p, int n) {
+    Fill(p, p != nullptr && n > 0 ? static_cast<std::size_t>(n) : 0);
+    return *this;
+}
 
 int KyBlob::SetNullValue() {
     if (block != nullptr) std::free(block->data);
@@ -107,12 +116,11 @@ KyBlob::operator int() const { return FirstBytes<int>(); }
 KyBlob::operator double() const { return FirstBytes<double>(); }
 
 /// Becomes a value of these bytes.
-KyBlob& KyBlob::Fill(const void* p, std::size_t n) {
+void KyBlob::Fill(const void* p, std::size_t n) {
     if (n > ky::kMostBlobBytes) {
         KyCallMemoryHandler(n);
-        return *this;
+        return;
     }
     if (block == nullptr) block = new KyBlobData;
     ky::FillBytes(*block, p, n);
-    return *this;
 }

@@ -160,7 +160,7 @@ unsigned StoreOne(void* dst, const KyBlobData* block, unsigned char form) {
     WriteField(dst, total, form);
     WriteField(ky::Advance(dst, kField), length, form);
     if (block == nullptr) return kField + total;
-    return ky::CopyRun(ky::Advance(dst, 2 * kField), block->data, length, kField + total);
+    return ky::CopyRun(ky::Advance(dst, std::size_t{kField} * 2), block->data, length, kField + total);
 }
 
 unsigned CopyRecord(void* dst, unsigned dstLen, void* src, unsigned char srcFlag, unsigned srcLen, unsigned count) {
@@ -200,7 +200,7 @@ unsigned BlobLoad(void* dst, const void* src, unsigned char flag, unsigned count
             const std::uint32_t length = ReadField(ky::Advance(src, kField), form);
             if (length <= total - kField && ky::KeepsBuffer(*block, length)) {
                 block->length = static_cast<int>(length);
-                return ky::CopyRun(block->data, ky::Advance(src, 2 * kField), length, kField + total);
+                return ky::CopyRun(block->data, ky::Advance(src, std::size_t{kField} * 2), length, kField + total);
             }
         }
     }

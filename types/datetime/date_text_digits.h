@@ -12,7 +12,7 @@ namespace ky {
 
 inline constexpr auto kTwoDigits = [] {
     std::array<char, 200> digits{};
-    for (unsigned i = 0; i < 100; ++i) {
+    for (std::size_t i = 0; i < 100; ++i) {
         digits[2 * i] = static_cast<char>('0' + i / 10);
         digits[2 * i + 1] = static_cast<char>('0' + i % 10);
     }

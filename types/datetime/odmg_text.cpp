@@ -18,8 +18,10 @@ constexpr int kNanosecondsPerHundredth = 10000000;
 
 void SetParts(DateTimeParts& parts, const d_Date& date) {
     parts.year = date.year();
+    // NOLINTBEGIN(bugprone-signed-char-misuse,cert-str34-c): 255 stands for any value, as -1 does in the parts
     parts.month = static_cast<signed char>(date.month());
     parts.day = static_cast<signed char>(date.day());
+    // NOLINTEND(bugprone-signed-char-misuse,cert-str34-c)
 }
 
 void SetParts(DateTimeParts& parts, const d_Time& time) {

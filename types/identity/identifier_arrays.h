@@ -24,10 +24,12 @@ unsigned IdentifierSize(unsigned char toFlag, unsigned count) {
 template <class Facts>
 unsigned StoreIdentifiers(void* dst, const void* src, unsigned char flag, unsigned count) {
     const bool reversed = (flag & KyFormMask) == KyFormReversed;
-    if (count == 1) {
-        reversed ? Facts::template StoreElement<true>(dst, src) : Facts::template StoreElement<false>(dst, src);
-    } else {
+    if (count != 1) {
         MoveIdentifiers(Facts::kStore, reversed, dst, src, count);
+    } else if (reversed) {
+        Facts::template StoreElement<true>(dst, src);
+    } else {
+        Facts::template StoreElement<false>(dst, src);
     }
     return StoredSize<Facts>(count);
 }
@@ -35,10 +37,12 @@ unsigned StoreIdentifiers(void* dst, const void* src, unsigned char flag, unsign
 template <class Facts>
 unsigned LoadIdentifiers(void* dst, const void* src, unsigned char flag, unsigned count) {
     const bool reversed = (flag & KyFormMask) == KyFormReversed;
-    if (count == 1) {
-        reversed ? Facts::template LoadElement<true>(dst, src) : Facts::template LoadElement<false>(dst, src);
-    } else {
+    if (count != 1) {
         MoveIdentifiers(Facts::kLoad, reversed, dst, src, count);
+    } else if (reversed) {
+        Facts::template LoadElement<true>(dst, src);
+    } else {
+        Facts::template LoadElement<false>(dst, src);
     }
     return StoredSize<Facts>(count);
 }

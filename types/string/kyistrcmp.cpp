@@ -122,7 +122,7 @@ static_assert(AsciiKeysDiffer<ky::CaseApart>() && AsciiKeysDiffer<ky::CaseAlike>
                                            unsigned maxLen, int& result) {
     const unsigned keyA = keys.keys[Code(a[at])];
     const unsigned keyB = keys.keys[Code(b[at])];
-    const bool areAscii = Code(a[at] | b[at]) < 0x80;
+    const bool areAscii = (Code(a[at]) | Code(b[at])) < 0x80;
     if (!areAscii && (ByteKeys::HasSecond(keyA | keyB) || keyA == keyB)) [[unlikely]]
         return false;
     // A byte is one or two keys. No limit is 0, and none is reached here.
