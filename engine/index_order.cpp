@@ -4,6 +4,7 @@
 #include <climits>
 #include <utility>
 
+#include "first_orders.h"
 #include "lmdb_call.h"
 #include "pattern.h"
 #include "types.h"
@@ -12,14 +13,21 @@ namespace engine {
 
 namespace {
 
-constexpr unsigned kFoldings = 4;
-constexpr unsigned kForms = 2;
+constexpr std::size_t kFoldings = 4;
+constexpr std::size_t kForms = 2;
+
+/// Bytes of a key whose last character has orders behind those that count: a record, and zeros behind it. The records
+/// of others are shorter.
+constexpr std::size_t kBeyondKey = 500;
+
+/// As many characters as orders can take: three that count as one, but the last, of which four count as two.
+constexpr std::size_t kMostCharacters = std::size_t{3} * kOrdersOfKey + 1;
+static_assert(2 * kMostCharacters < kBeyondKey - 16, "a character has two bytes, its record a few more");
 
 /// The types' Compare, taken from the rows once: a comparison is then one call.
 const std::array<KyCompareFunc*, KyTypeIdLimit> kCompare = [] {
     std::array<KyCompareFunc*, KyTypeIdLimit> slots{};
-    for (int id = 0; id < KyTypeIdLimit; ++id)
-        slots[static_cast<std::size_t>(id)] = Types().CmpFuncPtrGet(static_cast<char>(id));
+    for (std::size_t id = 0; id < slots.size(); ++id) slots[id] = Types().CmpFuncPtrGet(static_cast<char>(id));
     return slots;
 }();
 
@@ -28,10 +36,16 @@ constexpr unsigned short OperatorOf(unsigned folding) {
                                        ((folding & 2U) != 0 ? KyCmpIgnoreAccent : 0));
 }
 
+bool IsBeyond(std::size_t keySize) { return keySize == kBeyondKey; }
+
 /// LMDB tells its order nothing but the two keys, so that each type, form and folding has an order of its own. The
 /// number of elements is known to the keys' lengths; an array goes on until one of them ends.
 template <std::size_t Type, unsigned char Form, unsigned Folded, bool Array>
 int CompareKeys(const MDB_val* a, const MDB_val* b) {
+    if constexpr (Type == KySTRING_T && !Array) {
+        if (IsBeyond(a->mv_size) || IsBeyond(b->mv_size))
+            return CompareFirstOrders(Form, AsBytes(*a), AsBytes(*b), OperatorOf(Folded), kOrdersOfKey);
+    }
     int err = 0;
     return kCompare[Type](Form, static_cast<unsigned>(a->mv_size), a->mv_data, static_cast<unsigned>(b->mv_size),
                           b->mv_data, OperatorOf(Folded), Array ? UINT_MAX : 1, err);
@@ -57,11 +71,9 @@ unsigned FoldingNumber(const Folding& folding) {
 
 }  // namespace
 
-unsigned short IndexOperator(const Folding& folding) { return OperatorOf(FoldingNumber(folding)); }
-
 MDB_cmp_func* IndexOrder(const Attribute& attribute, unsigned char form) {
     const std::size_t formAt = form == KyFormReversed ? 1 : 0;
-    return kOrders[static_cast<std::size_t>(attribute.type)]
+    return kOrders[static_cast<unsigned char>(attribute.type)]
                   [(formAt * kFoldings + FoldingNumber(*attribute.index)) * 2 + (attribute.count > 1 ? 1 : 0)];
 }
 
@@ -73,20 +85,25 @@ int CompareAsIndexed(const Attribute& attribute, unsigned char form, Bytes a, By
 
 bool IsCut(const Attribute& attribute, unsigned char form, Bytes key) {
     if (attribute.type != KySTRING_T) return false;
-    return Types().DiskLenGet(attribute.type, const_cast<unsigned char*>(key.data()), form, 1, form) > key.size();
+    return IsBeyond(key.size()) || BeginningOf(form, key, kOrdersOfKey).isReached;
+}
+
+bool EndsBeyondOrders(const Attribute& attribute, Bytes key) {
+    return attribute.type == KySTRING_T && IsBeyond(key.size());
 }
 
 Bytes IndexKey(const Attribute& attribute, unsigned char form, Bytes stored, std::vector<unsigned char>& scratch) {
-    if (!IsString(attribute.type) || stored.size() <= kLongestKey) return stored;
+    if (!IsString(attribute.type)) return stored;
     if (attribute.type != KySTRING_T) {
+        if (stored.size() <= kLongestKey) return stored;
         scratch = FirstCharacters(attribute.type, form, stored, kLongestDictionaryKey);
         return scratch;
     }
-    scratch.resize(kLongestKey);
-    const unsigned size =
-        Types().Translate(attribute.type, scratch.data(), form, kLongestKey, const_cast<unsigned char*>(stored.data()),
-                          form, static_cast<unsigned>(stored.size()), 1);
-    return {scratch.data(), size};
+    const Beginning beginning = BeginningOf(form, stored, kOrdersOfKey);
+    if (!beginning.isReached && stored.size() < kBeyondKey) return stored;
+    scratch = FirstCharacters(attribute.type, form, stored, beginning.characters);
+    if (!beginning.isExact) scratch.resize(kBeyondKey);
+    return scratch;
 }
 
 }  // namespace engine

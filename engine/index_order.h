@@ -3,9 +3,11 @@
 
 /// Index keys and their order.
 ///
-/// The key of an attribute of fixed size is its persistent form. The key of a string is its record, cut to 253 bytes by
-/// the type manager's Translate; that of a dictionary string of more bytes is the record of its first 120 characters.
-/// Keys are ordered by the type's Compare, exact (no wildcards), with the index's folding.
+/// The key of an attribute of fixed size is its persistent form. The key of a string is its record as far as its first
+/// 80 orders go, whatever characters they are of: so keys are never in another order than their texts. A last character
+/// that has orders behind these is in the key as a whole; zeros fill the key up to 500 bytes then, which tell that no
+/// more than 80 orders of it count. The key of a dictionary string of more than 253 bytes is the record of its first
+/// 120 characters. Keys are ordered by the type's Compare, exact (no wildcards), with the index's folding.
 
 #include <lmdb.h>
 
@@ -16,15 +18,16 @@
 
 namespace engine {
 
-/// Bytes of a key at the most; shorter than what LMDB takes.
+/// Bytes of a key at the most, but for those of strings; and of a limit of a scan.
 inline constexpr unsigned kLongestKey = 253;
+
+/// Orders of a string that its key tells. Up to three characters of two bytes count as one, and LMDB takes keys of 511
+/// bytes.
+inline constexpr unsigned short kOrdersOfKey = 80;
 
 /// Characters of the key of a dictionary string that is cut. Compare refuses constants of more than 253 key bytes, and
 /// a character has two of them at the most.
 inline constexpr unsigned short kLongestDictionaryKey = 120;
-
-/// The compare-operator word of an index.
-unsigned short IndexOperator(const Folding& folding);
 
 /// The order of an attribute's index, as LMDB calls it. The attribute has an index.
 MDB_cmp_func* IndexOrder(const Attribute& attribute, unsigned char form);
@@ -35,6 +38,9 @@ int CompareAsIndexed(const Attribute& attribute, unsigned char form, Bytes a, By
 /// Whether a key is that of strings which may differ behind its end. Those of dictionary strings that do count as
 /// equal.
 bool IsCut(const Attribute& attribute, unsigned char form, Bytes key);
+
+/// Whether a key's record says more than the key: its last character has orders that do not count.
+bool EndsBeyondOrders(const Attribute& attribute, Bytes key);
 
 /// The key of a stored value, in the same form. For strings it is made in `scratch`, else it is the value itself.
 Bytes IndexKey(const Attribute& attribute, unsigned char form, Bytes stored, std::vector<unsigned char>& scratch);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "first_orders.h"
 #include "index_order.h"
 #include "pattern.h"
 #include "types.h"
@@ -14,9 +15,13 @@ namespace {
 constexpr unsigned short kRelationBits = KyCmpEqual | KyCmpLess | KyCmpGreater;
 constexpr unsigned short kNotEqual = KyCmpLess | KyCmpGreater;
 
-/// So many characters of a constant that may be longer than a key bound a scan from below.
+/// So many characters of a dictionary string that may be longer than a key bound a scan from below.
 constexpr unsigned short kCharactersOfBound = 60;
 static_assert(2 * kCharactersOfBound <= kLongestDictionaryKey, "a character may count as two");
+
+/// So many orders of another, which fit into a limit.
+constexpr unsigned short kOrdersOfBound = 40;
+static_assert(2 * 3 * kOrdersOfBound + 6 <= kLongestKey, "a character may have two bytes, an order three characters");
 
 Folding FoldingOf(unsigned short op) {
     return {.ignoreCase = (op & KyCmpIgnoreCase) != 0, .ignoreAccent = (op & KyCmpIgnoreAccent) != 0};
@@ -67,7 +72,7 @@ void Narrowing::Add(const Comparison& comparison, const StoredConstant& constant
 /// of keys, of every type and folding.
 void Narrowing::AddPattern(const Comparison& comparison, const StoredConstant& constant) {
     const bool bounds = (comparison.op & KyCmpLess) == 0;
-    const std::vector<unsigned char> begin = FirstCharacters(attribute.type, Form(), constant, kCharactersOfBound);
+    const std::vector<unsigned char> begin = BeginningOfBound(constant);
     if (attribute.type != KySTRING_T) {
         // The limit that is recorded of them would be the pattern as it stands.
         Estimate(comparison.op, constant, nullptr);
@@ -76,27 +81,58 @@ void Narrowing::AddPattern(const Comparison& comparison, const StoredConstant& c
         Estimate(comparison.op, begin, &scan.range.Bounds());
     } else {
         Estimate(comparison.op, begin, nullptr);
-        if (bounds) scan.range.AddLower(begin);
+        if (bounds) AddLowerUpToEscape(comparison.op, begin);
     }
     if ((comparison.op & KyCmpGreater) == 0) scan.last = &comparison;
+}
+
+std::vector<unsigned char> Narrowing::BeginningOfBound(const StoredConstant& constant) const {
+    if (attribute.type == KySTRING_T) return FirstOrders(Form(), constant, kOrdersOfBound);
+    return FirstCharacters(attribute.type, Form(), constant, kCharactersOfBound);
+}
+
+/// EvalAndBound records a text as far as it means itself under the operator.
+void Narrowing::AddLowerUpToEscape(unsigned short op, Bytes begin) {
+    auto fromThere = static_cast<unsigned short>((op & ~kRelationBits) | KyCmpGreater | KyCmpEqual);
+    Types().EvalAndBound(attribute.type, nullptr, fromThere, const_cast<unsigned char*>(begin.data()), Form(), 1,
+                         &scan.range.Bounds(), nullptr);
 }
 
 /// Whether a string may be that keys are cut before it ends. Those of dictionary strings are cut by characters, and
 /// order before what is as long as they are.
 bool Narrowing::MayBeLonger(const StoredConstant& constant) const {
-    if (attribute.type == KySTRING_T) return constant.size() > kLongestKey;
+    if (attribute.type == KySTRING_T)
+        return constant.size() > kLongestKey || BeginningOf(Form(), constant, kOrdersOfKey).isReached;
     const auto mayCountAsTwo = [](unsigned char byte) { return byte >= 0x80; };
     const auto asTwo = std::ranges::count_if(constant, mayCountAsTwo);
     return constant.size() + static_cast<std::size_t>(asTwo) > kLongestDictionaryKey;
 }
 
-/// A constant that may be longer than keys: its first characters bound it from below, and from above it is compared
-/// itself.
+/// A constant that may be longer than keys: its own key is its limit, if it is one of strings that can be. Else its
+/// beginning bounds it from below, and from above it is compared itself.
 void Narrowing::AddLong(const Comparison& comparison, const StoredConstant& constant) {
-    const std::vector<unsigned char> begin = FirstCharacters(attribute.type, Form(), constant, kCharactersOfBound);
+    const bool fromThere = (comparison.op & KyCmpLess) == 0;
+    const bool upToThere = (comparison.op & KyCmpGreater) == 0;
+    const std::vector<unsigned char> begin = BeginningOfBound(constant);
     Estimate(static_cast<unsigned short>(comparison.op | KyCmpExact), begin, nullptr);
-    if ((comparison.op & KyCmpLess) == 0) scan.range.AddLower(begin);
-    if ((comparison.op & KyCmpGreater) == 0) scan.last = &comparison;
+    std::vector<unsigned char> scratch;
+    const Bytes key = IndexKey(attribute, Form(), constant, scratch);
+    if (attribute.type == KySTRING_T && key.size() <= kLongestKey && MeansItself(comparison.op, constant)) {
+        if (fromThere) scan.range.AddLower(key);
+        if (upToThere) scan.range.AddUpper(key);
+        return;
+    }
+    if (fromThere && attribute.type == KySTRING_T) AddLowerUpToEscape(comparison.op, begin);
+    if (fromThere && attribute.type != KySTRING_T) scan.range.AddLower(begin);
+    if (upToThere) scan.last = &comparison;
+}
+
+/// Whether a constant that is no pattern has no escapes either, which would make another text of it.
+bool Narrowing::MeansItself(unsigned short op, const StoredConstant& constant) const {
+    auto* const bytes = const_cast<unsigned char*>(constant.data());
+    const auto size = static_cast<unsigned>(constant.size());
+    int err = 0;
+    return Types().Cmp(attribute.type, size, bytes, size, bytes, op, 1, Form(), err) == 0;
 }
 
 /// Null and the text without characters are the same unless texts are compared exactly, as the index does: such a
@@ -150,7 +186,7 @@ KyIdxBounds Narrowing::KnownBounds() const {
     if (!limits || limits->first.empty()) return known;
     const auto set = [](void*& limit, unsigned char& length, Bytes key) {
         limit = const_cast<unsigned char*>(key.data());
-        length = static_cast<unsigned char>(key.size());
+        length = static_cast<unsigned char>(std::min<std::size_t>(key.size(), kLongestKey));
     };
     const auto order = [&](Bytes a, Bytes b) { return CompareAsIndexed(attribute, Form(), a, b); };
     const KeyRange& range = scan.range;

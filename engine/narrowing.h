@@ -48,9 +48,12 @@ private:
 
     unsigned char Form() const { return layout.Form(); }
     void AddPattern(const Comparison& comparison, const StoredConstant& constant);
+    std::vector<unsigned char> BeginningOfBound(const StoredConstant& constant) const;
+    void AddLowerUpToEscape(unsigned short op, Bytes begin);
     void AddLong(const Comparison& comparison, const StoredConstant& constant);
     void AddAbsent(const Comparison& comparison, const StoredConstant& constant);
     bool MayBeLonger(const StoredConstant& constant) const;
+    bool MeansItself(unsigned short op, const StoredConstant& constant) const;
     bool IsAbsent(const StoredConstant& constant) const;
     void Estimate(unsigned short op, Bytes key, KyIdxBounds* narrowed);
     bool StandsApart(Bytes key) const;

@@ -1,5 +1,7 @@
 #include "pattern.h"
 
+#include <algorithm>
+
 #include "kyistring.h"
 #include "kystrcmp.h"
 #include "kystring.h"
@@ -7,16 +9,6 @@
 #include "value.h"
 
 namespace engine {
-
-namespace {
-
-Value Loaded(char type, unsigned char form, Bytes stored) {
-    Value value(type);
-    value.Load(stored, form);
-    return value;
-}
-
-}  // namespace
 
 bool IsPattern(char type, unsigned char form, Bytes constant, unsigned short op) {
     if (!IsString(type)) return false;
@@ -66,7 +58,9 @@ std::vector<unsigned char> DictionaryPrefix(char type, unsigned char form, Bytes
 std::vector<unsigned char> FirstCharacters(char type, unsigned char form, Bytes stored, unsigned short most) {
     const Value value = Loaded(type, form, stored);
     if (type == KySTRING_T) {
-        static_cast<KyString*>(value.Get())->Cut(most, -1);
+        auto& text = *static_cast<KyString*>(value.Get());
+        const unsigned short kept = std::min(most, text.Len());
+        text = kept != 0 ? text.Left(kept) : KyString(text.CodeSetGet(), text.LanguageGet());
     } else if (type == KyISTRING_T) {
         static_cast<KyIString*>(value.Get())->Cut(most, -1);
     } else {

@@ -19,7 +19,7 @@ bool MatchesPattern(char type, unsigned char form, Bytes value, Bytes pattern, u
 /// The record of the text before the first wildcard or escape of a stored dictionary string (type 20 or 21).
 std::vector<unsigned char> DictionaryPrefix(char type, unsigned char form, Bytes pattern);
 
-/// The record of the first characters of a stored string, `most` of them; as it is when it has no more.
+/// The record of the first characters of a stored string, `most` of them, or of all when it has no more.
 std::vector<unsigned char> FirstCharacters(char type, unsigned char form, Bytes stored, unsigned short most);
 
 }  // namespace engine

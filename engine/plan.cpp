@@ -56,8 +56,9 @@ public:
         if (path.share > kWorthAnIndex) path = AccessPath();
         if (!CanWalk()) return path;
         AccessPath walk = Walk();
-        if (walk.kind == AccessPath::Kind::oneIndex && TimeOfWalk(walk) < TimeOf(path)) return walk;
-        return path;
+        if (walk.kind != AccessPath::Kind::oneIndex || TimeOfWalk(walk) >= TimeOf(path)) return path;
+        if (query.limit) Cap(walk, std::move(path));
+        return walk;
     }
 
 private:
@@ -176,6 +177,16 @@ private:
         double read = kept > 0 ? all * std::min(Limit() / kept, 1.0) : all;
         if (query.order.size() > 1) read = std::min(read + EntriesOfFirstKey(walk.scan), all);
         return kFind * read;
+    }
+
+    /// What the condition keeps may be much less than it is taken to keep, and the limit far away.
+    void Cap(AccessPath& walk, AccessPath otherwise) const {
+        walk.mostVisits =
+            static_cast<std::size_t>(std::ceil(std::max(TimeOf(AccessPath()), TimeOf(otherwise)) / kFind));
+        // A scan of the same index would find a good part of it to be read.
+        const bool isSameIndex =
+            otherwise.kind == AccessPath::Kind::oneIndex && otherwise.scan.attribute == walk.scan.attribute;
+        walk.instead.push_back(isSameIndex ? AccessPath() : std::move(otherwise));
     }
 
     double EntriesOfFirstKey(const IndexScan& scan) const {

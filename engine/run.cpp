@@ -119,23 +119,15 @@ private:
 
     bool IsBehind(const IndexScan& scan, Bytes key) const {
         const Attribute& attribute = AttributeOf(scan);
-        if (scan.range.HasUpper() && OrdersBehind(attribute, key, scan.range.Upper(), IndexOperator(*attribute.index)))
-            return true;
-        return scan.last != nullptr && OrdersBehind(attribute, key, constants[scan.last->constant], scan.last->op);
-    }
-
-    /// Keys that were cut say by the error that they are alike as far as they go: what they are of may lie on either
-    /// side. Patterns say so whatever comes out, and are compared no further than the key goes.
-    bool OrdersBehind(const Attribute& attribute, Bytes key, Bytes limit, unsigned short op) const {
+        const unsigned char form = snapshot.Of().Form();
+        if (scan.range.HasUpper() && CompareAsIndexed(attribute, form, key, scan.range.Upper()) > 0) return true;
+        // Texts with that key may lie on the other side of what it says beyond what counts.
+        if (scan.last == nullptr || EndsBeyondOrders(attribute, key)) return false;
+        const StoredConstant& last = constants[scan.last->constant];
         int err = 0;
-        const int order = Order(attribute, key, limit, op, err);
-        return order > 0 && (err != KyErrBufferEnd || IsPattern(attribute.type, snapshot.Of().Form(), limit, op));
-    }
-
-    int Order(const Attribute& attribute, Bytes key, Bytes limit, unsigned short op, int& err) const {
         return Types().Cmp(attribute.type, static_cast<unsigned>(key.size()), const_cast<unsigned char*>(key.data()),
-                           static_cast<unsigned>(limit.size()), const_cast<unsigned char*>(limit.data()), op, 1,
-                           snapshot.Of().Form(), err);
+                           static_cast<unsigned>(last.size()), const_cast<unsigned char*>(last.data()), scan.last->op,
+                           1, form, err) > 0;
     }
 };
 
@@ -180,34 +172,112 @@ public:
     bool WantsMore() const { return left != 0; }
     /// Whether more is wanted.
     bool Take(const Object& object) {
+        ++taken;
         left = take(object) ? left - 1 : 0;
         return WantsMore();
     }
-    /// Takes the first of them in the order, and forgets all.
-    bool TakeSorted(std::vector<Object>& objects, const ObjectOrder& order) {
-        const auto end = objects.begin() + static_cast<std::ptrdiff_t>(std::min(left, objects.size()));
-        std::partial_sort(objects.begin(), end, objects.end(), std::cref(order));
-        for (auto object = objects.begin(); object != end && Take(*object); ++object) {
+    /// Takes the first of them in the order, but for those that it begins with and that were taken, and forgets all.
+    bool TakeSorted(std::vector<Object>& objects, const ObjectOrder& order, std::size_t alreadyTaken = 0) {
+        const std::size_t begin = std::min(alreadyTaken, objects.size());
+        const std::size_t end = begin + std::min(left, objects.size() - begin);
+        const auto at = [&objects](std::size_t i) { return objects.begin() + static_cast<std::ptrdiff_t>(i); };
+        std::partial_sort(objects.begin(), at(end), objects.end(), std::cref(order));
+        for (std::size_t i = begin; i < end && Take(objects[i]); ++i) {
         }
         objects.clear();
         return WantsMore();
     }
+    std::size_t Taken() const { return taken; }
 
 private:
     const std::function<bool(const Object&)>& take;
     std::size_t left;
+    std::size_t taken = 0;
 };
 
-/// Whether the index leaves open which of two neighbouring keys' objects comes first.
-bool LeavesOpen(const Attribute& attribute, unsigned char form, Bytes a, Bytes b) {
-    if (a.data() == b.data()) return true;
-    if (!IsCut(attribute, form, a) && !IsCut(attribute, form, b)) return false;
-    int err = 0;
-    Types().Cmp(attribute.type, static_cast<unsigned>(a.size()), const_cast<unsigned char*>(a.data()),
-                static_cast<unsigned>(b.size()), const_cast<unsigned char*>(b.data()), IndexOperator(*attribute.index),
-                1, form, err);
-    return err == KyErrBufferEnd;
-}
+/// One run of a query.
+class Execution {
+public:
+    Execution(const Snapshot& snapshot, const RecordLayout& aLayout, const Query& aQuery,
+              const std::vector<StoredConstant>& constants, const std::function<bool(const Object&)>& take)
+        : layout(aLayout),
+          query(aQuery),
+          test(aLayout, aQuery.where, constants),
+          candidates(snapshot, aQuery, constants, result.entries),
+          order(aLayout, aQuery.order),
+          output(take, aQuery.limit.value_or(SIZE_MAX)) {}
+
+    RunResult Run(const AccessPath& path) {
+        if (!path.inOrder) {
+            Read(path);
+        } else if (!Walk(path)) {
+            result.wasGivenUp = true;
+            result.found = 0;
+            unsorted.clear();
+            Read(path.instead.front());
+        }
+        return std::move(result);
+    }
+
+private:
+    const RecordLayout& layout;
+    const Query& query;
+    const ConditionTest test;
+    RunResult result;
+    const Candidates candidates;
+    const ObjectOrder order;
+    Output output;
+    std::vector<Object> unsorted;
+
+    bool IsFound(const Object& object) {
+        ++result.visited;
+        const bool holds = test.Holds(object.record);
+        if (holds) ++result.found;
+        return holds;
+    }
+
+    /// Objects in any order, which are sorted.
+    void Read(const AccessPath& path) {
+        candidates.ForEach(path, [&](const Object& object) {
+            if (!IsFound(object)) return true;
+            if (query.order.empty()) return output.Take(object);
+            unsorted.push_back(object);
+            return true;
+        });
+        Finish();
+    }
+
+    void Finish() {
+        result.endedEarly = !output.WantsMore();
+        if (output.WantsMore()) output.TakeSorted(unsorted, order, result.wasGivenUp ? output.Taken() : 0);
+    }
+
+    /// Objects in the order of an index. False when that was given up.
+    bool Walk(const AccessPath& path) {
+        const Attribute& attribute = layout.Of().attributes[path.scan.attribute];
+        bool isGivenUp = false;
+        bool isSorted = false;  // those of one key are
+        Bytes lastKey;
+        candidates.ForEachByKey(path.scan, [&](Bytes key, const Object& object) {
+            if (key.data() != lastKey.data()) {
+                if (!unsorted.empty() && !output.TakeSorted(unsorted, order)) return false;
+                isSorted = query.order.size() == 1 && !IsCut(attribute, layout.Form(), key);
+                lastKey = key;
+            }
+            if (IsFound(object)) {
+                if (!isSorted) {
+                    unsorted.push_back(object);
+                } else if (!output.Take(object)) {
+                    return false;
+                }
+            }
+            isGivenUp = result.visited >= path.mostVisits;
+            return !isGivenUp;
+        });
+        if (!isGivenUp) Finish();
+        return !isGivenUp;
+    }
+};
 
 }  // namespace
 
@@ -253,48 +323,13 @@ void PreparedQuery::Bind(std::size_t constant, void* value) {
 
 RunResult PreparedQuery::Run(const Snapshot& snapshot, const AccessPath& path,
                              const std::function<bool(const Object&)>& take) const {
-    RunResult result;
-    const RecordLayout& layout = store->Layout(query.classAt);
-    const ConditionTest test(layout, query.where, constants);
     if (query.limit == 0U) {
-        result.entries.resize(Scans(path).size());
-        result.endedEarly = true;
-        return result;
+        RunResult nothing;
+        nothing.entries.resize(Scans(path).size());
+        nothing.endedEarly = true;
+        return nothing;
     }
-    const auto isFound = [&](const Object& object) {
-        ++result.visited;
-        const bool holds = test.Holds(object.record);
-        if (holds) ++result.found;
-        return holds;
-    };
-    const Candidates candidates(snapshot, query, constants, result.entries);
-    const ObjectOrder order(layout, query.order);
-    Output output(take, query.limit.value_or(SIZE_MAX));
-    std::vector<Object> unsorted;
-    if (path.inOrder) {
-        const Attribute& attribute = layout.Of().attributes[path.scan.attribute];
-        const bool byKeyAlone = query.order.size() == 1;
-        Bytes lastKey;
-        candidates.ForEachByKey(path.scan, [&](Bytes key, const Object& object) {
-            const bool isNew = !unsorted.empty() && !LeavesOpen(attribute, layout.Form(), lastKey, key);
-            if (isNew && !output.TakeSorted(unsorted, order)) return false;
-            lastKey = key;
-            if (!isFound(object)) return true;
-            if (byKeyAlone && !IsCut(attribute, layout.Form(), key)) return output.Take(object);
-            unsorted.push_back(object);
-            return true;
-        });
-    } else {
-        candidates.ForEach(path, [&](const Object& object) {
-            if (!isFound(object)) return true;
-            if (query.order.empty()) return output.Take(object);
-            unsorted.push_back(object);
-            return true;
-        });
-    }
-    result.endedEarly = !output.WantsMore();
-    if (output.WantsMore()) output.TakeSorted(unsorted, order);
-    return result;
+    return Execution(snapshot, store->Layout(query.classAt), query, constants, take).Run(path);
 }
 
 }  // namespace engine

@@ -20,8 +20,10 @@ using ScanValue = std::function<std::string(const Attribute& attribute, std::str
 struct RunResult {
     std::size_t visited = 0;  ///< objects, or index entries whose objects were, that the condition was tested on
     std::size_t found = 0;    ///< of them those that fulfil it, whatever the limit
-    /// Entries read of each scanned index, in the order of `Scans`.
+    /// Entries read of each scanned index, in the order of `Scans`; those of a path that was taken instead at the end.
     std::vector<std::size_t> entries;
+    /// A scan in the order that is asked for was given up, and another path taken instead.
+    bool wasGivenUp = false;
     /// The limit, or a false answer, ended the run before all candidates were read.
     bool endedEarly = false;
 };

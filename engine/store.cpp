@@ -19,7 +19,7 @@ namespace engine {
 
 namespace {
 
-constexpr char kFormat[] = "1";
+constexpr char kFormat[] = "2";
 constexpr char kPropertiesName[] = "properties";
 constexpr std::size_t kFirstMapSize = std::size_t{64} << 20U;
 constexpr mode_t kFileMode = 0644;

@@ -38,6 +38,13 @@ private:
     void* values;
 };
 
+/// One value from the stored form.
+inline Value Loaded(char typeId, unsigned char form, Bytes stored) {
+    Value value(typeId);
+    value.Load(stored, form);
+    return value;
+}
+
 }  // namespace engine
 
 #endif

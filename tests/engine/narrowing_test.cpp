@@ -130,6 +130,7 @@ protected:
         for (const char16_t c : text) bytes += static_cast<char>(c);
         if (of.type == KySTRING_T && of.wide) {
             auto& made = *static_cast<KyString*>(value.Get());
+            made = KyString(KyCodeSetUnicode, KyLanguageNeutral);
             made.MakeString(reinterpret_cast<const char*>(text.data()), KyCodeSetUnicode,
                             static_cast<short>(text.size()), KyFormNative);
             made.LanguageSet(LanguageOf(of.language)->Code());
@@ -167,7 +168,8 @@ protected:
         return found;
     }
 
-    /// Values for which a comparison may hold by what Compare says of their beginnings, and those of cut keys.
+    /// Values for which a comparison may hold by what Compare says of their beginnings, and those whose keys do not
+    /// tell.
     std::size_t AtMost(const std::vector<unsigned char>& constant, unsigned short op) const {
         std::size_t count = 0;
         for (const Value& value : values) {
@@ -180,9 +182,16 @@ protected:
             const bool isOpen = err != KyErrBufferEnd && engine::IsPattern(of.type, of.form, constant, op);
             const bool isInside =
                 isOpen || order == 0 || (order < 0 ? (op & KyCmpLess) != 0 : (op & KyCmpGreater) != 0);
-            if (isInside || stored.size() > engine::kLongestKey) ++count;
+            if (isInside || MayNotTell(stored)) ++count;
         }
         return count;
+    }
+
+    bool MayNotTell(const std::vector<unsigned char>& stored) const {
+        if (of.type != KySTRING_T) return stored.size() > engine::kLongestKey;
+        const engine::Attribute& attribute = store->GetSchema().Classes()[0].attributes[0];
+        std::vector<unsigned char> scratch;
+        return engine::EndsBeyondOrders(attribute, engine::IndexKey(attribute, of.form, stored, scratch));
     }
 };
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <set>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -258,6 +259,7 @@ struct Ordered {
     std::vector<engine::ObjectNumber> numbers;
     engine::RunResult result;
     bool inOrder = false;
+    std::size_t mostVisits = 0;  ///< of the plan
 };
 
 /// What a query gives in its order, by its plan or by sorting all objects.
@@ -267,6 +269,7 @@ Ordered RunOrdered(const Store& store, const std::string& text, bool byPlan) {
     const AccessPath path = byPlan ? query.Plan(snapshot) : AccessPath();
     Ordered ordered;
     ordered.inOrder = path.inOrder;
+    ordered.mostVisits = path.mostVisits;
     ordered.result = query.Run(snapshot, path, [&ordered](const Object& object) {
         ordered.numbers.push_back(object.number);
         return true;
@@ -333,6 +336,61 @@ TEST_P(RunTest, ANarrowRangeIsSortedRatherThanAnIndexWalked) {
     const Ordered wide = RunOrdered(*store, "Word where number > 20 order by text desc limit 5", true);
     EXPECT_TRUE(wide.inOrder);
     EXPECT_LT(wide.result.visited, 40U);
+}
+
+/// Where a walk's remaining condition keeps much less than it is taken to.
+TEST_P(RunTest, AWalkThatLeadsFarIsGivenUp) {
+    constexpr std::size_t objects = 2000;
+    const std::string none = "plain = \"bBaAbBaAb\"";
+    const std::string few = "plain = \"a\"";
+    const struct {
+        std::string query;
+        std::size_t scans;
+    } cases[] = {
+        {"Word where " + none + " order by number limit 10", 1},
+        {"Word where " + none + " order by text desc limit 10", 1},
+        {"Word where " + none + " order by number desc, text limit 10", 1},
+        {"Word where " + none + " and number >= 20 order by number limit 10", 1},
+        {"Word where " + none + " and number < 30 order by text limit 3", 2},
+        // Some are taken before.
+        {"Word where " + few + " order by number limit 30", 1},
+        {"Word where " + few + " order by number desc, dictionary desc limit 30", 1},
+        {"Word where " + few + " order by dictionary limit 30", 1},
+    };
+    for (const auto& c : cases) {
+        const Ordered walked = RunOrdered(*store, c.query, true);
+        const Ordered sorted = RunOrdered(*store, c.query, false);
+        ASSERT_TRUE(walked.inOrder) << c.query;
+        EXPECT_LT(walked.mostVisits, objects / 2) << c.query;
+        EXPECT_TRUE(walked.result.wasGivenUp) << c.query;
+        EXPECT_FALSE(walked.result.endedEarly) << c.query;
+        EXPECT_EQ(walked.numbers, sorted.numbers) << c.query;
+        EXPECT_EQ(walked.result.found, sorted.result.found) << c.query;
+        ASSERT_EQ(walked.result.entries.size(), c.scans) << c.query;
+        EXPECT_EQ(walked.result.entries.front(), walked.mostVisits) << c.query;
+        const std::size_t readInstead = c.scans == 1 ? objects : walked.result.entries.back();
+        EXPECT_EQ(walked.result.visited, walked.mostVisits + readInstead) << c.query;
+    }
+    // Where the limit is in sight, nothing is given up.
+    const Ordered near = RunOrdered(*store, "Word where " + few + " order by number limit 3", true);
+    EXPECT_TRUE(near.inOrder);
+    EXPECT_FALSE(near.result.wasGivenUp);
+    EXPECT_TRUE(near.result.endedEarly);
+}
+
+TEST_P(RunTest, AFalseAnswerEndsARunThatWasGivenUp) {
+    const std::string text = "Word where plain = \"a\" order by number limit 30";
+    const std::vector<engine::ObjectNumber> expected = RunOrdered(*store, text, false).numbers;
+    const PreparedQuery query(*store, engine::ParseQuery(store->GetSchema(), text), ScanByType);
+    const Snapshot snapshot(*store);
+    std::vector<engine::ObjectNumber> taken;
+    const engine::RunResult result = query.Run(snapshot, query.Plan(snapshot), [&taken](const Object& object) {
+        taken.push_back(object.number);
+        return taken.size() < 25;
+    });
+    EXPECT_TRUE(result.wasGivenUp);
+    ASSERT_EQ(taken.size(), 25U);
+    EXPECT_TRUE(std::ranges::equal(taken, std::span(expected).first(25)));
 }
 
 TEST_P(RunTest, AFalseAnswerEndsTheRun) {

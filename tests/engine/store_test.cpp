@@ -301,7 +301,7 @@ TEST(Store, SaysWhatMadeIt) {
     char checksum[17];
     std::snprintf(checksum, sizeof checksum, "%016llx", KyLanguageContext::QueryTableChecksum());
     const std::pair<const char*, std::string> properties[] = {
-        {"format", "1"},
+        {"format", "2"},
         {"form", "2"},
         {"schema", Schema::Parse(kWords).Text()},
         {"library", version},

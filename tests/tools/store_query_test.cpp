@@ -111,6 +111,33 @@ TEST_F(StoreQuery, ExplainTellsBoundsAndShares) {
     EXPECT_NE(limited.find("The limit ended the search."), std::string::npos) << limited;
 }
 
+TEST(StoreExplain, TellsThatAWalkWasGivenUp) {
+    std::string rows = "number,plain,other\n";
+    for (int i = 0; i < 400; ++i) rows += std::to_string(i) + ",0," + std::to_string(i) + "\n";
+    const MadeStore store("class Thing { number int index\n plain int\n other int index }");
+    ASSERT_EQ(store.Load(rows).status, 0);
+    const auto explain = [&store](const char* text) { return Kytm({"store", "explain", store.Path(), text}).out; };
+    const std::string begin =
+        "Thing has 400 objects.\n"
+        "They are read in the order of an index, as it is asked for, until that has taken as long as reading and "
+        "sorting "
+        "all would: few fulfil the condition.\n";
+    EXPECT_EQ(explain("Thing where plain = 7 order by number limit 3"),
+              begin +
+                  "Then all are read, and what is found is sorted.\n"
+                  "Index of number from the first to the last:\n"
+                  "  estimated share 100 %, true share at least 27 % (108 of 400 entries)\n"
+                  "Visited 508 objects, found 0.\n");
+    EXPECT_EQ(explain("Thing where plain = 7 and other < 160 order by number limit 1"),
+              begin +
+                  "Then what other indexes leave is read, and what is found is sorted.\n"
+                  "Index of number from the first to the last:\n"
+                  "  estimated share 100 %, true share at least 40.8 % (163 of 400 entries)\n"
+                  "Index of other from the first to \"160\":\n"
+                  "  estimated share 40 %, true share 40.2 % (161 of 400 entries)\n"
+                  "Visited 324 objects, found 0.\n");
+}
+
 TEST_F(StoreQuery, MistakesAreShownAboveACaret) {
     const std::pair<const char*, const char*> cases[] = {
         {"Thong", "there is no class \"Thong\"\n  Thong\n  ^\n"},

@@ -223,10 +223,10 @@ TEST(StoreSafety, ADamagedSchemaIsTold) {
 
 TEST(StoreSafety, OtherFormatsAreRefused) {
     const MadeStore store(kThing);
-    SetProperty(store.Path(), "format", "2");
+    SetProperty(store.Path(), "format", "1");
     const Result result = store.Run("check");
     EXPECT_EQ(result.status, 2);
-    EXPECT_EQ(result.err, "kytm: \"" + store.Path() + "\" has format 2; this program knows format 1\n");
+    EXPECT_EQ(result.err, "kytm: \"" + store.Path() + "\" has format 1; this program knows format 2\n");
 }
 
 TEST(StoreSafety, CheckTellsOfDamage) {

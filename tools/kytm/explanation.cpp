@@ -43,9 +43,17 @@ std::string Explain(const engine::Snapshot& snapshot, const engine::Query& query
     const engine::Class& of = snapshot.Of().GetSchema().Classes()[query.classAt];
     const std::size_t objects = snapshot.ObjectCount(query.classAt);
     std::string text = of.name + " has " + Count(objects, "object") + ".\n";
-    const std::vector<const engine::AccessPath*> scans = engine::Scans(path);
+    std::vector<const engine::AccessPath*> scans = engine::Scans(path);
     if (scans.empty()) text += "All of them are read: no index narrows the condition to half of them.\n";
-    if (!query.order.empty()) {
+    if (result.wasGivenUp) {
+        const std::vector<const engine::AccessPath*> instead = engine::Scans(path.instead.front());
+        text +=
+            "They are read in the order of an index, as it is asked for, until that has taken as long as "
+            "reading and sorting all would: few fulfil the condition.\n";
+        text += instead.empty() ? "Then all are read, and what is found is sorted.\n"
+                                : "Then what other indexes leave is read, and what is found is sorted.\n";
+        scans.insert(scans.end(), instead.begin(), instead.end());
+    } else if (!query.order.empty()) {
         text += path.inOrder ? "They are read in the order of an index, as it is asked for: nothing is sorted.\n"
                              : "What is found is sorted.\n";
     }
@@ -58,7 +66,7 @@ std::string Explain(const engine::Snapshot& snapshot, const engine::Query& query
                 Bounds(attribute, snapshot.Of().Form(), scan.range);
         if (scan.last != nullptr) text += ", as far as " + scan.last->text + " can hold";
         text += ":\n  estimated share " + Percent(scans[i]->share) + ", true share ";
-        if (result.endedEarly) text += "at least ";
+        if (result.endedEarly || (result.wasGivenUp && i == 0)) text += "at least ";
         text += Percent(entries == 0 ? 0 : static_cast<double>(read) / static_cast<double>(entries)) + " (" +
                 std::to_string(read) + " of " + std::to_string(entries) + " entries)\n";
     }
