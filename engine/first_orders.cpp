@@ -9,13 +9,19 @@ namespace engine {
 
 namespace {
 
+/// A character has so many orders at most, one of an 8-bit code set and any other.
+constexpr unsigned kMostOfNarrow = 3;
+constexpr unsigned kMostOfWide = 18;
+
+bool IsNarrow(unsigned char codeSet) { return codeSet < KyCodeSetFirst16Bit; }
+
 KyString& TextOf(const Value& value) { return *static_cast<KyString*>(value.Get()); }
 
 /// The orders of a text, character by character.
 class Orders {
 public:
     explicit Orders(KyString& text)
-        : start(text.StrGet()), codeSet(text.CodeSetGet()), width(codeSet < KyCodeSetFirst16Bit ? 1 : 2), it(text) {}
+        : start(text.StrGet()), codeSet(text.CodeSetGet()), width(IsNarrow(codeSet) ? 1 : 2), it(text) {}
 
     /// False at the end.
     bool Next() { return it.GetNextOrder(0) != 0; }
@@ -39,6 +45,9 @@ private:
 Beginning BeginningOf(unsigned char form, Bytes stored, unsigned orders) {
     const Value value = Loaded(KySTRING_T, form, stored);
     KyString& text = TextOf(value);
+    const unsigned short length = text.Len();
+    if (length * (IsNarrow(text.CodeSetGet()) ? kMostOfNarrow : kMostOfWide) < orders)
+        return {.characters = length, .isReached = false, .isExact = true};
     const bool areBytes = text.CodeSetGet() == KyCodeSetNative;
     Orders walk(text);
     unsigned taken = 0;

@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "batch.h"
+#include "kychar.h"
 #include "kyi18n.h"
 #include "kystring.h"
 #include "maintenance.h"
@@ -407,6 +408,34 @@ TEST(Orders, TakeThreeCharactersAtMost) {
         }
     }
     EXPECT_GT(contractions, 50U);
+}
+
+/// By which short texts are told.
+TEST(Orders, AreFewOfACharacter) {
+    constexpr std::size_t ofNarrow = 3;
+    constexpr std::size_t ofWide = 18;
+    std::size_t narrow = 0;
+    std::size_t wide = 0;
+    for (unsigned language = 0; language < KyLanguageNull; ++language) {
+        if (KyLanguageContext::QueryLanguage(static_cast<unsigned char>(language)) == nullptr) continue;
+        for (unsigned codeSet = 0; codeSet <= KyCodeSetUnicode; ++codeSet) {
+            if (KyLanguageContext::QueryCodeSet(static_cast<unsigned char>(codeSet)) == nullptr) continue;
+            const bool isNarrow = codeSet < KyCodeSetFirst16Bit;
+            for (unsigned code = 1; code < (isNarrow ? 0x100U : 0x10000U); ++code) {
+                const unsigned short wideText[] = {static_cast<unsigned short>(code), 0};
+                const char narrowText[] = {static_cast<char>(code), 0};
+                KyStringIterator it(isNarrow ? narrowText : reinterpret_cast<const char*>(wideText),
+                                    static_cast<unsigned char>(codeSet), static_cast<unsigned char>(language),
+                                    KyFormNative);
+                std::size_t orders = 0;
+                while (it.GetNextOrder(0) != 0) ++orders;
+                std::size_t& most = isNarrow ? narrow : wide;
+                most = std::max(most, orders);
+            }
+        }
+    }
+    EXPECT_LE(narrow, ofNarrow);
+    EXPECT_EQ(wide, ofWide);
 }
 
 INSTANTIATE_TEST_SUITE_P(Families, LongTexts, ::testing::ValuesIn(AllCases()), NameOf);
