@@ -5,7 +5,9 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -159,7 +161,7 @@ TEST(Store, FilesThatAreNoStoreAreRefused) {
     const std::string path = folder.File("store");
     const auto open = [&path] { const Store store(path, Access::read); };
 
-    EXPECT_EQ(FaultOf(open), "\"" + path + "\" cannot be opened: No such file or directory");
+    EXPECT_EQ(FaultOf(open), "\"" + path + "\" cannot be opened: " + std::strerror(ENOENT));
     std::ofstream(path) << "nothing like a store, and long enough for a page" << std::string(9000, ' ');
     EXPECT_EQ(FaultOf(open), "\"" + path + "\" is no store of this program");
     EXPECT_EQ(FaultOf([&] { Store::Create(path, Schema::Parse(kWords), 1); }), "\"" + path + "\" exists already");

@@ -226,7 +226,7 @@ TEST_P(StoreType, IsWrittenAsJsonAndAsATable) {
         } else if (one.is_number_integer()) {
             EXPECT_EQ(one, nlohmann::json::parse(shown == "+0" ? "0" : shown));
         } else {
-            EXPECT_EQ(one.get<double>(), std::stod(shown));
+            EXPECT_EQ(one.get<double>(), nlohmann::json::parse(shown).get<double>());
         }
         EXPECT_EQ(rows[i]["two"], nlohmann::json::array({rows[(i + 1) % rows.size()]["one"], one}));
     }

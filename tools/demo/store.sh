@@ -8,6 +8,8 @@
 # database (tzdata). The scripts in store/ make CSV of them.
 # Ends with 0 when every answer is that of the scan and no store has a fault, else with 1.
 set -eu
+# The tools that check answers write and read numbers one way under every locale.
+export LC_ALL=C
 
 [ $# -eq 1 ] || { echo "usage: store.sh BUILD_DIR" >&2; exit 2; }
 kytm=$(cd "$1" && pwd)/tools/kytm/kytm

@@ -1,5 +1,6 @@
 #include <immintrin.h>
 
+#include "byte_select.h"
 #include "null_first_other.h"
 #include "null_hash_words.h"
 #include "null_kernels.h"
@@ -19,7 +20,7 @@ KY_KERNEL_TARGET inline Vector Least(Vector a, Vector b) {
     return reinterpret_cast<Vector>(bytesA < bytesB ? bytesA : bytesB);
 }
 KY_KERNEL_TARGET inline Vector SelectWhereOne(Vector selector, Vector a, Vector b) {
-    return _mm_blendv_epi8(b, a, _mm_cmpeq_epi8(selector, _mm_set1_epi8(1)));
+    return SelectBytes(_mm_cmpeq_epi8(selector, _mm_set1_epi8(1)), a, b);
 }
 
 template <class Step>

@@ -1,5 +1,6 @@
 #include <immintrin.h>
 
+#include "byte_select.h"
 #include "utf8_kernels.h"
 #include "utf8_steps.h"
 
@@ -64,7 +65,7 @@ KY_KERNEL_TARGET inline bool EncodeEight(__m128i units, char* out, Utf8Progress&
     const __m128i first = _mm_or_si128(_mm_srli_epi16(units, 6), _mm_set1_epi16(0xC0));
     const __m128i second = _mm_or_si128(_mm_slli_epi16(_mm_and_si128(units, _mm_set1_epi16(0x3F)), 8),
                                         _mm_set1_epi16(static_cast<short>(0x8000)));
-    const __m128i pairs = _mm_blendv_epi8(_mm_or_si128(first, second), units, isAscii);
+    const __m128i pairs = SelectBytes(isAscii, units, _mm_or_si128(first, second));
     const unsigned ascii = MaskOf(_mm_packs_epi16(isAscii, zero));
     const std::size_t bytes = kEncode.bytes[ascii];
     StoreFirst(out, _mm_shuffle_epi8(pairs, LoadIndex(kEncode.index[ascii])), bytes);
