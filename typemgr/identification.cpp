@@ -1,7 +1,8 @@
 // Name, version and compiler of the library.
 
-#include <atomic>
 #include <cstddef>
+#include <cstring>
+#include <mutex>
 #include <string_view>
 
 #include "kybase.h"
@@ -32,23 +33,20 @@ constexpr std::string_view kVersionBehindTitle = " 12.0.2.229.0 ";
 
 constexpr std::size_t kLongestTitle = 200;
 
-/// One text for all callers. It is written only where it changes, by one of the threads that ask at the same time, and
-/// not any more once the title stands: a thread that reads it is then safe beside one that asks for it.
-char versionText[kLongestTitle + kVersionBehindTitle.size() + 1];
-
-void PutCharacter(std::size_t at, char character) {
-    const std::atomic_ref<char> place(versionText[at]);
-    char present = place.load(std::memory_order_acquire);
-    while (present != character && !place.compare_exchange_weak(present, character, std::memory_order_acq_rel)) {
-    }
-}
+/// One text for all callers. It is written only where it changes, and not any more once the title stands: a thread that
+/// reads it is then safe beside one that asks for it.
+constexpr std::size_t kVersionTextSize = kLongestTitle + kVersionBehindTitle.size() + 1;
+char versionText[kVersionTextSize];
+constinit std::mutex versionTextGuard;
 
 const char* VersionText() {
     const std::string_view title = std::string_view(DLLtitle).substr(0, kLongestTitle);
-    std::size_t at = 0;
-    for (const char character : title) PutCharacter(at++, character);
-    for (const char character : kVersionBehindTitle) PutCharacter(at++, character);
-    PutCharacter(at, '\0');
+    char present[kVersionTextSize] = {};
+    std::memcpy(present, title.data(), title.size());
+    std::memcpy(present + title.size(), kVersionBehindTitle.data(), kVersionBehindTitle.size());
+
+    const std::lock_guard lock(versionTextGuard);
+    if (std::memcmp(versionText, present, kVersionTextSize) != 0) std::memcpy(versionText, present, kVersionTextSize);
     return versionText;
 }
 
