@@ -65,10 +65,7 @@ KyBlob& KyBlob::operator=(const char* s) {
     return *this;
 }
 
-KyBlob& KyBlob::SetTo(const void* p, int n) {
-    Fill(p, p != nullptr && n > 0 ? static_cast<std::size_t>(n) : 0);
-    return *this;
-}
+KyBlob& KyBlob::SetTo(const void* p, int n) { return Fill(p, p != nullptr && n > 0 ? static_cast<std::size_t>(n) : 0); }
 
 int KyBlob::SetNullValue() {
     if (block != nullptr) std::free(block->data);
@@ -116,11 +113,12 @@ KyBlob::operator int() const { return FirstBytes<int>(); }
 KyBlob::operator double() const { return FirstBytes<double>(); }
 
 /// Becomes a value of these bytes.
-void KyBlob::Fill(const void* p, std::size_t n) {
+KyBlob& KyBlob::Fill(const void* p, std::size_t n) {
     if (n > ky::kMostBlobBytes) {
         KyCallMemoryHandler(n);
-        return;
+        return *this;
     }
     if (block == nullptr) block = new KyBlobData;
     ky::FillBytes(*block, p, n);
+    return *this;
 }

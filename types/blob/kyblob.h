@@ -94,7 +94,7 @@ private:
     explicit KyBlob(Null) : block(nullptr) {}
 
     int Order(const KyBlob& other) const;
-    void Fill(const void* p, std::size_t n);
+    KyBlob& Fill(const void* p, std::size_t n);
     void* MakeRoom(std::size_t more);
     template <class Number>
     KY_INTERNAL Number FirstBytes() const;
