@@ -24,6 +24,11 @@ constexpr std::size_t kBeyondKey = 500;
 constexpr std::size_t kMostCharacters = std::size_t{3} * kOrdersOfKey + 1;
 static_assert(2 * kMostCharacters < kBeyondKey - 16, "a character has two bytes, its record a few more");
 
+/// The same of dictionary strings.
+constexpr std::size_t kBeyondDictionaryKey = 250;
+static_assert(kOrdersOfDictionaryKey + 4 < kBeyondDictionaryKey, "a character has one byte, its record four more");
+static_assert(kBeyondDictionaryKey <= kLongestKey, "all of them are limits");
+
 /// The types' Compare, taken from the rows once: a comparison is then one call.
 const std::array<KyCompareFunc*, KyTypeIdLimit> kCompare = [] {
     std::array<KyCompareFunc*, KyTypeIdLimit> slots{};
@@ -36,15 +41,17 @@ constexpr unsigned short OperatorOf(unsigned folding) {
                                        ((folding & 2U) != 0 ? KyCmpIgnoreAccent : 0));
 }
 
-bool IsBeyond(std::size_t keySize) { return keySize == kBeyondKey; }
+constexpr std::size_t BeyondKey(char stringType) {
+    return stringType == KySTRING_T ? kBeyondKey : kBeyondDictionaryKey;
+}
 
 /// LMDB tells its order nothing but the two keys, so that each type, form and folding has an order of its own. The
 /// number of elements is known to the keys' lengths; an array goes on until one of them ends.
 template <std::size_t Type, unsigned char Form, unsigned Folded, bool Array>
 int CompareKeys(const MDB_val* a, const MDB_val* b) {
-    if constexpr (Type == KySTRING_T && !Array) {
-        if (IsBeyond(a->mv_size) || IsBeyond(b->mv_size))
-            return CompareFirstOrders(Form, AsBytes(*a), AsBytes(*b), OperatorOf(Folded), kOrdersOfKey);
+    if constexpr (IsString(Type) && !Array) {
+        if (a->mv_size == BeyondKey(Type) || b->mv_size == BeyondKey(Type))
+            return CompareFirstOrders(Type, Form, AsBytes(*a), AsBytes(*b), OperatorOf(Folded), OrdersOfKey(Type));
     }
     int err = 0;
     return kCompare[Type](Form, static_cast<unsigned>(a->mv_size), a->mv_data, static_cast<unsigned>(b->mv_size),
@@ -84,25 +91,20 @@ int CompareAsIndexed(const Attribute& attribute, unsigned char form, Bytes a, By
 }
 
 bool IsCut(const Attribute& attribute, unsigned char form, Bytes key) {
-    if (attribute.type != KySTRING_T) return false;
-    return IsBeyond(key.size()) || BeginningOf(form, key, kOrdersOfKey).isReached;
+    return EndsBeyondOrders(attribute, key) ||
+           (IsString(attribute.type) && BeginningOf(attribute.type, form, key, OrdersOfKey(attribute.type)).isReached);
 }
 
 bool EndsBeyondOrders(const Attribute& attribute, Bytes key) {
-    return attribute.type == KySTRING_T && IsBeyond(key.size());
+    return IsString(attribute.type) && key.size() == BeyondKey(attribute.type);
 }
 
 Bytes IndexKey(const Attribute& attribute, unsigned char form, Bytes stored, std::vector<unsigned char>& scratch) {
     if (!IsString(attribute.type)) return stored;
-    if (attribute.type != KySTRING_T) {
-        if (stored.size() <= kLongestKey) return stored;
-        scratch = FirstCharacters(attribute.type, form, stored, kLongestDictionaryKey);
-        return scratch;
-    }
-    const Beginning beginning = BeginningOf(form, stored, kOrdersOfKey);
-    if (!beginning.isReached && stored.size() < kBeyondKey) return stored;
+    const Beginning beginning = BeginningOf(attribute.type, form, stored, OrdersOfKey(attribute.type));
+    if (!beginning.isReached && stored.size() < BeyondKey(attribute.type)) return stored;
     scratch = FirstCharacters(attribute.type, form, stored, beginning.characters);
-    if (!beginning.isExact) scratch.resize(kBeyondKey);
+    if (!beginning.isExact) scratch.resize(BeyondKey(attribute.type));
     return scratch;
 }
 

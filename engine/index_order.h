@@ -4,10 +4,10 @@
 /// Index keys and their order.
 ///
 /// The key of an attribute of fixed size is its persistent form. The key of a string is its record as far as its first
-/// 80 orders go, whatever characters they are of: so keys are never in another order than their texts. A last character
-/// that has orders behind these is in the key as a whole; zeros fill the key up to 500 bytes then, which tell that no
-/// more than 80 orders of it count. The key of a dictionary string of more than 253 bytes is the record of its first
-/// 120 characters. Keys are ordered by the type's Compare, exact (no wildcards), with the index's folding.
+/// 80 orders go, that of a dictionary string as far as its first 240, whatever characters they are of: so keys are
+/// never in another order than their texts. A last character that has orders behind these is in the key as a whole;
+/// zeros fill the key up to 500 bytes then, of a dictionary string up to 250, which tell that no more orders of it
+/// count. Keys are ordered by the type's Compare, exact (no wildcards), with the index's folding.
 
 #include <lmdb.h>
 
@@ -25,9 +25,12 @@ inline constexpr unsigned kLongestKey = 253;
 /// bytes.
 inline constexpr unsigned short kOrdersOfKey = 80;
 
-/// Characters of the key of a dictionary string that is cut. Compare refuses constants of more than 253 key bytes, and
-/// a character has two of them at the most.
-inline constexpr unsigned short kLongestDictionaryKey = 120;
+/// The same of a dictionary string, whose characters have one or two. Compare refuses what has more than 253.
+inline constexpr unsigned short kOrdersOfDictionaryKey = 240;
+
+constexpr unsigned short OrdersOfKey(char stringType) {
+    return stringType == KySTRING_T ? kOrdersOfKey : kOrdersOfDictionaryKey;
+}
 
 /// The order of an attribute's index, as LMDB calls it. The attribute has an index.
 MDB_cmp_func* IndexOrder(const Attribute& attribute, unsigned char form);
@@ -35,8 +38,7 @@ MDB_cmp_func* IndexOrder(const Attribute& attribute, unsigned char form);
 /// The same of two keys. `a` and `b` need not be in the index.
 int CompareAsIndexed(const Attribute& attribute, unsigned char form, Bytes a, Bytes b);
 
-/// Whether a key is that of strings which may differ behind its end. Those of dictionary strings that do count as
-/// equal.
+/// Whether a key is that of strings which may differ behind its end.
 bool IsCut(const Attribute& attribute, unsigned char form, Bytes key);
 
 /// Whether a key's record says more than the key: its last character has orders that do not count.

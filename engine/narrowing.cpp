@@ -15,11 +15,11 @@ namespace {
 constexpr unsigned short kRelationBits = KyCmpEqual | KyCmpLess | KyCmpGreater;
 constexpr unsigned short kNotEqual = KyCmpLess | KyCmpGreater;
 
-/// So many characters of a dictionary string that may be longer than a key bound a scan from below.
+/// So many characters of a dictionary string with wildcards bound a scan from below.
 constexpr unsigned short kCharactersOfBound = 60;
-static_assert(2 * kCharactersOfBound <= kLongestDictionaryKey, "a character may count as two");
+static_assert(2 * kCharactersOfBound < kOrdersOfDictionaryKey, "a character may count as two");
 
-/// So many orders of another, which fit into a limit.
+/// So many orders of another that has wildcards or is longer than a limit, which fit into one.
 constexpr unsigned short kOrdersOfBound = 40;
 static_assert(2 * 3 * kOrdersOfBound + 6 <= kLongestKey, "a character may have two bytes, an order three characters");
 
@@ -98,14 +98,10 @@ void Narrowing::AddLowerUpToEscape(unsigned short op, Bytes begin) {
                          &scan.range.Bounds(), nullptr);
 }
 
-/// Whether a string may be that keys are cut before it ends. Those of dictionary strings are cut by characters, and
-/// order before what is as long as they are.
+/// Whether a string may be that keys are cut before it ends.
 bool Narrowing::MayBeLonger(const StoredConstant& constant) const {
-    if (attribute.type == KySTRING_T)
-        return constant.size() > kLongestKey || BeginningOf(Form(), constant, kOrdersOfKey).isReached;
-    const auto mayCountAsTwo = [](unsigned char byte) { return byte >= 0x80; };
-    const auto asTwo = std::ranges::count_if(constant, mayCountAsTwo);
-    return constant.size() + static_cast<std::size_t>(asTwo) > kLongestDictionaryKey;
+    return constant.size() > kLongestKey ||
+           BeginningOf(attribute.type, Form(), constant, OrdersOfKey(attribute.type)).isReached;
 }
 
 /// A constant that may be longer than keys: its own key is its limit, if it is one of strings that can be. Else its
@@ -117,13 +113,12 @@ void Narrowing::AddLong(const Comparison& comparison, const StoredConstant& cons
     Estimate(static_cast<unsigned short>(comparison.op | KyCmpExact), begin, nullptr);
     std::vector<unsigned char> scratch;
     const Bytes key = IndexKey(attribute, Form(), constant, scratch);
-    if (attribute.type == KySTRING_T && key.size() <= kLongestKey && MeansItself(comparison.op, constant)) {
+    if (key.size() <= kLongestKey && MeansItself(comparison.op, constant)) {
         if (fromThere) scan.range.AddLower(key);
         if (upToThere) scan.range.AddUpper(key);
         return;
     }
-    if (fromThere && attribute.type == KySTRING_T) AddLowerUpToEscape(comparison.op, begin);
-    if (fromThere && attribute.type != KySTRING_T) scan.range.AddLower(begin);
+    if (fromThere) AddLowerUpToEscape(comparison.op, begin);
     if (upToThere) scan.last = &comparison;
 }
 

@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "error.h"
+#include "first_orders.h"
 #include "index_order.h"
 #include "pattern.h"
 #include "types.h"
@@ -139,13 +140,8 @@ public:
     bool operator()(const Object& a, const Object& b) const {
         for (const SortKey& key : keys) {
             const Attribute& attribute = layout.Of().attributes[key.attribute];
-            const Bytes valueA = SortValue(attribute, layout.At(a.record, key.attribute), scratchA);
-            const Bytes valueB = SortValue(attribute, layout.At(b.record, key.attribute), scratchB);
-            int err = 0;
             const int order =
-                Types().Cmp(attribute.type, static_cast<unsigned>(valueA.size()),
-                            const_cast<unsigned char*>(valueA.data()), static_cast<unsigned>(valueB.size()),
-                            const_cast<unsigned char*>(valueB.data()), KyCmpExact, attribute.count, layout.Form(), err);
+                Compare(attribute, layout.At(a.record, key.attribute), layout.At(b.record, key.attribute));
             if (order != 0) return key.descending ? order > 0 : order < 0;
         }
         return a.number < b.number;
@@ -154,13 +150,17 @@ public:
 private:
     const RecordLayout& layout;
     const std::vector<SortKey>& keys;
-    mutable std::vector<unsigned char> scratchA;
-    mutable std::vector<unsigned char> scratchB;
 
-    /// Long dictionary strings have an order among their index keys only.
-    Bytes SortValue(const Attribute& attribute, Bytes stored, std::vector<unsigned char>& scratch) const {
-        const bool isDictionary = IsString(attribute.type) && attribute.type != KySTRING_T && attribute.count == 1;
-        return isDictionary ? IndexKey(attribute, layout.Form(), stored, scratch) : stored;
+    int Compare(const Attribute& attribute, Bytes a, Bytes b) const {
+        int err = 0;
+        const int order =
+            Types().Cmp(attribute.type, static_cast<unsigned>(a.size()), const_cast<unsigned char*>(a.data()),
+                        static_cast<unsigned>(b.size()), const_cast<unsigned char*>(b.data()), KyCmpExact,
+                        attribute.count, layout.Form(), err);
+        const bool isDictionary = IsString(attribute.type) && attribute.type != KySTRING_T;
+        if (isDictionary && err == KyErrNotSupported)
+            return CompareDictionaryStrings(attribute.type, layout.Form(), a, b, attribute.count);
+        return order;
     }
 };
 

@@ -159,8 +159,6 @@ std::optional<std::size_t> FindByName(const std::vector<Named>& all, std::string
 
 }  // namespace
 
-bool IsString(char type) { return type == KySTRING_T || type == KyISTRING_T || type == KyCASEISTRING_T; }
-
 const char* WhyNotOrdered(char type) {
     // Times less than a second apart are equal, and that is no order: x.4 and x.9 are equal, x.9 and the next .4 too.
     if (type != D_TIME_T && type != D_TIMESTAMP_T) return nullptr;

@@ -77,7 +77,7 @@ const char* WhyNotIndexed(const Attribute& attribute);
 const char* WhyNotOrdered(char type);
 
 /// The types that hold texts: 11, 20, 21.
-bool IsString(char type);
+constexpr bool IsString(char type) { return type == KySTRING_T || type == KyISTRING_T || type == KyCASEISTRING_T; }
 
 }  // namespace engine
 

@@ -188,7 +188,6 @@ protected:
     }
 
     bool MayNotTell(const std::vector<unsigned char>& stored) const {
-        if (of.type != KySTRING_T) return stored.size() > engine::kLongestKey;
         const engine::Attribute& attribute = store->GetSchema().Classes()[0].attributes[0];
         std::vector<unsigned char> scratch;
         return engine::EndsBeyondOrders(attribute, engine::IndexKey(attribute, of.form, stored, scratch));
