@@ -9,8 +9,6 @@
 #include <algorithm>
 #include <numeric>
 #include <optional>
-#include <ostream>
-#include <random>
 #include <string>
 #include <tuple>
 #include <type_traits>
@@ -18,234 +16,23 @@
 
 #include "batch.h"
 #include "error.h"
-#include "kychar.h"
-#include "kyi18n.h"
 #include "kyistring.h"
-#include "kystring.h"
+#include "long_texts.h"
 #include "maintenance.h"
 #include "narrowing.h"
 #include "run.h"
 #include "scratch_store.h"
-#include "support/languages.h"
 #include "value.h"
 
 namespace {
 
 using engine::AccessPath;
-using engine::Attribute;
 using engine::Folding;
 using engine::ObjectNumber;
 using engine::Snapshot;
 using engine::Store;
 using engine::Types;
 using engine::Value;
-
-constexpr unsigned char kLatin1 = 1;
-
-struct Family {
-    const char* name;
-    const char* language;                 ///< null: none, and the narrow texts are plain bytes
-    bool hasNarrow;                       ///< beside the wide texts
-    bool hasExpansions;                   ///< characters of several orders
-    std::vector<std::u16string> alike;    ///< what long texts are written with
-    std::vector<std::u16string> letters;  ///< and what follows
-    char type = KySTRING_T;
-
-    bool IsDictionary() const { return type != KySTRING_T; }
-};
-
-std::vector<Family> AllFamilies() {
-    // In the default 8-bit code set DE is the sharp s, 88 and 93 are O and E, o and e in one, 8B to 8D accented
-    // letters.
-    const std::vector<std::u16string> alike = {u"s", u"\xDE", u"ss", u"o", u"\x93", u"OE"};
-    const std::vector<std::u16string> letters = {u"s",    u"\xDE", u"S", u"a",    u"z",
-                                                 u"\x93", u"\x88", u"e", u"\xC0", u"*"};
-    return {
-        {"dictionary", nullptr, true, true, alike, letters, KyISTRING_T},
-        {"case_dictionary", nullptr, true, true, alike, letters, KyCASEISTRING_T},
-        {"plain", "en", true, false, {u"a"}, {u"a", u"b", u"A", u"\xE9", u"-"}},
-        {"expansions", "de", true, true, {u"s", u"\xDF", u"ss", u"S"}, {u"s", u"\xDF", u"a", u"z", u"\xAD", u"*"}},
-        {"contractions",
-         "es",
-         true,
-         false,
-         {u"c", u"ch", u"CH", u"l", u"ll"},
-         {u"c", u"h", u"ch", u"ll", u"d", u"\xAD"}},
-        {"long_contractions",
-         "hu",
-         true,
-         true,
-         {u"dzs", u"d", u"dz", u"ddzs", u"z"},
-         {u"d", u"z", u"s", u"ddzs", u"\xE1"}},
-        {"danish", "da", true, false, {u"aa", u"\xE5", u"a"}, {u"a", u"aa", u"\xE5", u"z", u"-"}},
-        {"unicode",
-         "de",
-         false,
-         true,
-         {u"f", u"\uFB03", u"\uFDFA", u"i"},
-         {u"f", u"i", u"\uFB03", u"\u0301", u"\u200D", u"\u03B1"}},
-        {"bytes", nullptr, true, true, {u"s", u"\xDF", u"ss"}, {u"s", u"\xDF", u"a", u"z", u"\xE9"}},
-    };
-}
-
-struct Case {
-    Family family;
-    unsigned char form;
-    Folding folding;
-};
-
-std::vector<Case> AllCases() {
-    std::vector<Case> cases;
-    for (const Family& family : AllFamilies())
-        for (const unsigned char form : {KyFormNative, KyFormReversed})
-            for (const bool ignoreCase : {false, true})
-                for (const bool ignoreAccent : {false, true})
-                    if (!family.IsDictionary() || (!ignoreCase && !ignoreAccent))
-                        cases.push_back({family, form, {.ignoreCase = ignoreCase, .ignoreAccent = ignoreAccent}});
-    return cases;
-}
-
-template <class Keep>
-std::vector<Case> CasesThat(const Keep& keep) {
-    std::vector<Case> cases = AllCases();
-    std::erase_if(cases, [&](const Case& of) { return !keep(of); });
-    return cases;
-}
-
-bool IsUnfolded(const Case& of) { return of.folding == Folding(); }
-bool HasBothWidths(const Case& of) { return of.family.hasNarrow && of.family.language != nullptr; }
-
-std::string Modifiers(const Folding& folding) {
-    return std::string(folding.ignoreCase ? " nocase" : "") + (folding.ignoreAccent ? " noaccent" : "");
-}
-
-std::string NameOf(const ::testing::TestParamInfo<Case>& info) {
-    return std::string(info.param.family.name) + (info.param.form == KyFormReversed ? "_reversed" : "_native") +
-           (info.param.folding.ignoreCase ? "_nocase" : "") + (info.param.folding.ignoreAccent ? "_noaccent" : "");
-}
-void PrintTo(const Case& of, std::ostream* out) { *out << of.family.name << Modifiers(of.folding); }
-
-/// `change(text)` of the object that a value of a string type is.
-template <class Change>
-auto WithText(char type, const Value& value, const Change& change) {
-    if (type == KyISTRING_T) return change(*static_cast<KyIString*>(value.Get()));
-    if (type == KyCASEISTRING_T) return change(*static_cast<KyCaseIString*>(value.Get()));
-    return change(*static_cast<KyString*>(value.Get()));
-}
-
-Value Made(const std::u16string& text, const Family& family, bool isWide) {
-    const char* const language = family.language;
-    Value value(family.type);
-    if (family.IsDictionary()) {
-        const std::string bytes(text.begin(), text.end());
-        WithText(family.type, value, [&](auto& made) { made = bytes.c_str(); });
-        return value;
-    }
-    auto& made = *static_cast<KyString*>(value.Get());
-    if (isWide) {
-        made = KyString(KyCodeSetUnicode, KyLanguageNeutral);
-        made.MakeString(reinterpret_cast<const char*>(text.data()), KyCodeSetUnicode, static_cast<short>(text.size()),
-                        KyFormNative);
-    } else {
-        std::string bytes;
-        for (const char16_t c : text) bytes += static_cast<char>(c);
-        made = bytes.c_str();
-        made.SetCodeSetCode(language != nullptr ? kLatin1 : KyCodeSetNative);
-    }
-    if (language != nullptr) made.LanguageSet(LanguageOf(language)->Code());
-    return value;
-}
-
-int Sign(int number) { return (number > 0) - (number < 0); }
-
-/// Texts of one family as they are stored, with their keys.
-class Texts {
-public:
-    Texts(const Case& aCase, unsigned seed) : of(aCase), random(seed) {
-        attribute.name = "text";
-        attribute.type = of.family.type;
-        attribute.index = of.folding;
-    }
-
-    void Add(const Value& value) {
-        stored.push_back(value.Store(of.form));
-        std::vector<unsigned char> scratch;
-        const engine::Bytes key = engine::IndexKey(attribute, of.form, stored.back(), scratch);
-        keys.emplace_back(key.begin(), key.end());
-    }
-
-    Value Next() {
-        if (Below(12) == 0) {
-            Value none(of.family.type);
-            if (Below(2) == 0 && !of.family.IsDictionary()) Types().SetNullPtrGet(KySTRING_T)(none.Get());
-            return none;
-        }
-        const std::u16string text = Text();
-        const bool isWide = HasBothWidths(of) ? Below(2) == 0 : !of.family.hasNarrow;
-        return Made(text, of.family, isWide);
-    }
-
-    unsigned Below(unsigned limit) { return static_cast<unsigned>(random() % limit); }
-
-    int Compare(std::size_t a, std::size_t b) {
-        // Compare refuses long ones.
-        if (of.family.IsDictionary()) {
-            const auto text = [&](std::size_t i) { return reinterpret_cast<const char*>(stored[i].data()) + 3; };
-            constexpr unsigned char inDiskForm = 0x40;
-            const auto compare = of.family.type == KyISTRING_T ? kyistrcmp : kycaseistrcmp;
-            return Sign(compare(text(a), text(b), 0, inDiskForm, inDiskForm));
-        }
-        int err = 0;
-        const auto op = static_cast<unsigned short>(KyCmpExact | (of.folding.ignoreCase ? KyCmpIgnoreCase : 0) |
-                                                    (of.folding.ignoreAccent ? KyCmpIgnoreAccent : 0));
-        return Sign(Types().Cmp(KySTRING_T, static_cast<unsigned>(stored[a].size()), stored[a].data(),
-                                static_cast<unsigned>(stored[b].size()), stored[b].data(), op, 1, of.form, err));
-    }
-    int CompareKeys(std::size_t a, std::size_t b) const {
-        return Sign(engine::CompareAsIndexed(attribute, of.form, keys[a], keys[b]));
-    }
-
-    const Case& of;
-    Attribute attribute;
-    std::vector<std::vector<unsigned char>> stored;
-    std::vector<std::vector<unsigned char>> keys;
-
-private:
-    std::mt19937 random;
-
-    const std::u16string& OneOf(const std::vector<std::u16string>& letters) {
-        return letters[Below(static_cast<unsigned>(letters.size()))];
-    }
-
-    /// Alike for about as long as keys are, or were; written in one way or in several.
-    std::u16string Text() {
-        constexpr unsigned lengths[] = {0, 20, 36, 76, 76, 76, 116, 120, 150, 236, 244};
-        const std::size_t length = lengths[Below(std::size(lengths))] + Below(9);
-        const std::u16string& one = OneOf(of.family.alike);
-        const unsigned others = Below(3);
-        std::u16string text;
-        while (text.size() < length) text += others != 0 && Below(40) < others * others ? OneOf(of.family.alike) : one;
-        for (unsigned more = Below(5); more > 0; --more) text += OneOf(of.family.letters);
-        if (Below(3) == 0) text.append(Below(150), u'a');
-        return text;
-    }
-};
-
-/// Whether a comparison of all pairs is that of some ranks.
-template <class Compare>
-::testing::AssertionResult IsOneOrder(std::size_t count, const Compare& compare) {
-    std::vector<std::size_t> sorted(count);
-    std::iota(sorted.begin(), sorted.end(), std::size_t{0});
-    std::ranges::stable_sort(sorted, [&](std::size_t a, std::size_t b) { return compare(a, b) < 0; });
-    std::vector<int> ranks(count, 0);
-    for (std::size_t i = 1; i < count; ++i) ranks[i] = ranks[i - 1] + (compare(sorted[i - 1], sorted[i]) != 0 ? 1 : 0);
-    for (std::size_t i = 0; i < count; ++i)
-        for (std::size_t k = 0; k < count; ++k)
-            if (compare(sorted[i], sorted[k]) != Sign(ranks[i] - ranks[k]))
-                return ::testing::AssertionFailure() << "ranks " << ranks[i] << " and " << ranks[k] << " compare as "
-                                                     << compare(sorted[i], sorted[k]);
-    return ::testing::AssertionSuccess();
-}
 
 class LongTexts : public ::testing::TestWithParam<Case> {};
 
@@ -491,58 +278,6 @@ TEST_P(LongTextsOfBothWidths, AreNotInACircle) {
             ExpectAlike(query, snapshot, constant);
         }
     }
-}
-
-/// Or a key could not hold as many orders as count.
-TEST(Orders, TakeThreeCharactersAtMost) {
-    const KyCodeSet& unicode = *KyLanguageContext::QueryCodeSet(KyCodeSetUnicode);
-    unsigned contractions = 0;
-    for (unsigned language = 0; language < KyLanguageNull; ++language) {
-        const KyLanguage* rules = KyLanguageContext::QueryLanguage(static_cast<unsigned char>(language));
-        if (rules == nullptr) continue;
-        for (unsigned code = 1; code < 0x10000; ++code) {
-            const KyCharProps* record = unicode.GetProperty(static_cast<unsigned short>(code));
-            if (record == nullptr || record->rules == nullptr) continue;
-            record = &rules->Select(*record);
-            if (record->rules == nullptr) continue;
-            for (const KyContraction& entry : record->rules->contractions) {
-                ++contractions;
-                const KyCharRules* further = entry.record->rules;
-                const unsigned orders = further != nullptr ? 1U + further->orderExpansion.count : 1U;
-                EXPECT_LE(entry.rest.count + 1U, std::min(3 * orders, 4U)) << language << " " << code;
-                EXPECT_TRUE(further == nullptr || further->contractions.begin() == further->contractions.end());
-            }
-        }
-    }
-    EXPECT_GT(contractions, 50U);
-}
-
-/// By which short texts are told.
-TEST(Orders, AreFewOfACharacter) {
-    constexpr std::size_t ofNarrow = 3;
-    constexpr std::size_t ofWide = 18;
-    std::size_t narrow = 0;
-    std::size_t wide = 0;
-    for (unsigned language = 0; language < KyLanguageNull; ++language) {
-        if (KyLanguageContext::QueryLanguage(static_cast<unsigned char>(language)) == nullptr) continue;
-        for (unsigned codeSet = 0; codeSet <= KyCodeSetUnicode; ++codeSet) {
-            if (KyLanguageContext::QueryCodeSet(static_cast<unsigned char>(codeSet)) == nullptr) continue;
-            const bool isNarrow = codeSet < KyCodeSetFirst16Bit;
-            for (unsigned code = 1; code < (isNarrow ? 0x100U : 0x10000U); ++code) {
-                const unsigned short wideText[] = {static_cast<unsigned short>(code), 0};
-                const char narrowText[] = {static_cast<char>(code), 0};
-                KyStringIterator it(isNarrow ? narrowText : reinterpret_cast<const char*>(wideText),
-                                    static_cast<unsigned char>(codeSet), static_cast<unsigned char>(language),
-                                    KyFormNative);
-                std::size_t orders = 0;
-                while (it.GetNextOrder(0) != 0) ++orders;
-                std::size_t& most = isNarrow ? narrow : wide;
-                most = std::max(most, orders);
-            }
-        }
-    }
-    EXPECT_LE(narrow, ofNarrow);
-    EXPECT_EQ(wide, ofWide);
 }
 
 INSTANTIATE_TEST_SUITE_P(Families, LongTexts, ::testing::ValuesIn(AllCases()), NameOf);
