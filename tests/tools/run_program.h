@@ -32,6 +32,13 @@ Result KytmWith(const std::string& input, const std::vector<std::string>& argume
 /// Runs a script of the shell, in which $KYTM is the program.
 Result Shell(const std::string& script);
 
+/// Whether programs have files of their own to write, where they tell what of them was run.
+#ifdef KY_COVERAGE
+inline constexpr bool kWritesCoverage = true;
+#else
+inline constexpr bool kWritesCoverage = false;
+#endif
+
 /// The lines of a text, without their ends.
 std::vector<std::string> LinesOf(const std::string& text);
 

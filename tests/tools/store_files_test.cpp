@@ -18,12 +18,6 @@
 
 namespace {
 
-#ifdef KY_COVERAGE
-constexpr bool kWritesCoverage = true;
-#else
-constexpr bool kWritesCoverage = false;
-#endif
-
 constexpr char kThing[] = "class Thing { number o_4b index\n text KyString index }";
 
 std::string Content(const std::string& path) {
