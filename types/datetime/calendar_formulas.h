@@ -38,10 +38,11 @@ struct CalendarFields {
 inline constexpr int kLeastPlainDay = -68569;         ///< -4900-03-01: no division is of a negative number
 inline constexpr int kGreatestPlainDay = 13'689'325;  ///< 32767-12-31
 
-/// What a month adds to a date: whole years, counted from March, and days.
+/// What a month adds to the year and to the day of a date, and what begins with each of the two sums: years are counted
+/// from March of -4800 on.
 struct MonthShift {
-    signed char years;
-    short days;
+    int years;
+    int days;
 };
 
 class MonthShifts {
@@ -49,11 +50,10 @@ public:
     constexpr MonthShifts() : shifts() {
         for (int month = -128; month <= 127; ++month) {
             const int years = (month - 14) / 12;
-            shifts[month & 0xFF] = {static_cast<signed char>(years),
-                                    static_cast<short>((367 * month - 4404 * years - 734) / 12)};
+            shifts[month & 0xFF] = {years + 4800, (367 * month - 4404 * years - 734) / 12 - 32075};
         }
     }
-    constexpr MonthShift Of(signed char month) const { return shifts[static_cast<unsigned char>(month)]; }
+    constexpr const MonthShift& Of(signed char month) const { return shifts[static_cast<unsigned char>(month)]; }
 
 private:
     MonthShift shifts[256];
@@ -63,14 +63,43 @@ inline constexpr MonthShifts kMonthShifts;
 
 /// The number of a day: of any fields of 16 and 8 bits.
 constexpr int DayNumber(int year, signed char month, int day) {
-    const MonthShift shift = kMonthShifts.Of(month);
-    const int sinceMarch = year + 4800 + shift.years;
+    const MonthShift& shift = kMonthShifts.Of(month);
+    const int sinceMarch = year + shift.years;
     if (sinceMarch < 0) return DayNumberOfAnyFields(year, month, day);
 
     const auto y = static_cast<unsigned>(sinceMarch);  // to 37576
     const unsigned century = y / 100;
-    return static_cast<int>(1461 * y / 4 - century + century / 4) + shift.days + day - 32075;
+    return day + (shift.days + static_cast<int>(1461 * y / 4)) - static_cast<int>(century - century / 4);
 }
+
+struct MonthAndDay {
+    signed char month;
+    signed char day;
+};
+
+inline constexpr unsigned kDaysBeforeJanuary = 306;  ///< of a year that begins in March
+
+/// The days of a year that begins in March and ends with a leap day.
+class DaysFromMarch {
+public:
+    constexpr DaysFromMarch() : days() {
+        signed char month = 3;
+        signed char day = 1;
+        for (MonthAndDay& entry : days) {
+            entry = {month, day};
+            const bool shortMonth = month == 4 || month == 6 || month == 9 || month == 11;
+            if (++day <= (shortMonth ? 30 : 31)) continue;
+            month = static_cast<signed char>(month % 12 + 1);
+            day = 1;
+        }
+    }
+    constexpr const MonthAndDay& Of(unsigned day) const { return days[day]; }
+
+private:
+    MonthAndDay days[366];
+};
+
+inline constexpr DaysFromMarch kDaysFromMarch;
 
 /// The day with a number within 2^33.
 constexpr CalendarFields FieldsOfDayNumber(long long dayNumber) {
@@ -80,26 +109,14 @@ constexpr CalendarFields FieldsOfDayNumber(long long dayNumber) {
     // Days since -5200-03-01, where 400 years begin whose leap days are all at the ends of their years.
     const unsigned days = static_cast<unsigned>(dayNumber + 178141);  // 109572 to 13867466
     const unsigned century = (4 * days + 3) / 146097;                 // 3 to 379
-    // As if every century had its leap day. Four years are 1461 days; the quarter of a day that is left of a year
-    // makes the remainder of a day's first quarter 3, 2, 1 and 0 in turn.
-    const unsigned julianQuarters = 4 * (days + century - century / 4) + 3;  // 438303 to 55471011
+    const unsigned julianDays = days + century - century / 4;         // as if every century had its leap day
 
-    // Years as a binary fraction of 42 places. The factor is rounded up: 1/125 of a quarter at most.
-    constexpr int places = 42;
-    constexpr unsigned long long one = 1ULL << places;
-    constexpr unsigned long long yearOfQuarter = one / 1461 + 1;
-    const unsigned long long years = julianQuarters * yearOfQuarter;  // below 2^58
-    const auto year = static_cast<unsigned>(years >> places);         // 300 to 37967
-    const unsigned long long partOfYear = years & (one - 1);
-
-    // 4283 units are a day and 2^17 a month, which is 30.60 days: months that begin so, from March on, begin within the
-    // first day of the calendar's. A quarter is 1071 units; those of the remainder are evened out.
-    constexpr unsigned long long unitsOfYear = 1461ULL * 4283 / 4;
-    const unsigned units =
-        static_cast<unsigned>((partOfYear * unitsOfYear) >> places) + 1071 * (year % 4) + 392'200;  // 3 to 15 months
-    const unsigned afterDecember = partOfYear > (one / 1461) * 1223 + one / 2922 ? 1 : 0;  // 306 days = 1224 quarters
-    return {static_cast<int>(year + afterDecember) - 5200, static_cast<int>((units >> 17) - 12 * afterDecember),
-            static_cast<int>((units & 0x1FFFF) / 4283) + 1};
+    // 1461 days are four years. The factor is rounded up: by 1/125 of a quarter of a day at most; one is to spare.
+    constexpr unsigned long long yearOfQuarter = (1ULL << 42) / 1461 + 1;
+    const auto year = static_cast<unsigned>((4 * julianDays + 3) * yearOfQuarter >> 42);  // 300 to 37967
+    const unsigned dayOfYear = julianDays - 1461 * year / 4;
+    const MonthAndDay& found = kDaysFromMarch.Of(dayOfYear);
+    return {static_cast<int>(year + (dayOfYear >= kDaysBeforeJanuary ? 1 : 0)) - 5200, found.month, found.day};
 }
 
 }  // namespace ky

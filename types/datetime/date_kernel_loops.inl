@@ -104,9 +104,9 @@ KY_KERNEL_TARGET inline std::size_t HashRounds(DateForm form, Words& sum, const 
     const HashStep third(kRounds.Of(form, 2));
     Words other = {};
     for (; count * size >= Rounds::Reach(place); count -= Rounds::kElements) {
-        const Vector a = LoadVector(from + Rounds::InForm(place, 0));
-        const Vector b = LoadVector(from + Rounds::InForm(place, 1));
-        const Vector c = LoadVector(from + Rounds::InForm(place, 2));
+        const Vector a = LoadOperand(from + Rounds::InForm(place, 0));
+        const Vector b = LoadOperand(from + Rounds::InForm(place, 1));
+        const Vector c = LoadOperand(from + Rounds::InForm(place, 2));
         sum ^= first.Of(a) ^ second.Of(b);
         other ^= third.Of(c);
         from += Rounds::kElements * size;
@@ -132,14 +132,17 @@ KY_KERNEL_TARGET inline std::uint32_t Hash(DateRecord record, DateForm form, con
         }
     }
     std::size_t left = count * plan.from;
-    for (; left >= sizeof(Vector) + bytes; left -= 2 * bytes) {
-        sum ^= step.Of(LoadVector(from)) ^ step.Of(LoadVector(from + bytes));
-        from += 2 * bytes;
+    for (; left >= sizeof(Vector) + 3 * bytes; left -= 4 * bytes) {
+        const Words a = step.Of(LoadOperand(from));
+        const Words b = step.Of(LoadOperand(from + bytes));
+        const Words c = step.Of(LoadOperand(from + 2 * bytes));
+        const Words d = step.Of(LoadOperand(from + 3 * bytes));
+        sum ^= (a ^ b ^ c) ^ d;
+        from += 4 * bytes;
     }
-    if (left >= sizeof(Vector)) {
-        sum ^= step.Of(LoadVector(from));
+    for (; left >= sizeof(Vector); left -= bytes) {
+        sum ^= step.Of(LoadOperand(from));
         from += bytes;
-        left -= bytes;
     }
     HashRest(plan, record, form, step, sum, from, left / plan.from);
     return XorOf(sum);

@@ -3,6 +3,7 @@
 //   KY_KERNEL_TARGET          the function attribute that selects the instruction set
 //   Vector                    its widest register whose bytes can be permuted
 //   LoadVector, StoreVector   unaligned access
+//   LoadOperand               the same for a vector that is used once
 //   Permute(vector, index)    the bytes that the index names
 //   PermuteOrZero             the same with zeros where the index has its highest bit set
 
@@ -14,6 +15,7 @@ using Vector = __m128i;
 KY_KERNEL_TARGET inline Vector LoadVector(const unsigned char* from) {
     return _mm_loadu_si128(reinterpret_cast<const Vector*>(from));
 }
+KY_KERNEL_TARGET inline Vector LoadOperand(const unsigned char* from) { return LoadVector(from); }
 KY_KERNEL_TARGET inline void StoreVector(unsigned char* to, Vector vector) {
     _mm_storeu_si128(reinterpret_cast<Vector*>(to), vector);
 }

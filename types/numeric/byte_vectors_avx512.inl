@@ -3,6 +3,7 @@
 //   KY_KERNEL_TARGET          the function attribute that selects the instruction set
 //   Vector                    its widest register whose bytes can be permuted
 //   LoadVector, StoreVector   unaligned access
+//   LoadOperand               the same for a vector that is used once
 //   Permute(vector, index)    the bytes that the index names
 //   PermuteOrZero             the same with zeros where the index has its highest bit set
 
@@ -16,6 +17,8 @@ KY_KERNEL_TARGET inline Vector LoadVector(const unsigned char* from) {
     asm("" : "+v"(vector));
     return vector;
 }
+/// For one operation alone, which may read it as an operand in memory.
+KY_KERNEL_TARGET inline Vector LoadOperand(const unsigned char* from) { return _mm512_loadu_si512(from); }
 KY_KERNEL_TARGET inline void StoreVector(unsigned char* to, Vector vector) { _mm512_storeu_si512(to, vector); }
 
 // The forms with a mask have no indeterminate operand, which the headers of the plain ones are warned about.
