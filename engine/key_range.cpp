@@ -26,8 +26,10 @@ void KeyRange::Free() {
 
 void KeyRange::Add(void*& limit, unsigned char& length, Bytes key) {
     if (limit != nullptr) return;
-    limit = mmKymalloc(key.size());
-    std::memcpy(limit, key.data(), key.size());
+    void* const block = mmKymalloc(key.size());
+    if (block == nullptr) return;  // a missing limit only makes the range wider
+    std::memcpy(block, key.data(), key.size());
+    limit = block;
     length = static_cast<unsigned char>(key.size());
 }
 

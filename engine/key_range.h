@@ -3,6 +3,8 @@
 
 /// A range of index keys.
 
+#include <utility>
+
 #include "kytypevl.h"
 #include "record.h"
 
@@ -24,6 +26,18 @@ public:
     /// Sets a limit that is not set yet. At most 255 bytes.
     void AddLower(Bytes key) { Add(bounds.lower, bounds.lowerLen, key); }
     void AddUpper(Bytes key) { Add(bounds.upper, bounds.upperLen, key); }
+    /// Keeps what lies in both ranges, of keys in the order of `compare(a, b)`.
+    template <class Compare>
+    void Intersect(KeyRange other, const Compare& compare) {
+        if (other.HasLower() && (!HasLower() || compare(other.Lower(), Lower()) > 0)) {
+            std::swap(bounds.lower, other.bounds.lower);
+            std::swap(bounds.lowerLen, other.bounds.lowerLen);
+        }
+        if (other.HasUpper() && (!HasUpper() || compare(other.Upper(), Upper()) < 0)) {
+            std::swap(bounds.upper, other.bounds.upper);
+            std::swap(bounds.upperLen, other.bounds.upperLen);
+        }
+    }
 
 private:
     KyIdxBounds bounds;

@@ -50,38 +50,46 @@ void Narrowing::Add(const Comparison& comparison, const StoredConstant& constant
             keepsApart[i] = keepsApart[i] && test.HoldsFor(limits->apart[i].key);
     }
 
+    KeyRange range;
     if (IsPattern(attribute.type, Form(), constant, comparison.op)) {
-        AddPattern(comparison, constant);
+        AddPattern(comparison, constant, range);
+    } else if ((comparison.op & KyCmpExact) == 0 && IsAbsent(constant)) {
+        AddAbsent(comparison.op, range);
     } else if (IsString(attribute.type) && MayBeLonger(constant)) {
-        AddLong(comparison, constant);
-    } else if (attribute.type == KySTRING_T && (comparison.op & KyCmpExact) == 0 && IsAbsent(constant)) {
-        AddAbsent(comparison, constant);
+        AddLong(comparison, constant, range);
     } else {
-        Estimate(comparison.op, constant, &scan.range.Bounds());
-        // Of dictionary strings that begin with a wildcard EvalAndBound records nothing, be they exact or not.
-        const bool isDictionary = IsString(attribute.type) && attribute.type != KySTRING_T;
-        if (isDictionary && (comparison.op & KyCmpLess) == 0) scan.range.AddLower(constant);
-        if (isDictionary && (comparison.op & KyCmpGreater) == 0) scan.range.AddUpper(constant);
-        // Of strings with escapes only their beginning, as of patterns.
-        if (IsString(attribute.type) && (comparison.op & KyCmpGreater) == 0 && !scan.range.HasUpper())
-            scan.last = &comparison;
+        AddLimits(comparison, constant, range);
     }
+    scan.range.Intersect(std::move(range), [this](Bytes a, Bytes b) { return Order(a, b); });
+}
+
+int Narrowing::Order(Bytes a, Bytes b) const { return CompareAsIndexed(attribute, Form(), a, b); }
+
+/// A constant that is a key, or has escapes.
+void Narrowing::AddLimits(const Comparison& comparison, const StoredConstant& constant, KeyRange& range) {
+    Estimate(comparison.op, constant, &range.Bounds());
+    // Of dictionary strings that begin with a wildcard EvalAndBound records nothing, be they exact or not.
+    const bool isDictionary = IsString(attribute.type) && attribute.type != KySTRING_T;
+    if (isDictionary && (comparison.op & KyCmpLess) == 0) range.AddLower(constant);
+    if (isDictionary && (comparison.op & KyCmpGreater) == 0) range.AddUpper(constant);
+    // Of strings with escapes only their beginning, as of patterns.
+    if (IsString(attribute.type) && (comparison.op & KyCmpGreater) == 0 && !range.HasUpper()) scan.last = &comparison;
 }
 
 /// Compare looks at the keys as far as the text before the first wildcard goes, so that what begins like it is one run
 /// of keys, of every type and folding.
-void Narrowing::AddPattern(const Comparison& comparison, const StoredConstant& constant) {
+void Narrowing::AddPattern(const Comparison& comparison, const StoredConstant& constant, KeyRange& range) {
     const bool bounds = (comparison.op & KyCmpLess) == 0;
     const std::vector<unsigned char> begin = BeginningOfBound(constant);
     if (attribute.type != KySTRING_T) {
         // The limit that is recorded of them would be the pattern as it stands.
         Estimate(comparison.op, constant, nullptr);
-        if (bounds) scan.range.AddLower(DictionaryPrefix(attribute.type, Form(), begin));
+        if (bounds) range.AddLower(DictionaryPrefix(attribute.type, Form(), begin));
     } else if (IsPattern(attribute.type, Form(), begin, comparison.op)) {
-        Estimate(comparison.op, begin, &scan.range.Bounds());
+        Estimate(comparison.op, begin, &range.Bounds());
     } else {
         Estimate(comparison.op, begin, nullptr);
-        if (bounds) AddLowerUpToEscape(comparison.op, begin);
+        if (bounds) AddLowerUpToEscape(comparison.op, begin, range);
     }
     if ((comparison.op & KyCmpGreater) == 0) scan.last = &comparison;
 }
@@ -92,10 +100,10 @@ std::vector<unsigned char> Narrowing::BeginningOfBound(const StoredConstant& con
 }
 
 /// EvalAndBound records a text as far as it means itself under the operator.
-void Narrowing::AddLowerUpToEscape(unsigned short op, Bytes begin) {
+void Narrowing::AddLowerUpToEscape(unsigned short op, Bytes begin, KeyRange& range) const {
     auto fromThere = static_cast<unsigned short>((op & ~kRelationBits) | KyCmpGreater | KyCmpEqual);
     Types().EvalAndBound(attribute.type, nullptr, fromThere, const_cast<unsigned char*>(begin.data()), Form(), 1,
-                         &scan.range.Bounds(), nullptr);
+                         &range.Bounds(), nullptr);
 }
 
 /// Whether a string may be that keys are cut before it ends.
@@ -106,7 +114,7 @@ bool Narrowing::MayBeLonger(const StoredConstant& constant) const {
 
 /// A constant that may be longer than keys: its own key is its limit, if it is one of strings that can be. Else its
 /// beginning bounds it from below, and from above it is compared itself.
-void Narrowing::AddLong(const Comparison& comparison, const StoredConstant& constant) {
+void Narrowing::AddLong(const Comparison& comparison, const StoredConstant& constant, KeyRange& range) {
     const bool fromThere = (comparison.op & KyCmpLess) == 0;
     const bool upToThere = (comparison.op & KyCmpGreater) == 0;
     const std::vector<unsigned char> begin = BeginningOfBound(constant);
@@ -114,11 +122,11 @@ void Narrowing::AddLong(const Comparison& comparison, const StoredConstant& cons
     std::vector<unsigned char> scratch;
     const Bytes key = IndexKey(attribute, Form(), constant, scratch);
     if (key.size() <= kLongestKey && MeansItself(comparison.op, constant)) {
-        if (fromThere) scan.range.AddLower(key);
-        if (upToThere) scan.range.AddUpper(key);
+        if (fromThere) range.AddLower(key);
+        if (upToThere) range.AddUpper(key);
         return;
     }
-    if (fromThere) AddLowerUpToEscape(comparison.op, begin);
+    if (fromThere) AddLowerUpToEscape(comparison.op, begin, range);
     if (upToThere) scan.last = &comparison;
 }
 
@@ -132,16 +140,18 @@ bool Narrowing::MeansItself(unsigned short op, const StoredConstant& constant) c
 
 /// Null and the text without characters are the same unless texts are compared exactly, as the index does: such a
 /// constant is both.
-void Narrowing::AddAbsent(const Comparison& comparison, const StoredConstant& constant) {
-    Estimate(comparison.op, constant, nullptr);
+void Narrowing::AddAbsent(unsigned short op, KeyRange& range) {
     const Value value(KySTRING_T);
     const std::vector<unsigned char> empty = value.Store(Form());
+    Estimate(op, empty, nullptr);
     Types().SetNullPtrGet(KySTRING_T)(value.Get());
-    if ((comparison.op & KyCmpLess) == 0) scan.range.AddLower(value.Store(Form()));
-    if ((comparison.op & KyCmpGreater) == 0) scan.range.AddUpper(empty);
+    if ((op & KyCmpLess) == 0) range.AddLower(value.Store(Form()));
+    if ((op & KyCmpGreater) == 0) range.AddUpper(empty);
 }
 
+/// Whether a constant of type 11 has no characters; its record may be long nevertheless.
 bool Narrowing::IsAbsent(const StoredConstant& constant) const {
+    if (attribute.type != KySTRING_T) return false;
     std::vector<unsigned char> empty = Value(KySTRING_T).Store(Form());
     int err = 0;
     return Types().Cmp(KySTRING_T, 0, const_cast<unsigned char*>(constant.data()), 0, empty.data(), KyCmpEqual, 1,
@@ -169,10 +179,9 @@ void Narrowing::Estimate(unsigned short op, Bytes key, KyIdxBounds* narrowed) {
 
 bool Narrowing::StandsApart(Bytes key) const {
     if (!limits || limits->apart.empty()) return false;
-    const auto order = [&](const ApartKey& apart) { return CompareAsIndexed(attribute, Form(), apart.key, key); };
-    const int orderOfLast = order(limits->apart.back());
+    const int orderOfLast = Order(limits->apart.back().key, key);
     if (orderOfLast <= 0) return orderOfLast == 0;
-    return std::ranges::any_of(limits->apart, [&](const ApartKey& apart) { return order(apart) == 0; });
+    return std::ranges::any_of(limits->apart, [&](const ApartKey& apart) { return Order(apart.key, key) == 0; });
 }
 
 /// The range so far, as far as there are keys in it.
@@ -183,10 +192,9 @@ KyIdxBounds Narrowing::KnownBounds() const {
         limit = const_cast<unsigned char*>(key.data());
         length = static_cast<unsigned char>(std::min<std::size_t>(key.size(), kLongestKey));
     };
-    const auto order = [&](Bytes a, Bytes b) { return CompareAsIndexed(attribute, Form(), a, b); };
     const KeyRange& range = scan.range;
-    const bool fromLower = range.HasLower() && order(range.Lower(), limits->first) > 0;
-    const bool toUpper = range.HasUpper() && order(range.Upper(), limits->last) < 0;
+    const bool fromLower = range.HasLower() && Order(range.Lower(), limits->first) > 0;
+    const bool toUpper = range.HasUpper() && Order(range.Upper(), limits->last) < 0;
     set(known.lower, known.lowerLen, fromLower ? range.Lower() : limits->first);
     set(known.upper, known.upperLen, toUpper ? range.Upper() : limits->last);
     return known;

@@ -29,7 +29,7 @@ class Narrowing {
 public:
     Narrowing(const Snapshot& snapshot, const RecordLayout& aLayout, std::size_t classAt, std::size_t anAttribute);
 
-    /// One more comparison, which the index serves.
+    /// One more comparison, which the index serves. Of those that limit the same side the narrowest counts.
     void Add(const Comparison& comparison, const StoredConstant& constant);
 
     bool Narrows() const { return scan.range.HasLower() || scan.range.HasUpper() || scan.last != nullptr; }
@@ -47,11 +47,13 @@ private:
     std::vector<bool> keepsApart;  ///< by the keys that stand apart
 
     unsigned char Form() const { return layout.Form(); }
-    void AddPattern(const Comparison& comparison, const StoredConstant& constant);
+    int Order(Bytes a, Bytes b) const;
+    void AddPattern(const Comparison& comparison, const StoredConstant& constant, KeyRange& range);
     std::vector<unsigned char> BeginningOfBound(const StoredConstant& constant) const;
-    void AddLowerUpToEscape(unsigned short op, Bytes begin);
-    void AddLong(const Comparison& comparison, const StoredConstant& constant);
-    void AddAbsent(const Comparison& comparison, const StoredConstant& constant);
+    void AddLowerUpToEscape(unsigned short op, Bytes begin, KeyRange& range) const;
+    void AddLong(const Comparison& comparison, const StoredConstant& constant, KeyRange& range);
+    void AddAbsent(unsigned short op, KeyRange& range);
+    void AddLimits(const Comparison& comparison, const StoredConstant& constant, KeyRange& range);
     bool MayBeLonger(const StoredConstant& constant) const;
     bool MeansItself(unsigned short op, const StoredConstant& constant) const;
     bool IsAbsent(const StoredConstant& constant) const;

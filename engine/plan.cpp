@@ -38,11 +38,19 @@ double UsualShare(const Comparison& comparison) {
 
 using Conditions = std::vector<const Condition*>;
 
-/// What has to hold altogether: the parts of `all`, or the condition itself.
+void AddParts(const Condition& condition, Conditions& parts) {
+    if (condition.kind != Condition::Kind::all) {
+        parts.push_back(&condition);
+        return;
+    }
+    for (const Condition& part : condition.parts) AddParts(part, parts);
+}
+
+/// What has to hold altogether: the parts of `all`, of those among them that are `all` again theirs; or the condition
+/// itself.
 Conditions PartsOf(const Condition& condition) {
-    if (condition.kind != Condition::Kind::all) return {&condition};
     Conditions parts;
-    for (const Condition& part : condition.parts) parts.push_back(&part);
+    AddParts(condition, parts);
     return parts;
 }
 
@@ -191,10 +199,21 @@ private:
 
     double EntriesOfFirstKey(const IndexScan& scan) const {
         IndexCursor cursor(snapshot, query.classAt, scan.attribute);
-        const Bytes begin = scan.backward ? (scan.range.HasUpper() ? scan.range.Upper() : Bytes())
-                                          : (scan.range.HasLower() ? scan.range.Lower() : Bytes());
-        const auto first = !begin.empty() ? cursor.FirstFrom(begin) : scan.backward ? cursor.LastKey() : cursor.First();
+        const auto first = scan.backward           ? LastKey(cursor, scan)
+                           : scan.range.HasLower() ? cursor.FirstFrom(scan.range.Lower())
+                                                   : cursor.First();
         return first ? static_cast<double>(cursor.CountOfKey()) : 0;
+    }
+
+    /// The last key that is not behind the scan's upper limit.
+    std::optional<IndexEntry> LastKey(IndexCursor& cursor, const IndexScan& scan) const {
+        if (!scan.range.HasUpper()) return cursor.LastKey();
+        const Bytes upper = scan.range.Upper();
+        const auto from = cursor.FirstFrom(upper);
+        if (!from) return cursor.LastKey();
+        const Attribute& attribute = layout.Of().attributes[scan.attribute];
+        const bool isUpper = CompareAsIndexed(attribute, layout.Form(), from->key, upper) == 0;
+        return isUpper ? from : cursor.PreviousKey();
     }
 };
 

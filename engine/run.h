@@ -39,6 +39,7 @@ public:
     /// dictionary string that is too long for a constant.
     void Bind(std::size_t constant, void* value);
 
+    /// For the constants that are set now. Refers to the query.
     AccessPath Plan(const Snapshot& snapshot) const { return MakePlan(snapshot, query, constants); }
 
     /// Calls `take` with each object, in the order asked for, up to the limit. A false answer ends the run.

@@ -253,6 +253,46 @@ TEST_P(StringScans, GiveWhatALookAtAllGivesAndReadNoMore) {
 
 INSTANTIATE_TEST_SUITE_P(Types, StringScans, ::testing::ValuesIn(AllCases()), NameOf);
 
+/// The text ends at once in a block that is longer than a limit.
+TEST(Scans, OfATextWithoutCharactersInALongRecord) {
+    const ScratchFolder folder;
+    Store::Create(folder.File("texts"), engine::Schema::Parse("class Text { text KyString index }"), KyFormNative);
+    Store store(folder.File("texts"), engine::Access::write);
+    engine::Batch batch(store, 0);
+    for (int i = 0; i < 30; ++i) {
+        KyString text(i % 3 == 0 ? "" : "a");
+        if (i % 3 == 1) Types().SetNullPtrGet(KySTRING_T)(&text);
+        void* const values[] = {&text};
+        batch.Add(values);
+    }
+    batch.Commit();
+    const Snapshot snapshot(store);
+    KyString constant(std::string(300, 'x').c_str());
+    constant.StrGet()[0] = 0;
+    for (const auto& [relation, found] : {std::pair("=", 20U),
+                                          {"<=", 20U},
+                                          {"<", 0U},
+                                          {">=", 30U},
+                                          {">", 10U},
+                                          {"= ? exact", 10U},
+                                          {"<= ? exact", 20U}}) {
+        std::string text = std::string("Text where text ") + relation;
+        if (text.find('?') == text.npos) text += " ?";
+        PreparedQuery query(store, engine::ParseQuery(store.GetSchema(), text), {});
+        query.Bind(0, &constant);
+        std::vector<unsigned char> stored(Types().DiskLenGet(KySTRING_T, &constant, KyFormNative, 1, KyFormMemory));
+        stored.resize(Types().Store(KySTRING_T, stored.data(), &constant, KyFormNative, 1));
+        ASSERT_GT(stored.size(), engine::kLongestKey);
+        Narrowing narrowing(snapshot, store.Layout(0), 0, 0);
+        narrowing.Add(query.Of().where.comparison, stored);
+        AccessPath path;
+        path.kind = AccessPath::Kind::oneIndex;
+        path.scan = std::move(narrowing.scan);
+        EXPECT_EQ(query.Run(snapshot, path, [](const engine::Object&) { return true; }).found, found) << text;
+        EXPECT_EQ(query.Run(snapshot, AccessPath(), [](const engine::Object&) { return true; }).found, found) << text;
+    }
+}
+
 TEST(Shares, OfNullWhereThereIsNone) {
     const ScratchFolder folder;
     Store::Create(folder.File("things"), engine::Schema::Parse("class Thing { number KyNull_int index }"),
