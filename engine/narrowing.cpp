@@ -172,16 +172,20 @@ void Narrowing::Estimate(unsigned short op, Bytes key, KyIdxBounds* narrowed) {
     const unsigned short relation = op;
     const float kept = Types().EvalAndBound(attribute.type, known.lower == nullptr ? nullptr : &known, op,
                                             const_cast<unsigned char*>(key.data()), Form(), 1, narrowed, nullptr);
-    // All others are behind what stands apart; to the formulas it is at no distance.
-    share *=
-        StandsApart(key) ? ((relation & KyCmpGreater) != 0 ? 1 : 0) : std::clamp(static_cast<double>(kept), 0.0, 1.0);
+    if (const ApartKey* const apart = FindApart(key)) {
+        // All others are on one side of it; to the formulas it is at no distance.
+        share *= (relation & (apart->isBehind ? KyCmpLess : KyCmpGreater)) != 0 ? 1 : 0;
+    } else {
+        share *= std::clamp(static_cast<double>(kept), 0.0, 1.0);
+    }
 }
 
-bool Narrowing::StandsApart(Bytes key) const {
-    if (!limits || limits->apart.empty()) return false;
-    const int orderOfLast = Order(limits->apart.back().key, key);
-    if (orderOfLast <= 0) return orderOfLast == 0;
-    return std::ranges::any_of(limits->apart, [&](const ApartKey& apart) { return Order(apart.key, key) == 0; });
+/// Null when the key is among the others.
+const ApartKey* Narrowing::FindApart(Bytes key) const {
+    if (!limits) return nullptr;
+    const auto found =
+        std::ranges::find_if(limits->apart, [&](const ApartKey& apart) { return Order(apart.key, key) == 0; });
+    return found != limits->apart.end() ? &*found : nullptr;
 }
 
 /// The range so far, as far as there are keys in it.

@@ -34,7 +34,7 @@ public:
 
     bool Narrows() const { return scan.range.HasLower() || scan.range.HasUpper() || scan.last != nullptr; }
     /// Of the index's entries: by EvalAndBound of those whose keys have a place among others, and by their numbers of
-    /// those that have none, null and the text without characters.
+    /// those that have none.
     double Share() const;
 
     IndexScan scan;
@@ -58,7 +58,7 @@ private:
     bool MeansItself(unsigned short op, const StoredConstant& constant) const;
     bool IsAbsent(const StoredConstant& constant) const;
     void Estimate(unsigned short op, Bytes key, KyIdxBounds* narrowed);
-    bool StandsApart(Bytes key) const;
+    const ApartKey* FindApart(Bytes key) const;
     KyIdxBounds KnownBounds() const;
 };
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "index_order.h"
+#include "kystring.h"
 #include "lmdb_call.h"
 #include "types.h"
 #include "value.h"
@@ -25,17 +26,38 @@ std::size_t Entries(MDB_txn* transaction, MDB_dbi database) {
     return told.ms_entries;
 }
 
-/// What says of a value that there is none, in the order of an index.
-std::vector<std::vector<unsigned char>> AbsentKeys(const Attribute& attribute, unsigned char form) {
-    std::vector<std::vector<unsigned char>> keys;
+using Keys = std::vector<std::vector<unsigned char>>;
+
+bool IsFloatingPoint(char type) {
+    return type == KyDOUBLE_T || type == KyFLOAT_T || type == KyNULL_DOUBLE_T || type == KyNULL_FLOAT_T;
+}
+
+std::vector<unsigned char> Scanned(char type, unsigned char form, const char* content) {
+    const Value value(type);
+    KyString text(content);
+    Types().ScanFromKyString(type, value.Get(), text, nullptr, 1);
+    return value.Store(form);
+}
+
+/// What stands apart before all others, in the order of an index.
+Keys KeysBefore(const Attribute& attribute, unsigned char form) {
+    Keys keys;
     if (attribute.count > 1) return keys;
     const Value value(attribute.type);
     if (IsString(attribute.type)) keys.push_back(value.Store(form));
+    if (IsFloatingPoint(attribute.type))
+        for (const char* word : {"NaN", "-Infinity"}) keys.push_back(Scanned(attribute.type, form, word));
     if (KySetNullFunc* const setNull = Types().SetNullPtrGet(attribute.type)) {
         setNull(value.Get());
         keys.insert(keys.begin(), value.Store(form));
     }
     return keys;
+}
+
+/// And behind them.
+Keys KeysBehind(const Attribute& attribute, unsigned char form) {
+    if (attribute.count > 1 || !IsFloatingPoint(attribute.type)) return {};
+    return {Scanned(attribute.type, form, "Infinity")};
 }
 
 CursorHandle OpenCursor(MDB_txn* transaction, MDB_dbi database) {
@@ -84,14 +106,23 @@ const std::optional<KeyLimits>& Snapshot::Limits(std::size_t classAt, std::size_
     KeyLimits& limits = of.limits.emplace();
     limits.entries = EntryCount(classAt, attribute);
     const Attribute& indexed = store->Layout(classAt).Of().attributes[attribute];
-    for (std::vector<unsigned char>& key : AbsentKeys(indexed, store->Form())) {
-        const int order = entry ? CompareAsIndexed(indexed, store->Form(), key, entry->key) : -1;
-        if (order > 0) continue;
-        limits.apart.push_back({.key = std::move(key), .entries = order == 0 ? cursor.CountOfKey() : 0});
-        if (order == 0) entry = cursor.NextKey();
+    const auto order = [&](Bytes a, Bytes b) { return CompareAsIndexed(indexed, store->Form(), a, b); };
+    for (std::vector<unsigned char>& key : KeysBefore(indexed, store->Form())) {
+        const int toFirst = entry ? order(key, entry->key) : -1;
+        if (toFirst > 0) continue;
+        limits.apart.push_back({.key = std::move(key), .entries = toFirst == 0 ? cursor.CountOfKey() : 0});
+        if (toFirst == 0) entry = cursor.NextKey();
     }
-    if (entry) limits.first = entry->key;
-    if (entry) limits.last = cursor.LastKey()->key;
+    if (!entry) return of.limits;
+    auto last = cursor.LastKey();
+    for (std::vector<unsigned char>& key : KeysBehind(indexed, store->Form())) {
+        const bool isLast = last && order(key, last->key) == 0;
+        limits.apart.push_back({.key = std::move(key), .entries = isLast ? cursor.CountOfKey() : 0, .isBehind = true});
+        if (isLast) last = cursor.PreviousKey();
+    }
+    if (!last || order(entry->key, last->key) > 0) return of.limits;
+    limits.first = entry->key;
+    limits.last = last->key;
     return of.limits;
 }
 

@@ -20,17 +20,19 @@ struct CloseCursor {
 };
 using CursorHandle = std::unique_ptr<MDB_cursor, CloseCursor>;
 
-/// A key that stands apart before all others, null or the text without characters, and its entries; there may be none.
+/// A key that is at no distance from others and stands before or behind all of them: null, the text without characters,
+/// NaN, an infinity.
 struct ApartKey {
     std::vector<unsigned char> key;
-    std::size_t entries;
+    std::size_t entries;  ///< there may be none
+    bool isBehind = false;
 };
 
 /// What an index reaches over.
 struct KeyLimits {
     std::size_t entries = 0;  ///< of the whole index
     std::vector<ApartKey> apart;
-    /// The first and the last key of the others; both empty when there are none.
+    /// The first and the last key of those that do not stand apart; both empty when there are none.
     Bytes first;
     Bytes last;
 

@@ -15,7 +15,6 @@
 
 #include "batch.h"
 #include "index_order.h"
-#include "kynull.h"
 #include "kystring.h"
 #include "pattern.h"
 #include "run.h"
@@ -291,111 +290,6 @@ TEST(Scans, OfATextWithoutCharactersInALongRecord) {
         EXPECT_EQ(query.Run(snapshot, path, [](const engine::Object&) { return true; }).found, found) << text;
         EXPECT_EQ(query.Run(snapshot, AccessPath(), [](const engine::Object&) { return true; }).found, found) << text;
     }
-}
-
-TEST(Shares, OfNullWhereThereIsNone) {
-    const ScratchFolder folder;
-    Store::Create(folder.File("things"), engine::Schema::Parse("class Thing { number KyNull_int index }"),
-                  KyFormNative);
-    Store store(folder.File("things"), engine::Access::write);
-    engine::Batch batch(store, 0);
-    for (int i = 0; i < 10; ++i) {
-        KyNull_int number(i);
-        void* const values[] = {&number};
-        batch.Add(values);
-    }
-    batch.Commit();
-    const Snapshot snapshot(store);
-    const Value null(store.GetSchema().Classes()[0].attributes[0].type);
-    Types().SetNullPtrGet(store.GetSchema().Classes()[0].attributes[0].type)(null.Get());
-    for (const auto& [condition, share] : {std::pair("number > ?", 1.0), {"number = ?", 0.0}, {"number < ?", 0.0}}) {
-        const std::string text = std::string("Thing where ") + condition;
-        const PreparedQuery query(store, engine::ParseQuery(store.GetSchema(), text), {});
-        Narrowing narrowing(snapshot, store.Layout(0), 0, 0);
-        narrowing.Add(query.Of().where.comparison, null.Store(KyFormNative));
-        EXPECT_EQ(narrowing.Share(), share) << text;
-    }
-}
-
-TEST(Shares, AreOfWhatHasAPlaceAndOfNullsByTheirNumber) {
-    const ScratchFolder folder;
-    Store::Create(folder.File("things"),
-                  engine::Schema::Parse("class Thing { number KyNull_int index\n text KyString index }"), KyFormNative);
-    Store store(folder.File("things"), engine::Access::write);
-    engine::Batch batch(store, 0);
-    // 100 numbers and texts, 60 nulls of both, 40 texts without characters.
-    for (int i = 0; i < 200; ++i) {
-        KyNull_int number;
-        KyString text;
-        if (i < 100) {
-            number = KyNull_int(1000 + i);
-            text = std::string(1, static_cast<char>('a' + i % 26)).append("x").c_str();
-        } else if (i >= 160) {
-            number = KyNull_int(1000 + i - 160);
-        } else {
-            Types().SetNullPtrGet(KySTRING_T)(&text);
-        }
-        void* const values[] = {&number, &text};
-        batch.Add(values);
-    }
-    batch.Commit();
-    const Snapshot snapshot(store);
-    const auto stored = [&](std::size_t attribute, void* value) {
-        const char type = store.GetSchema().Classes()[0].attributes[attribute].type;
-        std::vector<unsigned char> bytes(Types().DiskLenGet(type, value, KyFormNative, 1, KyFormMemory));
-        bytes.resize(Types().Store(type, bytes.data(), value, KyFormNative, 1));
-        return bytes;
-    };
-    const auto share = [&](const char* condition, const std::vector<std::optional<int>>& constants) {
-        PreparedQuery query(store, engine::ParseQuery(store.GetSchema(), std::string("Thing where ") + condition), {});
-        Narrowing narrowing(snapshot, store.Layout(0), 0, 0);
-        const engine::Condition& where = query.Of().where;
-        const std::vector<engine::Condition> parts = where.parts.empty() ? std::vector{where} : where.parts;
-        for (std::size_t i = 0; i < constants.size(); ++i) {
-            KyNull_int constant;
-            if (constants[i]) constant = KyNull_int(*constants[i]);
-            narrowing.Add(parts[i].comparison, stored(0, &constant));
-        }
-        return narrowing.Share();
-    };
-    const struct {
-        const char* condition;
-        std::vector<std::optional<int>> constants;
-        double share;
-    } cases[] = {
-        {"number = ?", {std::nullopt}, 0.3},
-        {"number <= ?", {std::nullopt}, 0.3},
-        {"number < ?", {std::nullopt}, 0},
-        {"number > ?", {std::nullopt}, 0.7},
-        {"number >= ?", {std::nullopt}, 1},
-        {"number = ?", {1050}, 0.7 / 100},
-        {"number < ?", {1050}, 0.3 + 0.7 / 2},
-        {"number >= ?", {1050}, 0.7 / 2},
-        {"number < ?", {1}, 0.3},
-        {"number > ?", {5000}, 0},
-        {"number >= ? and number < ?", {-9999, 1050}, 0.7 / 2},
-        {"number <= ? and number >= ?", {9999, 1050}, 0.7 / 2},
-        {"number >= ? and number < ?", {std::nullopt, 1050}, 0.3 + 0.7 / 2},
-        {"number > ? and number < ?", {std::nullopt, 1050}, 0.7 / 2},
-    };
-    for (const auto& c : cases) EXPECT_NEAR(share(c.condition, c.constants), c.share, 0.02) << c.condition;
-
-    const auto shareOfText = [&](const char* condition, const char* constant) {
-        const PreparedQuery query(store, engine::ParseQuery(store.GetSchema(), std::string("Thing where ") + condition),
-                                  {});
-        Narrowing narrowing(snapshot, store.Layout(0), 0, 1);
-        KyString text(constant);
-        narrowing.Add(query.Of().where.comparison, stored(1, &text));
-        return narrowing.Share();
-    };
-    EXPECT_NEAR(shareOfText("text >= ?", "n"), 0.5 / 2, 0.05);
-    EXPECT_NEAR(shareOfText("text < ?", "n"), 0.5 + 0.5 / 2, 0.05);
-    EXPECT_NEAR(shareOfText("text = ?", "*"), 1, 0.001);
-    EXPECT_NEAR(shareOfText("text = ?", "n*"), 0.5 / 26, 0.02);
-    EXPECT_NEAR(shareOfText("text = ?", ""), 0.5, 0.001);
-    EXPECT_NEAR(shareOfText("text > ?", ""), 0.5, 0.001);
-    EXPECT_NEAR(shareOfText("text = ? exact", ""), 0.2, 0.001);
-    EXPECT_NEAR(shareOfText("text > ? exact", ""), 0.5, 0.001);
 }
 
 }  // namespace
