@@ -11,9 +11,9 @@
 #include "batch.h"
 #include "made_values.h"
 #include "maintenance.h"
-#include "pattern.h"
 #include "run.h"
 #include "scratch_store.h"
+#include "twin.h"
 
 namespace {
 
@@ -114,28 +114,6 @@ TEST_P(AttributesOf, ComeOutAsTheyWentIn) {
     }
 }
 
-/// Whether a value fulfils a comparison, told from the values alone.
-bool Fulfils(const Case& of, const Value& value, const Value& constant, unsigned short op) {
-    std::vector<unsigned char> a = value.Store(of.form);
-    std::vector<unsigned char> b = constant.Store(of.form);
-    int err = 0;
-    const int order = Types().Cmp(of.type, 0, a.data(), 0, b.data(), op, 1, of.form, err);
-    bool equal = order == 0;
-    if (engine::IsPattern(of.type, of.form, b, op)) equal = engine::MatchesPattern(of.type, of.form, a, b, op);
-    switch (op & 7) {
-        case KyCmpEqual:
-            return equal;
-        case KyCmpLess | KyCmpGreater:
-            return !equal;
-        case KyCmpLess:
-            return order < 0;
-        case KyCmpGreater:
-            return order > 0;
-        default:
-            return equal || ((op & KyCmpLess) != 0 ? order < 0 : order > 0);
-    }
-}
-
 TEST_P(AttributesOf, AreFoundByEveryComparison) {
     const Snapshot snapshot(*store);
     int answersWithObjects = 0;
@@ -158,7 +136,8 @@ TEST_P(AttributesOf, AreFoundByEveryComparison) {
                 std::ranges::sort(found);
                 std::vector<ObjectNumber> expected;
                 for (ObjectNumber number = 1; number <= kObjects; ++number)
-                    if (Fulfils(GetParam(), ValueOf(number), constant, query.Of().where.comparison.op))
+                    if (Fulfils(type, form, ValueOf(number).Store(form), constant.Store(form),
+                                query.Of().where.comparison.op))
                         expected.push_back(number);
                 KyString text;
                 ASSERT_EQ(found, expected) << relation << exact << " "
