@@ -97,8 +97,8 @@ constexpr int ClockHour(int hour, bool halves, const DatePrintRules& rules) {
 // KEPT: with both marks the second counts after the first, and a wildcard hour after noon is 11.
 constexpr int HourOfHalf(int hour, bool am, bool pm) {
     // No branches on marks that cannot be foreseen.
-    const int whole = hour + (hour < kNoon ? int{pm} : 0) * kNoon;
-    return whole - (whole == kNoon ? int{am} : 0) * kNoon;
+    const int whole = hour + (int{hour < kNoon} & int{pm}) * kNoon;
+    return whole - (int{whole == kNoon} & int{am}) * kNoon;
 }
 
 inline constexpr int kDaysInSpanYear = 360;

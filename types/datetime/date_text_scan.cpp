@@ -147,30 +147,49 @@ bool TakeDate(const char*& at, const char* limit, DatePiece piece, DateTimeParts
 }
 
 bool TakeDayHalf(const char* at, int& hour) {
-    // One branch, and none on which half it is.
-    const int letter = *at | ('a' ^ 'A');
-    const bool am = letter == 'a';
-    const bool pm = letter == 'p';
-    hour = HourOfHalf(hour, am, pm);
-    return (int{am} | int{pm}) != 0;
+    // Which half it is cannot be foreseen: one branch on both of the letters.
+    constexpr unsigned kPm = 'p' - 'a';
+    const unsigned letter = static_cast<unsigned>(*at | ('a' ^ 'A')) - 'a';
+    if (letter > kPm || ((1U | 1U << kPm) >> letter & 1) == 0) return false;
+    hour = HourOfHalf(hour, letter != kPm, letter == kPm);
+    return true;
 }
 
-bool TakeTime(const char* at, const char* limit, TimePiece piece, DateTimeParts& parts) {
-    if (piece == TimePiece::none) return true;
+/// Hours, minutes and whole seconds, which no digit follows.
+[[gnu::always_inline]] inline bool TakeWholeSeconds(const char*& at, const char* limit, DateTimeParts& parts) {
+    constexpr EightCharacters kPattern("00:00:00");
+    std::uint64_t pairs;
+    if (limit - at < 8 || !kPattern.Match(at, pairs) || IsDigit(at[8])) return false;
+    at += 8;
+    parts.hour = PairAt(pairs, 0);
+    parts.minute = PairAt(pairs, 3);
+    parts.second = PairAt(pairs, 6);
+    return true;
+}
+
+bool TakeFraction(const char* at, const char* limit, DateTimeParts& parts) {
     constexpr EightCharacters kPattern("00:00:00");
     std::uint64_t pairs;
     if (limit - at < 8 || !kPattern.Match(at, pairs)) return false;
+    at += 6;
     parts.hour = PairAt(pairs, 0);
     parts.minute = PairAt(pairs, 3);
-    if (piece == TimePiece::fraction) {
-        at += 6;
-        TakeSeconds(at, limit, parts.second, parts.nanoseconds);
-        return true;
+    TakeSeconds(at, limit, parts.second, parts.nanoseconds);
+    return true;
+}
+
+bool TakeTime(const char* at, const char* limit, TimePiece piece, DateTimeParts& parts) {
+    switch (piece) {
+        case TimePiece::seconds:
+            return TakeWholeSeconds(at, limit, parts);
+        case TimePiece::fraction:
+            return TakeFraction(at, limit, parts);
+        case TimePiece::clock:
+            return TakeWholeSeconds(at, limit, parts) && TakeSpace(at) && TakeDayHalf(at, parts.hour);
+        case TimePiece::none:
+            break;
     }
-    parts.second = PairAt(pairs, 6);
-    at += 8;
-    if (IsDigit(*at)) return false;
-    return piece == TimePiece::seconds || (TakeSpace(at) && TakeDayHalf(at, parts.hour));
+    return true;
 }
 
 bool TakeBetween(const char*& at, char between) {
@@ -178,9 +197,7 @@ bool TakeBetween(const char*& at, char between) {
     return IsSpace(between) ? TakeSpace(at) : Take(at, between);
 }
 
-/// Straight code where the format is a constant.
-[[gnu::always_inline]] inline bool TakePieces(const char* at, const char* limit, FormatPieces format,
-                                              DateTimeParts& parts) {
+bool TakePieces(const char* at, const char* limit, FormatPieces format, DateTimeParts& parts) {
     return TakeDate(at, limit, format.Date(), parts) && TakeBetween(at, format.Between()) &&
            TakeTime(at, limit, format.Time(), parts);
 }
@@ -189,7 +206,7 @@ bool TakeBetween(const char*& at, char between) {
 /// what printing such a format usually gives.
 bool TakeRecognised(const char* at, const char* limit, FormatPieces format, DateTimeParts& parts) {
     if (format == kNumericDateFormat && TakeWholeNumericDate(at, limit, parts)) return true;
-    if (format == kPlainTimeFormat) return TakePieces(at, limit, kPlainTimeFormat, parts);
+    if (format == kPlainTimeFormat) return TakeWholeSeconds(at, limit, parts);
     return TakePieces(at, limit, format, parts);
 }
 
