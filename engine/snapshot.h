@@ -95,7 +95,7 @@ private:
 };
 
 struct IndexEntry {
-    Bytes key;  ///< of the first object with an equal key
+    Bytes key;  ///< of one of the objects with an equal key
     ObjectNumber number;
 };
 

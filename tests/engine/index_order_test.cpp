@@ -223,6 +223,7 @@ TEST(LongDictionaryStrings, AreSortedInArrays) {
 /// The order of a query is never that of an index that folds.
 class UnfoldedLongTexts : public StoredLongTexts {};
 class LongTextsOfBothWidths : public StoredLongTexts {};
+class TextsOfExpansions : public StoredLongTexts {};
 
 TEST_P(UnfoldedLongTexts, AreSortedByTheirIndex) {
     constexpr std::size_t count = 250;
@@ -280,9 +281,37 @@ TEST_P(LongTextsOfBothWidths, AreNotInACircle) {
     }
 }
 
+/// Equal keys of which the one that stands for all of them says more than counts, and constants that lie between it and
+/// the others.
+TEST_P(TextsOfExpansions, AreFoundBehindAKeyThatEndsInsideACharacter) {
+    const Family& family = GetParam().family;
+    const bool isDictionary = family.IsDictionary();
+    const std::u16string sharpS = isDictionary ? u"\xDE" : u"\xDF";
+    const std::size_t orders = engine::OrdersOfKey(family.type);
+    std::vector<Value> values;
+    for (std::size_t length = orders - 3; length <= orders + 1; ++length)
+        for (const std::u16string& rest : {std::u16string(u"s"), sharpS, std::u16string(u"sa"), std::u16string(u"sz")})
+            values.push_back(Made(std::u16string(length, u'c') + rest, family, false));
+    Fill(values);
+    const Snapshot snapshot(*store);
+    for (engine::PreparedQuery& query : AllRelations(*store, GetParam().folding)) {
+        for (std::size_t length = orders - 3; length <= orders + 1; ++length) {
+            for (const char16_t* rest : {u"s", u"sa", u"sb", u"s*", u"sa*", u"sb*", u"s\\a", u"s\\b"}) {
+                const Value constant = Made(std::u16string(length, u'c') + rest, family, false);
+                query.Bind(0, constant.Get());
+                ASSERT_NO_FATAL_FAILURE(ExpectAlike(query, snapshot, constant));
+            }
+        }
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Families, LongTexts, ::testing::ValuesIn(AllCases()), NameOf);
 INSTANTIATE_TEST_SUITE_P(Families, StoredLongTexts, ::testing::ValuesIn(AllCases()), NameOf);
 INSTANTIATE_TEST_SUITE_P(Families, UnfoldedLongTexts, ::testing::ValuesIn(CasesThat(IsUnfolded)), NameOf);
 INSTANTIATE_TEST_SUITE_P(Families, LongTextsOfBothWidths, ::testing::ValuesIn(CasesThat(HasBothWidths)), NameOf);
+INSTANTIATE_TEST_SUITE_P(Families, TextsOfExpansions, ::testing::ValuesIn(CasesThat([](const Case& of) {
+                             return of.family.IsDictionary() || of.family.name == std::string("expansions");
+                         })),
+                         NameOf);
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -189,30 +190,50 @@ TEST_P(OrderedRuns, AFalseAnswerEndsARunThatWasGivenUp) {
     EXPECT_TRUE(std::ranges::equal(taken, std::span(expected).first(25)));
 }
 
-TEST(MakePlan, ManyOfOneKeyAreNotWalkedToBeSorted) {
-    const ScratchFolder folder;
-    Store::Create(folder.File("things"), engine::Schema::Parse("class Thing { same int index\n other int index }"),
-                  KyFormNative);
-    Store store(folder.File("things"), engine::Access::write);
-    engine::Batch batch(store, 0);
-    for (int i = 0; i < 1000; ++i) {
-        int same = 1;
-        int other = 1000 - i;
-        void* const values[] = {&same, &other};
-        batch.Add(values);
+/// 1000 objects of one key, the later ones with the smaller numbers beside it.
+class ManyOfOneKey : public ::testing::Test {
+protected:
+    ManyOfOneKey() {
+        Store::Create(folder.File("things"), engine::Schema::Parse("class Thing { same int index\n other int index }"),
+                      KyFormNative);
+        store.emplace(folder.File("things"), engine::Access::write);
+        for (int i = 0; i < 1000; ++i) Add(1, 1000 - i);
+        batch->Commit();
     }
-    batch.Commit();
-    const Ordered walked = RunOrdered(store, "Thing order by same limit 3", true);
-    EXPECT_TRUE(walked.inOrder);
-    EXPECT_EQ(walked.result.visited, 3U);
-    for (const char* text : {"Thing order by same, other limit 3", "Thing order by same desc, other limit 3",
-                             "Thing where same >= 0 order by same, other limit 3",
-                             "Thing where same <= 1 order by same desc, other limit 3",
-                             "Thing where same <= 5 order by same desc, other limit 3"}) {
-        const Ordered sorted = RunOrdered(store, text, true);
+
+    void Add(int same, int other) {
+        if (!batch) batch.emplace(*store, 0);
+        void* const values[] = {&same, &other};
+        batch->Add(values);
+    }
+
+    void ExpectSorted(const std::string& text) const {
+        const Ordered sorted = RunOrdered(*store, text, true);
         EXPECT_FALSE(sorted.inOrder) << text;
         EXPECT_EQ(sorted.numbers, (std::vector<engine::ObjectNumber>{1000, 999, 998})) << text;
     }
+
+    const ScratchFolder folder;
+    std::optional<Store> store;
+    std::optional<engine::Batch> batch;
+};
+
+TEST_F(ManyOfOneKey, AreNotWalkedToBeSorted) {
+    const Ordered walked = RunOrdered(*store, "Thing order by same limit 3", true);
+    EXPECT_TRUE(walked.inOrder);
+    EXPECT_EQ(walked.result.visited, 3U);
+    ExpectSorted("Thing order by same, other limit 3");
+    ExpectSorted("Thing order by same desc, other limit 3");
+    ExpectSorted("Thing where same >= 0 order by same, other limit 3");
+    ExpectSorted("Thing where same <= 1 order by same desc, other limit 3");
+    ExpectSorted("Thing where same <= 5 order by same desc, other limit 3");
+}
+
+TEST_F(ManyOfOneKey, AreNotWalkedInFrontOfALimitEither) {
+    Add(9, 0);
+    batch->Commit();
+    ExpectSorted("Thing where same <= 5 order by same desc, other limit 3");
+    EXPECT_TRUE(RunOrdered(*store, "Thing where same <= 9 order by same desc, other limit 1", true).inOrder);
 }
 
 /// The end of what a pattern leaves is found from its beginning only.
