@@ -155,11 +155,12 @@ bool TakeDayHalf(const char* at, int& hour) {
     return true;
 }
 
+constexpr EightCharacters kTimePattern("00:00:00");
+
 /// Hours, minutes and whole seconds, which no digit follows.
 [[gnu::always_inline]] inline bool TakeWholeSeconds(const char*& at, const char* limit, DateTimeParts& parts) {
-    constexpr EightCharacters kPattern("00:00:00");
     std::uint64_t pairs;
-    if (limit - at < 8 || !kPattern.Match(at, pairs) || IsDigit(at[8])) return false;
+    if (limit - at < 8 || !kTimePattern.Match(at, pairs) || IsDigit(at[8])) return false;
     at += 8;
     parts.hour = PairAt(pairs, 0);
     parts.minute = PairAt(pairs, 3);
@@ -168,9 +169,8 @@ bool TakeDayHalf(const char* at, int& hour) {
 }
 
 bool TakeFraction(const char* at, const char* limit, DateTimeParts& parts) {
-    constexpr EightCharacters kPattern("00:00:00");
     std::uint64_t pairs;
-    if (limit - at < 8 || !kPattern.Match(at, pairs)) return false;
+    if (limit - at < 8 || !kTimePattern.Match(at, pairs)) return false;
     at += 6;
     parts.hour = PairAt(pairs, 0);
     parts.minute = PairAt(pairs, 3);
