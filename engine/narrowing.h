@@ -16,7 +16,8 @@ struct IndexScan {
     /// A comparison whose constant is no key, a pattern or one that is longer than keys: the scan ends at the first key
     /// behind all that it can hold for.
     const Comparison* last = nullptr;
-    /// From the last key to the first; objects with equal keys by their numbers nevertheless.
+    /// From the last key to the first; objects with equal keys by their numbers nevertheless. Together with `last` only
+    /// where there is an upper limit.
     bool backward = false;
 };
 

@@ -134,8 +134,8 @@ private:
         return layout.Of().attributes[query.order.front().attribute].index == Folding();
     }
 
-    /// The scan of what the condition leaves of the index. A scan has to begin at a limit: all objects where there is
-    /// none at its end.
+    /// The scan of what the condition leaves of the index. None backwards where it ends behind a pattern: that end is
+    /// found from the beginning only, and from another limit the way to it may be long.
     AccessPath Walk() const {
         const SortKey& by = query.order.front();
         AccessPath walk = Narrow(by.attribute, PartsOf(query.where));
@@ -143,7 +143,7 @@ private:
         walk.scan.attribute = by.attribute;
         walk.scan.backward = by.descending;
         walk.inOrder = true;
-        if (by.descending && walk.scan.last != nullptr && !walk.scan.range.HasUpper()) return {};
+        if (by.descending && walk.scan.last != nullptr) return {};
         return walk;
     }
 
