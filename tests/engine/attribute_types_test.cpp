@@ -14,11 +14,11 @@
 #include "run.h"
 #include "scratch_store.h"
 #include "twin.h"
+#include "type_cases.h"
 
 namespace {
 
 using engine::Access;
-using engine::Attribute;
 using engine::Bytes;
 using engine::ObjectNumber;
 using engine::Snapshot;
@@ -26,24 +26,7 @@ using engine::Store;
 using engine::Types;
 using engine::Value;
 
-struct Case {
-    char type;
-    unsigned char form;
-};
-
-std::string NameOf(const ::testing::TestParamInfo<Case>& info) {
-    return std::string(Types().NameGet(info.param.type, nullptr)) + (info.param.form == KyFormNative ? "_1" : "_2");
-}
-
-std::vector<Case> AllCases() {
-    std::vector<Case> cases;
-    for (int type = 0; type < KyRES_T; ++type)
-        for (const unsigned char form : {KyFormNative, KyFormReversed})
-            cases.push_back({static_cast<char>(type), form});
-    return cases;
-}
-
-class AttributesOf : public ::testing::TestWithParam<Case> {
+class AttributesOf : public ::testing::TestWithParam<TypeCase> {
 protected:
     static constexpr unsigned kObjects = 400;
 
@@ -57,15 +40,9 @@ protected:
 
     AttributesOf() {
         const std::string name = Types().NameGet(type, nullptr);
-        const auto index = [this](unsigned count) {
-            Attribute attribute;
-            attribute.type = type;
-            attribute.count = count;
-            return engine::WhyNotIndexed(attribute) == nullptr ? " index" : "";
-        };
         Store::Create(folder.File("store"),
-                      engine::Schema::Parse("class Thing { one " + name + index(1) + "\n three " + name + "[3]" +
-                                            index(3) + "\n plain " + name + " }"),
+                      engine::Schema::Parse("class Thing { one " + name + IndexOf(type, 1) + "\n three " + name +
+                                            "[3]" + IndexOf(type, 3) + "\n plain " + name + " }"),
                       form);
         store.emplace(folder.File("store"), Access::write);
         engine::Batch batch(*store, 0);
@@ -181,6 +158,6 @@ TEST_P(AttributesOf, ComeInTheirOrderByIndexAsSorted) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Types, AttributesOf, ::testing::ValuesIn(AllCases()), NameOf);
+INSTANTIATE_TEST_SUITE_P(Types, AttributesOf, ::testing::ValuesIn(AllTypeCases()), NameOf);
 
 }  // namespace

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <iterator>
 #include <optional>
-#include <ostream>
 #include <random>
 #include <span>
 #include <string>
@@ -20,6 +19,7 @@
 #include "run.h"
 #include "scratch_store.h"
 #include "twin.h"
+#include "type_cases.h"
 
 namespace {
 
@@ -34,25 +34,7 @@ using engine::Store;
 using engine::Types;
 using engine::Value;
 
-struct Case {
-    char type;
-    unsigned char form;
-};
-
-std::string NameOf(const ::testing::TestParamInfo<Case>& info) {
-    return std::string(Types().NameGet(info.param.type, nullptr)) + (info.param.form == KyFormNative ? "_1" : "_2");
-}
-void PrintTo(const Case& of, std::ostream* out) { *out << Types().NameGet(of.type, nullptr); }
-
-std::vector<Case> AllCases() {
-    std::vector<Case> cases;
-    for (int type = 0; type < KyRES_T; ++type)
-        for (const unsigned char form : {KyFormNative, KyFormReversed})
-            cases.push_back({static_cast<char>(type), form});
-    return cases;
-}
-
-class RandomQueries : public ::testing::TestWithParam<Case> {
+class RandomQueries : public ::testing::TestWithParam<TypeCase> {
 protected:
     static constexpr unsigned kObjects = 250;
     static constexpr unsigned kElements = 3;
@@ -67,17 +49,12 @@ protected:
 
     RandomQueries() {
         const std::string name = Types().NameGet(type, nullptr);
-        const auto index = [this](unsigned count) {
-            Attribute attribute;
-            attribute.type = type;
-            attribute.count = count;
-            return engine::WhyNotIndexed(attribute) == nullptr ? " index" : "";
-        };
-        Store::Create(folder.File("store"),
-                      engine::Schema::Parse("class Thing { one " + name + index(1) + "\n three " + name + "[3]" +
-                                            index(kElements) + "\n plain " + name + "\n number int index\n folded " +
-                                            name + index(1) + (type == KySTRING_T ? " nocase noaccent }" : " }")),
-                      form);
+        Store::Create(
+            folder.File("store"),
+            engine::Schema::Parse("class Thing { one " + name + IndexOf(type, 1) + "\n three " + name + "[3]" +
+                                  IndexOf(type, kElements) + "\n plain " + name + "\n number int index\n folded " +
+                                  name + IndexOf(type, 1) + (type == KySTRING_T ? " nocase noaccent }" : " }")),
+            form);
         store.emplace(folder.File("store"), engine::Access::write);
         twin.emplace(Class(), form);
         engine::Batch batch(*store, 0);
@@ -317,6 +294,6 @@ TEST_P(RandomQueries, GiveWhatALookAtEachObjectGives) {
     EXPECT_GT(givenUp, 5);
 }
 
-INSTANTIATE_TEST_SUITE_P(Types, RandomQueries, ::testing::ValuesIn(AllCases()), NameOf);
+INSTANTIATE_TEST_SUITE_P(Types, RandomQueries, ::testing::ValuesIn(AllTypeCases()), NameOf);
 
 }  // namespace
