@@ -1,12 +1,11 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cctype>
 #include <cstring>
 #include <random>
 #include <string>
-#include <vector>
 
+#include "identifier_texts.h"
 #include "kyobjid.h"
 #include "kystring.h"
 #include "kytypes.h"
@@ -16,119 +15,6 @@
 #include "support/hex.h"
 
 namespace {
-
-std::string Print(KyTypeTab& row, const void* value, const char* format) {
-    unsigned char copy[16];
-    std::memcpy(copy, value, row.sizeWord & 0xFFFF);
-    KyString out("before");
-    EXPECT_EQ(&row.PrintToKyString(out, copy, format, 1), &out);
-    return out.StrGet();
-}
-
-struct Printed {
-    const char* format;
-    const char* text;
-};
-
-TEST(IdentifierPrint, ObjectIds) {
-    const Printed table[] = {
-        {nullptr, "(0-12#3)"},
-        {"(%H-%L#%B)", "(0-12#3)"},
-        {"", ""},
-        {"plain ( text", "plain ( text"},
-        {"%L%L", "1212"},
-        {"100%%", "100%"},
-        {"%%L%L", "%L12"},
-        {"%", ""},
-        {"a%", "a"},
-        {"%C%V%D%d%x%(", "CVDdx("},
-        {"%b%s%n", "bsn"},
-        {"(%hu-%lu#%lu)", "(0-12#3)"},
-        {"%hd,%hu,%lu,%lX,%lu,%hu", "0,0,12,3,0,0"},
-        {"%lu%hu%lu%lu%lu", "001230"},  // the first one stands before any %h?
-        {"%hu%l", "012"},
-        {"%l", "0"},
-        {"%h", "0"},
-        {"%h%L", "0L"},  // the letter behind h is any
-        {"%hu%lu%H%L%B%lu",
-         "0120123"
-         "3"},
-        {"\xC4%L\xFF",
-         "\xC4"
-         "12\xFF"},
-    };
-    const KyObjId id(3, 12, 0);
-    for (const Printed& each : table) {
-        EXPECT_EQ(Print(KyObjIdTab, &id, each.format), each.text) << (each.format != nullptr ? each.format : "none");
-    }
-    const KyObjId highest(0xFFFFFFFF, 0xFFFFFFFF, 0xFFFF);
-    EXPECT_EQ(Print(KyObjIdTab, &highest, nullptr), "(65535-4294967295#4294967295)");
-    EXPECT_EQ(Print(KyObjIdTab, &highest, "%hu%lu%lu"), "6553542949672954294967295");
-}
-
-TEST(IdentifierPrint, ClassIds) {
-    const Printed table[] = {
-        {nullptr, "(8v9)"}, {"%V.%C", "9.8"}, {"%B%L%H%D", "BLHD"}, {"%hu%lu", "hulu"}, {"%h", "h"}, {"%%%", "%"},
-    };
-    const KyClassId id(8, 9);
-    for (const Printed& each : table) EXPECT_EQ(Print(KyClassIdTab, &id, each.format), each.text);
-    const KyClassId almostNull(0xFFFF, 0);
-    EXPECT_EQ(Print(KyClassIdTab, &almostNull, nullptr), "(65535v0)");
-    const KyClassId zero;
-    EXPECT_EQ(Print(KyClassIdTab, &zero, nullptr), "(0v0)");
-}
-
-TEST(IdentifierPrint, References) {
-    const Printed table[] = {
-        {nullptr, "(2:1-5#7, 8)"},    {KyRefFmt, "(2:1-5#7, 8)"},           {KyRefVersionFmt, "(2:1-5#7,8v9)"},
-        {KyLocalRefFmt, "(1-5#7,8)"}, {"%B %L %H %D %C %V", "7 5 1 2 8 9"}, {"%hu%lu", "hulu"},
-    };
-    const KyRef ref(KyObjId(7, 5, 1), 2, KyClassId(8, 9));
-    for (const Printed& each : table) EXPECT_EQ(Print(KyRefTab, &ref, each.format), each.text);
-    const KyRef withoutClass(KyObjId(7, 5, 1), 0xFFFF, KyClassId(0xFFFF, 0xFFFF));
-    EXPECT_EQ(Print(KyRefTab, &withoutClass, nullptr), "(65535:1-5#7, 65535)");
-}
-
-TEST(IdentifierPrint, NullsAreTheNullTextWhateverTheFormat) {
-    const KyObjId object(7, 0, 0);
-    const KyClassId number(0xFFFF, 0xFFFF);
-    const KyRef ref(KyObjId(7, 0, 0), 2, KyClassId(8, 9));
-    for (const char* format : {static_cast<const char*>(nullptr), "", "%B", "%C"}) {
-        EXPECT_EQ(Print(KyObjIdTab, &object, format), "{NULL}");
-        EXPECT_EQ(Print(KyClassIdTab, &number, format), "{NULL}");
-        EXPECT_EQ(Print(KyRefTab, &ref, format), "{NULL}");
-    }
-}
-
-TEST(IdentifierPrint, FormatsOfAnyLength) {
-    const KyObjId id(0xFFFFFFFF, 0xFFFFFFFF, 0xFFFF);
-    for (const std::size_t conversions : {20u, 23u, 24u, 25u, 26u, 50u, 1000u, 6553u, 6554u, 30000u}) {
-        std::string format;
-        std::string text;
-        for (std::size_t i = 0; i < conversions; ++i) format += "%L", text += "4294967295";
-        text.resize(std::min<std::size_t>(text.size(), KyString::MaxBytes - 1));
-        EXPECT_EQ(Print(KyObjIdTab, &id, format.c_str()), text) << conversions;
-    }
-}
-
-TEST(IdentifierPrint, TheOutputTakesTheDefaultCodeSet) {
-    const unsigned short wide[] = {'w', 0};
-    KyObjId id(3, 12, 0);
-    KyString out(wide);
-    KyObjIdTab.PrintToKyString(out, &id, nullptr, 1);
-    EXPECT_EQ(out.CodeSetGet(), KyString::GetDefault8CodeSet());
-    EXPECT_STREQ(out.StrGet(), "(0-12#3)");
-    out.SetNullValue();
-    EXPECT_FALSE(KyObjIdTab.PrintToKyString(out, &id, nullptr, 1).IsNullValue());
-}
-
-TEST(IdentifierPrint, TheManagerPrintsArrays) {
-    KyTypeMgr manager(5);
-    KyClassId ids[] = {{1, 2}, {0xFFFF, 0xFFFF}, {3, 4}};
-    KyString out("all:");
-    EXPECT_STREQ(manager.PrintToKyString(KyCLID_T, out, ids, nullptr, 3).StrGet(), "all:(1v2),{NULL},(3v4)");
-    EXPECT_STREQ(KyClassIdTab.PrintToKyString(out, ids, nullptr, 3).StrGet(), "(1v2)") << "the first alone";
-}
 
 struct Scanned {
     const char* text;
@@ -336,71 +222,6 @@ TEST(IdentifierScan, PrintedTextsComeBack) {
         idBack.ScanFromKyString(Print(KyObjIdTab, &id, "%hu %lu:%lu").c_str(), "%hu %lu:%lu");
         ASSERT_EQ(Hex(&idBack, 10), Hex(&id, 10));
     }
-}
-
-TEST(IdentifierRecords, ConvertToTextsAndBack) {
-    KyTypeMgr manager(5);
-    KyRef refs[] = {KyRef(KyObjId(7, 5, 1), 2, KyClassId(8, 9)), KyRef(KyObjId(7, 0, 0), 2, KyClassId(8, 9)), KyRef()};
-    KyTypeConvertData* record = manager.ConvertTo(KyREF_T, refs, 3);
-    ASSERT_NE(record, nullptr);
-    EXPECT_STREQ(record->GetString(0)->StrGet(), "(2:1-5#7, 8)");
-    EXPECT_EQ(record->GetString(1)->IsNullValue(), 1);
-    *record->GetString(2) = "{NULL}";
-    auto* back = static_cast<KyRef*>(manager.ConvertFrom(KyREF_T, record, 4));  // one more than there are
-    EXPECT_EQ(Hex(back, 16), "07 00 00 00 05 00 00 00 01 00 02 00 08 00 00 00");
-    for (int i = 1; i < 4; ++i) EXPECT_EQ(Hex(back + i, 16), "00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00");
-    manager.Delete(KyREF_T, back, 4);
-    delete record;
-
-    KyClassId ids[] = {{8, 9}, {0xFFFF, 0xFFFF}, {0, 0}, {1, 1}};
-    record = manager.ConvertTo(KyCLID_T, ids, 4);
-    EXPECT_STREQ(record->GetString(0)->StrGet(), "(8v9)");
-    EXPECT_EQ(record->GetString(1)->IsNullValue(), 1);
-    EXPECT_STREQ(record->GetString(2)->StrGet(), "(0v0)");
-    *record->GetString(3) = "";
-    auto* idsBack = static_cast<KyClassId*>(manager.ConvertFrom(KyCLID_T, record, 5));
-    EXPECT_EQ(Hex(idsBack, 20), "08 00 09 00 FF FF FF FF 00 00 00 00 00 00 00 00 FF FF FF FF");
-    manager.Delete(KyCLID_T, idsBack, 5);
-    delete record;
-
-    KyObjId objects[] = {{3, 12, 0}, {3, 0, 0}};
-    record = manager.ConvertTo(KyOBJID_T, objects, 2);
-    EXPECT_STREQ(record->GetString(0)->StrGet(), "(0-12#3)");
-    EXPECT_EQ(record->GetString(1)->IsNullValue(), 1);
-    auto* objectsBack = static_cast<KyObjId*>(manager.ConvertFrom(KyOBJID_T, record, 2));
-    EXPECT_EQ(Hex(objectsBack, 10), "03 00 00 00 0C 00 00 00 00 00");
-    EXPECT_EQ(Hex(objectsBack + 1, 10), "00 00 00 00 00 00 00 00 00 00");
-    manager.Delete(KyOBJID_T, objectsBack, 2);
-    delete record;
-}
-
-TEST(IdentifierRecords, WithoutTextsAllAreNull) {
-    KyTypeMgr manager(5);
-    auto* ids = static_cast<KyClassId*>(manager.ConvertFrom(KyCLID_T, nullptr, 2));
-    EXPECT_EQ(Hex(ids, 8), "FF FF FF FF FF FF FF FF");
-    manager.Delete(KyCLID_T, ids, 2);
-    KyTypeConvertData* record = manager.ConvertTo(KyCLID_T, ids, 0);
-    ASSERT_NE(record, nullptr);
-    void* none = manager.ConvertFrom(KyCLID_T, record, 0);
-    EXPECT_NE(none, nullptr);
-    manager.Delete(KyCLID_T, none, 0);
-    delete record;
-}
-
-TEST(IdentifierRecords, AnExchangedFormatDoesNotMatter) {
-    KyTypeMgr manager(5);
-    const char* const before = manager.ExchangeFormat(KyCLID_T, "%V");
-    KyClassId id(8, 9);
-    KyString out;
-    EXPECT_STREQ(manager.PrintToKyString(KyCLID_T, out, &id, nullptr, 1).StrGet(), "9");
-    EXPECT_STREQ(KyClassIdTab.PrintToKyString(out, &id, nullptr, 1).StrGet(), "(8v9)");
-    KyTypeConvertData* record = manager.ConvertTo(KyCLID_T, &id, 1);
-    EXPECT_STREQ(record->GetString(0)->StrGet(), "(8v9)");
-    auto* back = static_cast<KyClassId*>(manager.ConvertFrom(KyCLID_T, record, 1));
-    EXPECT_EQ(Hex(back, 4), "08 00 09 00");
-    manager.Delete(KyCLID_T, back, 1);
-    delete record;
-    manager.ExchangeFormat(KyCLID_T, before);
 }
 
 }  // namespace
