@@ -64,29 +64,29 @@ TEST(DateTextSlots, WidenTheirValues) {
     EXPECT_EQ(Print(KyTimeSpanPrintToKyString, &kSpan, all), "0000 00 01 02 03 04 500000000");
 }
 
-TEST(DateTextSlots, ANullFormatIsTheRows) {
-    EXPECT_EQ(Print(KyDatePrintToKyString, &kDate, nullptr), "Tue 07.May 2024");
-    EXPECT_EQ(Print(KyTimePrintToKyString, &kTime, nullptr), "03:04:09 pm");
-    EXPECT_EQ(Print(KyDateTimePrintToKyString, &kDateTime, nullptr), "Tue 07.May 2024 03:04:09 pm");
-    EXPECT_EQ(Print(KyDateTime_PrintToKyString, &kDateTimeN, nullptr), "2024-05-07T15:04:09.250");
-    EXPECT_EQ(Print(KyDateTimeNPrintToKyString, &kDateTimeN, nullptr), "2024-05-07T15:04:09.250");
-    EXPECT_EQ(Print(KyTimeSpanPrintToKyString, &kSpan, nullptr), "1.02:03:04.500");
+/// The texts of the values above.
+struct NullFormatTexts {
+    const char *date, *time, *dateTime, *dateTimeN, *span;
+};
 
-    KyDate date = KyDate::ClearValue();
-    KyTime time = KyTime::ClearValue();
-    KyDateTime dateTime = KyDateTime::ClearValue();
-    KyDateTimeN dateTimeN;
-    KyDateTime_ fields;
-    KyTimeSpan span;
-    EXPECT_TRUE(ScanSlot(KyDateScanFromKyString, date, "Tue 07.May 2024", nullptr) && date == kDate);
-    EXPECT_TRUE(ScanSlot(KyTimeScanFromKyString, time, "03:04:09 pm", nullptr) && time == kTime);
-    EXPECT_TRUE(ScanSlot(KyDateTimeScanFromKyString, dateTime, "Tue 07.May 2024 03:04:09 pm", nullptr));
-    EXPECT_TRUE(dateTime == kDateTime);
-    EXPECT_TRUE(ScanSlot(KyDateTimeNScanFromKyString, dateTimeN, "2024-05-07T15:04:09.250", nullptr));
-    EXPECT_TRUE(dateTimeN == kDateTimeN);
-    EXPECT_TRUE(ScanSlot(KyDateTime_ScanFromKyString, fields, "2024-05-07T15:04:09.250", nullptr));
-    EXPECT_TRUE(KyDateTimeN(fields) == kDateTimeN);
-    EXPECT_TRUE(ScanSlot(KyTimeSpanScanFromKyString, span, "1.02:03:04.500", nullptr) && span == kSpan);
+/// By a null format they are printed so, and scanned back.
+void CheckNullFormat(const NullFormatTexts& texts) {
+    const auto check = [](KyPrintFunc* print, KyScanFunc* scan, const auto& value, auto scanned, const char* text) {
+        EXPECT_EQ(Print(print, &value, nullptr), text);
+        EXPECT_TRUE(ScanSlot(scan, scanned, text, nullptr)) << text;
+        EXPECT_TRUE(scanned == value) << text;
+    };
+    check(KyDatePrintToKyString, KyDateScanFromKyString, kDate, KyDate::ClearValue(), texts.date);
+    check(KyTimePrintToKyString, KyTimeScanFromKyString, kTime, KyTime::ClearValue(), texts.time);
+    check(KyDateTimePrintToKyString, KyDateTimeScanFromKyString, kDateTime, KyDateTime::ClearValue(), texts.dateTime);
+    check(KyDateTime_PrintToKyString, KyDateTime_ScanFromKyString, kDateTimeN, KyDateTimeN(), texts.dateTimeN);
+    check(KyDateTimeNPrintToKyString, KyDateTimeNScanFromKyString, kDateTimeN, KyDateTimeN(), texts.dateTimeN);
+    check(KyTimeSpanPrintToKyString, KyTimeSpanScanFromKyString, kSpan, KyTimeSpan(), texts.span);
+}
+
+TEST(DateTextSlots, ANullFormatIsTheRows) {
+    CheckNullFormat(
+        {"Tue 07.May 2024", "03:04:09 pm", "Tue 07.May 2024 03:04:09 pm", "2024-05-07T15:04:09.250", "1.02:03:04.500"});
 }
 
 /// A row's format is another one while this lives.
@@ -111,24 +111,7 @@ TEST(DateTextSlots, ARowWithoutAFormatHasTheClasss) {
         {KyDateTab, nullptr},      {KyTimeTab, nullptr},     {KyDateTimeTab, nullptr},
         {KyDateTimeNTab, nullptr}, {KyTimeSpanTab, nullptr},
     };
-    EXPECT_EQ(Print(KyDatePrintToKyString, &kDate, nullptr), "2024-05-07");
-    EXPECT_EQ(Print(KyTimePrintToKyString, &kTime, nullptr), "15:04:09");
-    EXPECT_EQ(Print(KyDateTimePrintToKyString, &kDateTime, nullptr), "2024-05-07T15:04:09");
-    EXPECT_EQ(Print(KyDateTimeNPrintToKyString, &kDateTimeN, nullptr), "2024-05-07T15:04:09.250");
-    EXPECT_EQ(Print(KyTimeSpanPrintToKyString, &kSpan, nullptr), "1.02:03:04.500");
-
-    KyDate date = KyDate::ClearValue();
-    KyTime time = KyTime::ClearValue();
-    KyDateTime dateTime = KyDateTime::ClearValue();
-    KyDateTimeN dateTimeN;
-    KyTimeSpan span;
-    EXPECT_TRUE(ScanSlot(KyDateScanFromKyString, date, "2024-05-07", nullptr) && date == kDate);
-    EXPECT_TRUE(ScanSlot(KyTimeScanFromKyString, time, "15:04:09", nullptr) && time == kTime);
-    EXPECT_TRUE(ScanSlot(KyDateTimeScanFromKyString, dateTime, "2024-05-07T15:04:09", nullptr));
-    EXPECT_TRUE(dateTime == kDateTime);
-    EXPECT_TRUE(ScanSlot(KyDateTimeNScanFromKyString, dateTimeN, "2024-05-07T15:04:09.250", nullptr));
-    EXPECT_TRUE(dateTimeN == kDateTimeN);
-    EXPECT_TRUE(ScanSlot(KyTimeSpanScanFromKyString, span, "1.02:03:04.500", nullptr) && span == kSpan);
+    CheckNullFormat({"2024-05-07", "15:04:09", "2024-05-07T15:04:09", "2024-05-07T15:04:09.250", "1.02:03:04.500"});
 }
 
 TEST(DateTextSlots, NullsPrintAsTheNullPrintString) {

@@ -45,6 +45,11 @@ private:
     bksClockSource before;
 };
 
+inline const KyTypeTab* const kOdmgRows[] = {&Kyd_DateTab, &Kyd_TimeTab, &Kyd_TimestampTab, &Kyd_IntervalTab};
+
+/// Of an element, the same in every form.
+inline unsigned SizeOf(const KyTypeTab& row) { return row.sizeWord & 0xFFFF; }
+
 inline constexpr long long kMay7 = 1715089559;  ///< 2024-05-07 13:45:59 UTC
 
 template <class Value>
