@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <optional>
+#include <ostream>
 #include <vector>
 
 #include "kystring.h"
@@ -19,6 +20,8 @@ struct Outcome {
     int err = 0;
     friend bool operator==(const Outcome&, const Outcome&) = default;
 };
+
+inline void PrintTo(const Outcome& outcome, std::ostream* out) { *out << outcome.sign << " err " << outcome.err; }
 
 struct Record {
     std::vector<unsigned> characters;  ///< that are there, up to the first 0

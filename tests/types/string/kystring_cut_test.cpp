@@ -1,7 +1,11 @@
-/// Comparison of patterns, of records that the buffer's end cuts short, and of marked ones.
+/// Comparison of absent texts and of records that the buffer's end cuts short.
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
+#include "compared_records.h"
 #include "generated_strings.h"
 #include "kystring.h"
 #include "kystring_slots.h"
@@ -10,117 +14,9 @@
 #include "support/guarded_buffer.h"
 #include "support/hex.h"
 
-namespace slow {
-void PrintTo(const Outcome& o, std::ostream* out) { *out << o.sign << " err " << o.err; }
-}  // namespace slow
-
 namespace {
 
 using slow::Outcome;
-
-constexpr unsigned short kWild = 0;
-constexpr unsigned short kExact = 0x100;
-
-Outcome Compared(const KyTypeTab& row, unsigned char flag, unsigned len1, const void* a, unsigned len2, const void* b,
-                 unsigned short op, unsigned count = 1) {
-    Outcome out{0, 77};
-    out.sign = row.Compare(flag, len1, const_cast<void*>(a), len2, const_cast<void*>(b), op, count, out.err);
-    return out;
-}
-
-std::vector<unsigned char> RecordOf(const KyString& s, unsigned char form) {
-    std::vector<unsigned char> bytes(KyStringTab.SizeGet(&s, KyFormMemory, form, 1));
-    KyStringTab.Store(bytes.data(), &s, form, 1);
-    return bytes;
-}
-
-/// What the first `length` bytes of the records compare like, against an inaccessible page; 0: all of them, their
-/// lengths not given.
-Outcome ComparedParts(const std::vector<unsigned char>& a, unsigned lengthA, const std::vector<unsigned char>& b,
-                      unsigned lengthB, unsigned short op, unsigned char flag, unsigned count = 1) {
-    const auto part = [](const std::vector<unsigned char>& record, unsigned length) {
-        return std::span(record.data(), length != 0 ? length : record.size());
-    };
-    GuardedBuffer partA(part(a, lengthA));
-    GuardedBuffer partB(part(b, lengthB));
-    return Compared(KyStringTab, flag, lengthA, partA.data(), lengthB, partB.data(), op, count);
-}
-
-KyString Labelled(const KyString& s, unsigned char codeSet, unsigned char language) {
-    KyString labelled(s);
-    labelled.SetCodeSetCode(codeSet);
-    labelled.LanguageSet(language);
-    return labelled;
-}
-
-KyString OrderText(std::initializer_list<unsigned short> orders, unsigned char language) {
-    return StringGenerator::FromCodes(KyCodeSetOrders, language, orders);
-}
-
-// --- patterns ---
-
-TEST(StringPattern, TextsAreComparedUpToTheFirstWildcard) {
-    const struct {
-        const char *text, *pattern;
-        unsigned short op;
-        Outcome expected;
-    } cases[] = {
-        {"abc", "a*d", kWild, {0, 2101}},     {"abc", "a*", kWild, {0, 2101}},     {"abc", "b*", kWild, {-1, 2101}},
-        {"abc", "a?c", kWild, {0, 2101}},     {"abc", "*", kWild, {0, 2101}},      {"abc", "?", kWild, {0, 2101}},
-        {"ab", "abc*", kWild, {-1, 2101}},    {"abd", "abc*", kWild, {1, 2101}},   {"abc", "abc", kWild, {0, 0}},
-        {"abc", "abd", kWild, {-1, 0}},       {"abcd", "abc", kWild, {1, 0}},      {"ABC", "ab*", 0x20, {0, 2101}},
-        {"ABC", "ab*", kWild, {-1, 2101}},    {"ABC", "abc", 0x20, {0, 0}},        {"a*c", "a\\*c", kWild, {0, 0}},
-        {"a*cd", "a\\*c*", kWild, {0, 2101}}, {"a*d", "a\\*c*", kWild, {1, 2101}}, {"a\\b", "a\\\\*", kWild, {0, 2101}},
-        {"a\\", "a\\", kWild, {0, 0}},        {"abc", "a*d", 0x10, {1, 0}},        {"a*d", "a*d", kExact, {0, 0}},
-        {"abc", "a*", 0x80, {0, 2101}},
-    };
-    for (const auto& c : cases) {
-        const KyString text = Labelled(c.text, 1, 0);
-        const KyString pattern = Labelled(c.pattern, 1, 0);
-        EXPECT_EQ(Compared(KyStringTab, 8, 0, &text, 0, &pattern, c.op), c.expected) << c.text << " " << c.pattern;
-        KyString wideText(text);
-        KyString widePattern(pattern);
-        wideText.MapToCodeSet(KyCodeSetUnicode);
-        widePattern.MapToCodeSet(KyCodeSetUnicode);
-        for (const KyString* a : {&text, static_cast<const KyString*>(&wideText)}) {
-            for (const KyString* b : {&pattern, static_cast<const KyString*>(&widePattern)}) {
-                for (const unsigned char flag : std::initializer_list<unsigned char>{1, 2, 0x81, 0x82}) {
-                    EXPECT_EQ(ComparedParts(RecordOf(*a, flag & 15), 0, RecordOf(*b, flag & 15), 0, c.op, flag),
-                              c.expected)
-                        << c.text << " " << c.pattern << " " << int{flag};
-                }
-            }
-        }
-    }
-}
-
-TEST(StringPattern, ExpansionsAndContractionsCountAsTheirOrders) {
-    const KyString street = Labelled(Narrow("Stra\xDF"
-                                            "e"),
-                                     1, 0);
-    const KyString asLetters = Labelled("Strass*", 1, 0);
-    EXPECT_EQ(Compared(KyStringTab, 8, 0, &street, 0, &asLetters, 0x40), (Outcome{0, 2101}));
-    const KyString czech = Labelled("chata", 1, 10);
-    const KyString pattern = Labelled("ch*", 1, 10);
-    EXPECT_EQ(Compared(KyStringTab, 8, 0, &czech, 0, &pattern, kWild), (Outcome{0, 2101}));
-    const KyString other = Labelled("c*", 1, 10);
-    EXPECT_EQ(Compared(KyStringTab, 8, 0, &czech, 0, &other, kWild), (Outcome{1, 2101})) << "ch is a letter of its own";
-}
-
-TEST(StringPattern, OfBytes) {
-    const KyString text = Labelled("a\\bc", 0, 0);
-    const KyString pattern = Labelled("a\\*", 0, 0);
-    EXPECT_EQ(Compared(KyStringTab, 8, 0, &text, 0, &pattern, kWild), (Outcome{0, 2101})) << "no escapes";
-    const KyString below = Labelled("Z", 0, 0);
-    EXPECT_EQ(Compared(KyStringTab, 8, 0, &below, 0, &text, kWild), (Outcome{-1, 0}));
-}
-
-TEST(StringPattern, EndsTheWalk) {
-    const KyString a[] = {"abc", "z"};
-    const KyString b[] = {"a*", "a"};
-    EXPECT_EQ(Compared(KyStringTab, 8, 0, a, 0, b, kWild, 2), (Outcome{0, 2101}));
-    EXPECT_EQ(Compared(KyStringTab, 8, 0, a, 0, b, kExact, 2), (Outcome{1, 0}));
-}
 
 // --- absent texts ---
 
@@ -202,80 +98,6 @@ TEST(StringCut, LettersThatMayBeHalved) {
     for (const unsigned length : {6U, 7U}) {
         EXPECT_EQ(ComparedParts(three, length, letter, 0, kExact, 1), (Outcome{1, 2101})) << length;
     }
-}
-
-// --- marks ---
-
-TEST(StringMark, TellsWhichOperandIsMarked) {
-    constexpr unsigned short a = 0x600C;
-    constexpr unsigned short b = 0x6010;
-    const KyString plain = OrderText({a, b}, 1);
-    const KyString marked = OrderText({a, b}, 0x81);
-    const KyString longer = OrderText({a, b, b}, 0x80);
-    const KyString markOnly = OrderText({a}, 0x81);
-    const struct {
-        const KyString &first, &second;
-        unsigned short op;
-        Outcome expected;
-    } cases[] = {
-        {plain, plain, kExact, {0, 0}},       {marked, plain, kExact, {0, 2114}},  {plain, marked, kExact, {0, 2115}},
-        {marked, marked, kExact, {0, 2114}},  {longer, plain, kExact, {1, 2114}},  {plain, longer, kExact, {-1, 2115}},
-        {plain, longer, kWild, {-1, 2115}},   {plain, markOnly, kWild, {0, 2115}}, {plain, markOnly, kExact, {1, 2115}},
-        {longer, markOnly, kWild, {0, 2114}}, {longer, plain, kWild, {1, 2114}},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(Compared(KyStringTab, 8, 0, &c.first, 0, &c.second, c.op), c.expected);
-        for (const unsigned char form : std::initializer_list<unsigned char>{1, 2}) {
-            EXPECT_EQ(ComparedParts(RecordOf(c.first, form), 0, RecordOf(c.second, form), 0, c.op, form), c.expected);
-        }
-    }
-    const KyString pair[] = {marked, plain};
-    const KyString others[] = {marked, marked};
-    EXPECT_EQ(Compared(KyStringTab, 8, 0, pair, 0, others, kExact, 2), (Outcome{0, 2114})) << "ends the walk";
-}
-
-TEST(StringMark, WhereTheBufferEndsBeforeTheCountThatIsTold) {
-    constexpr unsigned short a = 0x600C;
-    constexpr unsigned short b = 0x6010;
-    const KyString plain = OrderText({a}, 1);
-    const KyString marked = OrderText({a}, 0x81);
-    const KyString behind = OrderText({b}, 0x81);
-    const struct {
-        const KyString &first, &second;
-        int sign;
-        int err;  ///< of the pair by itself
-    } cases[] = {
-        {marked, plain, 0, 2114}, {plain, marked, 0, 2115}, {behind, plain, 1, 2114}, {plain, behind, -1, 2115}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(Compared(KyStringTab, 8, 16, &c.first, 16, &c.second, kExact, 1), (Outcome{c.sign, c.err}));
-        EXPECT_EQ(Compared(KyStringTab, 8, 16, &c.first, 16, &c.second, kExact, 2), (Outcome{c.sign, 2101}));
-        for (const unsigned char flag : std::initializer_list<unsigned char>{1, 2, 0x81}) {
-            const auto first = RecordOf(c.first, flag & 15);
-            const auto second = RecordOf(c.second, flag & 15);
-            // The buffer of the other has room for more.
-            const auto pair = [](std::vector<unsigned char> record) {
-                record.insert(record.end(), record.begin(), record.end());
-                return record;
-            };
-            EXPECT_EQ(ComparedParts(first, 8, second, 8, kExact, flag, 1), (Outcome{c.sign, c.err}));
-            EXPECT_EQ(ComparedParts(first, 8, pair(second), 0, kExact, flag, 2), (Outcome{c.sign, 2101}));
-            EXPECT_EQ(ComparedParts(pair(first), 0, second, 8, kExact, flag, 2), (Outcome{c.sign, 2101}));
-            EXPECT_EQ(ComparedParts(pair(first), 0, pair(second), 0, kExact, flag, 2), (Outcome{c.sign, c.err}));
-        }
-    }
-}
-
-TEST(StringMark, NullsCarryNone) {
-    const KyString null254 = OrderText({}, 254);
-    const KyString null0 = OrderText({}, 0);
-    const KyString text = OrderText({0x600C}, 1);
-    EXPECT_EQ(Compared(KyStringTab, 8, 0, &null254, 0, &null0, kExact), (Outcome{0, 0}));
-    EXPECT_EQ(Compared(KyStringTab, 8, 0, &null254, 0, &text, kExact), (Outcome{-1, 0}));
-    int err;
-    EXPECT_EQ(KyStringTab.Hash(8, 0, const_cast<KyString*>(&null254), 1, err), 0xFEFE7575U * 1103515245U);
-    const KyString marked = OrderText({0x600C}, 0x80);
-    EXPECT_EQ(KyStringTab.Hash(8, 0, const_cast<KyString*>(&marked), 1, err),
-              KyStringTab.Hash(8, 0, const_cast<KyString*>(&text), 1, err));
 }
 
 // --- bad input ---

@@ -12,12 +12,6 @@ constexpr unsigned short kExact = 0x100;
 constexpr unsigned kHashFactor = 1103515245;
 constexpr unsigned kNullHash = 0xFEFE7575;
 
-KyString Null() {
-    KyString s;
-    s.SetNullValue();
-    return s;
-}
-
 /// An array of strings stored in one form, with an inaccessible page right behind it.
 class StoredArray {
 public:

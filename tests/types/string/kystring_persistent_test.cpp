@@ -12,18 +12,6 @@
 
 namespace {
 
-KyString Null() {
-    KyString s;
-    s.SetNullValue();
-    return s;
-}
-
-KyString Labelled(KyString s, unsigned char codeSet, unsigned char language) {
-    s.SetCodeSetCode(codeSet);
-    s.LanguageSet(language);
-    return s;
-}
-
 /// What the row's Store writes, into a buffer of exactly the size that it returns.
 std::string Stored(const KyTypeTab& row, const KyString* strings, unsigned count, unsigned char flag) {
     const unsigned size = row.SizeGet(strings, KyFormMemory, flag, count);

@@ -11,12 +11,6 @@
 
 namespace {
 
-KyString Null() {
-    KyString s;
-    s.SetNullValue();
-    return s;
-}
-
 // --- arrays in memory ---
 
 TEST(StringSlots, CreateAndDelete) {

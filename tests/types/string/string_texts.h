@@ -36,6 +36,18 @@ inline KyString Narrow(const std::string& bytes) {
     return KyString(bytes.data(), static_cast<unsigned short>(bytes.size()));
 }
 
+inline KyString Labelled(KyString s, unsigned char codeSet, unsigned char language) {
+    s.SetCodeSetCode(codeSet);
+    s.LanguageSet(language);
+    return s;
+}
+
+inline KyString Null() {
+    KyString s;
+    s.SetNullValue();
+    return s;
+}
+
 /// A configuration whose "stringOverflow" of the section "debug" has this value, and a count of the assertions raised.
 class OverflowSwitch : public KyConfig {
 public:
