@@ -118,6 +118,10 @@ TEST(DateScan, AnotherNullPrintString) {
     ky::NullPrintString() = KyString(wide);
     EXPECT_EQ(Scan("no", "%D").result, ky::DateScan::null);
     EXPECT_EQ(Scan("n", "%D").result, kCut);
+    const unsigned short nothing[] = {0};
+    ky::NullPrintString() = KyString(nothing);
+    EXPECT_EQ(Scan("", "%D").result, ky::DateScan::null);
+    EXPECT_EQ(Scan("2024-05-07", "%D").result, kWhole);
     ky::NullPrintString() = kept;
     EXPECT_EQ(Scan("{NULL}", "%D").result, ky::DateScan::null);
 }

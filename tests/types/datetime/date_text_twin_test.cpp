@@ -2,14 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <iterator>
 #include <random>
 #include <string>
 #include <vector>
 
 #include "date_texts.h"
+#include "lent_text.h"
 #include "oracle/slow_date_text.h"
 #include "support/fewer_cases.h"
+#include "support/guarded_buffer.h"
 
 namespace {
 
@@ -137,13 +140,15 @@ TEST(DateTextTwins, PrintPartsOfAnySizeAlike) {
 }
 
 /// What scanning gives by the slow twin, null texts aside.
-void ExpectAlike(const std::string& text, const std::string& format) {
-    const Scan scan(text.c_str(), format.c_str());
+void ExpectAlike(const std::string& text, const std::string& format, const Scan& scan) {
     SlowDateScanner slow(text);
     const bool isWhole = slow.Scan(format);
     ASSERT_EQ(scan.parts, slow.parts) << '"' << text << "\" by \"" << format << '"';
     ASSERT_EQ(scan.result, isWhole ? ky::DateScan::whole : ky::DateScan::cut)
         << '"' << text << "\" by \"" << format << '"';
+}
+void ExpectAlike(const std::string& text, const std::string& format) {
+    ExpectAlike(text, format, Scan(text.c_str(), format.c_str()));
 }
 
 /// A text with a few of its bytes exchanged, lost or added.
@@ -221,13 +226,32 @@ TEST(DateTextTwins, ScanTextsOfAnyBytesAlike) {
     }
 }
 
-TEST(DateTextTwins, ScanTextsCutAtEveryByteAlike) {
+TEST(DateTextTwins, ScanTextsCutAtEveryByteAlikeAndNothingBehindThem) {
     Random random(6);
+    GuardedBuffer area(256);
     for (int round = 0; round < 200; ++round) {
         for (const char* format : kWholeFormats) {
             const std::string text = Printed(AnyParts(random), format);
             for (std::size_t length = 0; length <= text.size(); ++length) {
-                ExpectAlike(text.substr(0, length), format);
+                const std::string cut = text.substr(0, length);
+                auto* const atTheEnd = reinterpret_cast<char*>(area.data() + area.size() - length - 1);
+                std::memcpy(atTheEnd, cut.c_str(), length + 1);
+                ky::LentText lent(static_cast<const char*>(atTheEnd));
+                ExpectAlike(cut, format, Scan(*lent, format));
+                if (HasFatalFailure()) return;
+            }
+        }
+    }
+}
+
+TEST(DateTextTwins, ScanAnyByteAsAHalfOfTheDayAlike) {
+    for (const char* hour : {"00", "01", "11", "12", "13", "23", "24", "99"}) {
+        for (int byte = 1; byte < 256; ++byte) {
+            for (const char* between : {" ", "", "\t \n"}) {
+                const std::string time = std::string(hour) + ":04:09" + between + static_cast<char>(byte) + "m";
+                ExpectAlike(time, "%I:%M:%S %p");
+                ExpectAlike(time, "%H:%M:%S");
+                ExpectAlike("2024-05-07T" + time, "%Y-%m-%dT%I:%M:%S %p");
                 if (HasFatalFailure()) return;
             }
         }

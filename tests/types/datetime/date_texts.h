@@ -33,10 +33,11 @@ inline std::string Printed(const ky::DateTimeParts& parts, const char* format,
 
 /// What a text gives for a value that is anything before.
 struct Scan {
+    ky::DateTimeParts parts{77, 77, 77, 77, 77, 77, 77};
     ky::DateScan result;
-    ky::DateTimeParts parts;
 
-    Scan(const char* text, const char* format) : parts{77, 77, 77, 77, 77, 77, 77} {
+    Scan(KyString& text, const char* format) : result(ky::ScanDateTime(parts, text, format)) {}
+    Scan(const char* text, const char* format) : result() {
         KyString in(text);
         result = ky::ScanDateTime(parts, in, format);
     }
