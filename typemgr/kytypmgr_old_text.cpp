@@ -51,6 +51,10 @@ unsigned short FreeSeparator(KyTypeConvertData& record) {
     return fallbackSeparator;
 }
 
+struct DeleteString {
+    void operator()(KyString* text) const { KyStringDelete(text, 1); }
+};
+
 unsigned CountOf(const Codes& codes, unsigned short code) {
     unsigned found = 0;
     for (unsigned at = 0; at < codes.Count(); ++at) found += codes[at] == code ? 1 : 0;
@@ -62,8 +66,8 @@ unsigned CountOf(const Codes& codes, unsigned short code) {
 KyString* KyTypeMgr::ConvertToKyStringOld(void* value, char id, unsigned count) {
     const std::unique_ptr<KyTypeConvertData> record(ConvertTo(id, value, count));
     if (record == nullptr) return nullptr;
-    KyString* const result = KyStringCreate(1);
-    if (count == 0) return result;
+    std::unique_ptr<KyString, DeleteString> result(KyStringCreate(1));
+    if (result == nullptr || count == 0) return result.release();
 
     const unsigned short separator = FreeSeparator(*record);
     ky::TextJoin join(*result);
@@ -72,7 +76,7 @@ KyString* KyTypeMgr::ConvertToKyStringOld(void* value, char id, unsigned count) 
         join.AppendCode(separator);
     }
     join.Finish();
-    return result;
+    return result.release();
 }
 
 void* KyTypeMgr::ConvertFromKyStringOld(KyString* text, char id, unsigned count) {
@@ -80,6 +84,7 @@ void* KyTypeMgr::ConvertFromKyStringOld(KyString* text, char id, unsigned count)
     const unsigned short separator = codes.Count() == 0 ? fallbackSeparator : codes[codes.Count() - 1];
     const unsigned pieces = CountOf(codes, separator) + 1;
     KyTypeConvertData record(KySTRING_T, pieces, KyStringCreate(pieces), this);
+    if (record.data == nullptr) return nullptr;
 
     unsigned start = 0;
     for (unsigned at = 0, piece = 0; at < codes.Count(); ++at) {

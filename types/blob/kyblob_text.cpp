@@ -1,7 +1,6 @@
 /// Blobs as texts: hexadecimal digits, and what the print format makes of them.
 
 #include <algorithm>
-#include <memory>
 #include <string>
 #include <string_view>
 
@@ -84,29 +83,23 @@ KyTypeConvertData* BlobConvertToKyString(void* value, unsigned count) {
     const auto* blobs = static_cast<const KyBlob*>(value);
     const auto fits = [](const KyBlob& blob) { return blob.Length() <= kMostBytesOfText; };
     if (!std::all_of(blobs, blobs + count, fits)) return nullptr;
-    const auto giveUp = [count](KyString* texts) { KyStringDelete(texts, count); };
-    std::unique_ptr<KyString, decltype(giveUp)> texts(KyStringCreate(count), giveUp);
-    if (texts == nullptr) return nullptr;
-    for (unsigned i = 0; i < count; ++i) {
-        KyString& text = texts.get()[i];
-        if (blobs[i].IsNullValue() != 0) {
-            text.SetNullValue();
-        } else {
-            const std::string digits = Digits(blobs[i]);
-            ky::AssignText(text, digits.data(), digits.size());
+    return ky::MakeTextRecord(count, [=](KyString* texts) {
+        for (unsigned i = 0; i < count; ++i) {
+            if (blobs[i].IsNullValue() != 0) {
+                texts[i].SetNullValue();
+            } else {
+                const std::string digits = Digits(blobs[i]);
+                ky::AssignText(texts[i], digits.data(), digits.size());
+            }
         }
-    }
-    KyTypeConvertData* const record = KyTypeConvertData::Make(KySTRING_T, count, texts.get(), nullptr);
-    static_cast<void>(texts.release());
-    return record;
+    });
 }
 
 void* BlobConvertFromKyString(KyTypeConvertData* data, unsigned count) {
-    const auto giveUp = [count](KyBlob* blobs) { BlobDelete(blobs, count); };
-    std::unique_ptr<KyBlob, decltype(giveUp)> blobs(static_cast<KyBlob*>(BlobCreate(count)), giveUp);
+    ky::OwnedArray blobs(BlobCreate(count), {&BlobDelete, count});
     if (blobs == nullptr) return nullptr;
     for (unsigned i = 0; i < count; ++i) {
-        if (!ReadText(blobs.get()[i], ky::TextAt(data, i))) return nullptr;
+        if (!ReadText(static_cast<KyBlob*>(blobs.get())[i], ky::TextAt(data, i))) return nullptr;
     }
     return blobs.release();
 }

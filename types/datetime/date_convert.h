@@ -34,12 +34,14 @@ KyTypeConvertData* DateConvertToKyString(void* value, unsigned count) {
 template <class Facts>
 void* DateConvertFromKyString(KyTypeConvertData* data, unsigned count) {
     using Value = typename Facts::Value;
-    return ConvertFromTexts<Value>(DateValues<Value>::Create, data, count, [](const KyString* text) {
-        Value element = Facts::WithoutText();
-        // Scanning leaves the text as it is.
-        if (text != nullptr) Facts::Scan(&element, const_cast<KyString&>(*text), Facts::Format(), 1);
-        return element;
-    });
+    return ConvertFromTexts<Value>(DateValues<Value>::Create, DateValues<Value>::Delete, data, count,
+                                   [](const KyString* text) {
+                                       Value element = Facts::WithoutText();
+                                       // Scanning leaves the text as it is.
+                                       if (text != nullptr)
+                                           Facts::Scan(&element, const_cast<KyString&>(*text), Facts::Format(), 1);
+                                       return element;
+                                   });
 }
 
 /// `count` times the value of an empty text.

@@ -67,6 +67,7 @@ struct ObjIdFacts {
     static constexpr auto* SizeGet = &KyObjId::SizeGet;
     static constexpr auto* Assignment = &KyObjIdAssignment;
     static constexpr auto* Create = &KyObjId::Create;
+    static constexpr auto* Delete = &KyObjId::Delete;
 
     template <bool reversed>
     static void StoreElement(void* dst, const void* src) {
@@ -107,6 +108,7 @@ struct ClassIdFacts {
     static constexpr auto* Load = &KyClassId::Load;
     static constexpr auto* SizeGet = &KyClassId::SizeGet;
     static constexpr auto* Create = &KyClassId::Create;
+    static constexpr auto* Delete = &KyClassId::Delete;
 
     static constexpr IdentifierGrammar kGrammar = {LettersOf("CV"), false, KyClassIdFmt};
     static constexpr IdentifierFields kNull = {.C = 0xFFFF, .V = 0xFFFF};
@@ -139,6 +141,7 @@ struct RefFacts {
     static constexpr auto* Load = &KyRef::Load;
     static constexpr auto* SizeGet = &KyRef::SizeGet;
     static constexpr auto* Create = &KyRef::Create;
+    static constexpr auto* Delete = &KyRef::Delete;
 
     template <bool reversed>
     static void StoreElement(void* dst, const void* src) {

@@ -61,9 +61,10 @@ KyTypeConvertData* IdentifiersToTexts(const void* values, unsigned count) {
 
 template <class Facts>
 void* IdentifiersFromTexts(KyTypeConvertData* data, unsigned count) {
-    return ConvertFromTexts<typename Facts::Element>(Facts::Create, data, count, [](const KyString* text) {
-        return Facts::Make(text == nullptr ? Facts::kNull : FieldsOfText<Facts>(*text, nullptr));
-    });
+    return ConvertFromTexts<typename Facts::Element>(
+        Facts::Create, Facts::Delete, data, count, [](const KyString* text) {
+            return Facts::Make(text == nullptr ? Facts::kNull : FieldsOfText<Facts>(*text, nullptr));
+        });
 }
 
 }  // namespace ky

@@ -111,7 +111,7 @@ KyTypeConvertData* SealConvertToKyString(void* value, unsigned count) {
 }
 
 void* SealConvertFromKyString(KyTypeConvertData* data, unsigned count) {
-    return ky::ConvertFromTexts<KySeal>(SealCreate, data, count, [](const KyString* text) {
+    return ky::ConvertFromTexts<KySeal>(SealCreate, SealDelete, data, count, [](const KyString* text) {
         KySeal seal;
         if (text != nullptr) seal.ScanFromKyString(*text);
         return seal;

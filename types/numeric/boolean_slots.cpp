@@ -61,7 +61,7 @@ KyTypeConvertData* BooleanConvertToKyString(void* value, unsigned count) {
 }
 
 void* BooleanConvertFromKyString(KyTypeConvertData* data, unsigned count) {
-    return ky::ConvertFromTexts<KyBoolean>(BooleanCreate, data, count, [](const KyString* text) {
+    return ky::ConvertFromTexts<KyBoolean>(BooleanCreate, BooleanDelete, data, count, [](const KyString* text) {
         if (text == nullptr) return Null();
         return KyBoolean(ky::ReadAsEightBit(*text, [](const KyString& narrow) { return *narrow.StrGet() == '1'; }));
     });

@@ -43,7 +43,7 @@ KyTypeConvertData* Int64ConvertToKyString(void* value, unsigned count) {
 }
 
 void* Int64ConvertFromKyString(KyTypeConvertData* data, unsigned count) {
-    return ky::ConvertFromTexts<KyInt64>(Int64Create, data, count, [](const KyString* text) {
+    return ky::ConvertFromTexts<KyInt64>(Int64Create, Int64Delete, data, count, [](const KyString* text) {
         return text == nullptr ? KyInt64() : KyInt64(static_cast<long long>(*text));
     });
 }

@@ -111,10 +111,11 @@ KyTypeConvertData* KyNullTypeConvertToKyString(void* value, unsigned count) {
 template <class Type, class Value>
 void* KyNullTypeConvertFromKyString(KyTypeConvertData* data, unsigned count) {
     using FromText = typename ky::TextFactsOf<Value>::FromText;
-    return ky::ConvertFromTexts<Type>(&ky::CountedCreate<Type>, data, count, [](const KyString* text) {
-        if (text == nullptr) return Type();
-        return Type(Value(ky::Narrow<ky::PlainNumber<Value>>(static_cast<FromText>(*text))));
-    });
+    return ky::ConvertFromTexts<Type>(
+        &ky::CountedCreate<Type>, &ky::CountedDelete<Type>, data, count, [](const KyString* text) {
+            if (text == nullptr) return Type();
+            return Type(Value(ky::Narrow<ky::PlainNumber<Value>>(static_cast<FromText>(*text))));
+        });
 }
 
 #endif

@@ -37,7 +37,7 @@ KyTypeConvertData* NumberConvertToKyString(void* value, unsigned count) {
 template <class Facts>
 void* NumberConvertFromKyString(KyTypeConvertData* data, unsigned count) {
     using Element = typename Facts::Element;
-    return ConvertFromTexts<Element>(&NumberCreate<Facts>, data, count, [](const KyString* text) {
+    return ConvertFromTexts<Element>(&NumberCreate<Facts>, &NumberDelete, data, count, [](const KyString* text) {
         return text == nullptr ? Element{0} : Narrow<Element>(static_cast<typename Facts::FromText>(*text));
     });
 }

@@ -5,27 +5,21 @@
 #include "kytypmgr.h"
 #include "lent_text.h"
 #include "object_slots.h"
+#include "record_text.h"
 #include "text_constants.h"
 
 namespace ky {
 
 template <class Self>
 KyTypeConvertData* DictionaryValues<Self>::ConvertToKyString(void* value, unsigned count) {
-    KyString* texts = KyStringCreate(count);
-    if (texts == nullptr) return nullptr;
-    for (unsigned i = 0; i < count; ++i) texts[i] = static_cast<const Self*>(value)[i].StrGet();
-    return KyTypeConvertData::Make(KySTRING_T, count, texts, nullptr);
+    return MakeTextRecord(count, [=](KyString* texts) {
+        for (unsigned i = 0; i < count; ++i) texts[i] = static_cast<const Self*>(value)[i].StrGet();
+    });
 }
 
 template <class Self>
 void* DictionaryValues<Self>::ConvertFromKyString(KyTypeConvertData* data, unsigned count) {
-    auto* values = static_cast<Self*>(ObjectSlots<Self>::Create(count));
-    if (values == nullptr || data == nullptr) return values;
-    for (unsigned i = 0; i < count; ++i) {
-        const KyString* text = data->GetString(static_cast<int>(i));
-        if (text != nullptr) values[i] = *text;
-    }
-    return values;
+    return AssignFromTexts<Self>(&ObjectSlots<Self>::Create, &ObjectSlots<Self>::Delete, data, count);
 }
 
 template <class Self>

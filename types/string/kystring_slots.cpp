@@ -5,6 +5,7 @@
 #include "kystring.h"
 #include "kytypmgr.h"
 #include "object_slots.h"
+#include "record_text.h"
 #include "text_constants.h"
 
 namespace {
@@ -40,20 +41,11 @@ int KyStringIsNull(void* value) { return StringAt(value).IsNullValue(); }
 int KyStringSetNull(void* value) { return StringAt(value).SetNullValue(); }
 
 KyTypeConvertData* KyStringConvertToKyString(void* value, unsigned count) {
-    KyString* texts = KyStringCreate(count);
-    if (texts == nullptr) return nullptr;
-    KyStringAssignment(texts, value, count, 0);
-    return KyTypeConvertData::Make(KySTRING_T, count, texts, nullptr);
+    return ky::MakeTextRecord(count, [=](KyString* texts) { KyStringAssignment(texts, value, count, 0); });
 }
 
 void* KyStringConvertFromKyString(KyTypeConvertData* data, unsigned count) {
-    KyString* values = KyStringCreate(count);
-    if (values == nullptr || data == nullptr) return values;
-    for (unsigned i = 0; i < count; ++i) {
-        const KyString* text = data->GetString(static_cast<int>(i));
-        if (text != nullptr) values[i] = *text;
-    }
-    return values;
+    return ky::AssignFromTexts<KyString>(&ky::ObjectSlots<KyString>::Create, &KyStringDelete, data, count);
 }
 
 void* KyStringScanFromKyString(void* value, KyString& text, const char*, unsigned) {

@@ -7,34 +7,13 @@
 #include <string>
 
 #include "counted_memory.h"
+#include "fail_without_leaks.h"
 #include "kymultibyte.h"
 #include "kystring.h"
 #include "kywildcard.h"
 #include "string_texts.h"
 
 namespace {
-
-/// Runs `action` with memory for none, one, ... blocks until it succeeds; no block may be left behind.
-template <class Action>
-void FailWithoutLeaks(const char* name, bool takesBlocks, Action action) {
-    action();  // tables that are made on first use stay
-    bool succeeded = false;
-    for (int blocks = 0; !succeeded && blocks < 40; ++blocks) {
-        const std::ptrdiff_t before = blocksHeld;
-        blocksLeft = blocks;
-        try {
-            action();
-            succeeded = true;
-        } catch (const std::bad_alloc&) {
-        }
-        blocksLeft = -1;
-        EXPECT_EQ(blocksHeld, before) << name << ' ' << blocks;
-        if (succeeded) {
-            EXPECT_EQ(blocks > 0, takesBlocks) << name;
-        }
-    }
-    EXPECT_TRUE(succeeded) << name;
-}
 
 TEST(KyStringAllocation, FailureOfConversionsLeaksNothing) {
     for (const std::size_t length : {3u, 300u, 20000u}) {
