@@ -133,7 +133,7 @@ TEST_P(CollationPeer, AgreesIn16And8Bits) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, CollationPeer, testing::ValuesIn(peer::kWordLists),
-                         [](const auto& instance) { return peer::TestName(instance.param.tag); });
+                         [](const auto& instance) { return TestName(instance.param.tag); });
 
 /// What the test above would say of an order that is not the language's.
 TEST(CollationPeerItself, NoticesAWrongOrder) {

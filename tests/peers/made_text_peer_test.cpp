@@ -142,6 +142,6 @@ TEST_P(MadeTextPeer, DisagreesOnlyWhereItIsExplained) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, MadeTextPeer, testing::ValuesIn(peer::kLanguages),
-                         [](const auto& instance) { return peer::TestName(instance.param.tag); });
+                         [](const auto& instance) { return TestName(instance.param.tag); });
 
 }  // namespace

@@ -4,6 +4,7 @@
 /// The languages and what stands for them elsewhere.
 
 #include <algorithm>
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,6 +17,8 @@ struct Language {
     const char* codeSet;       ///< registered name of an 8-bit code set in which it is written; null: none has it
     const char* contractions;  ///< its letters of several characters, small
 };
+
+inline void PrintTo(const Language& language, std::ostream* out) { *out << language.tag; }
 
 inline const std::vector<Language> kLanguages = {
     {"neutral", "root", "ISO-8859-1", ""},
@@ -57,11 +60,6 @@ inline const Language* LanguageOf(std::string_view tag) {
     const auto found =
         std::find_if(kLanguages.begin(), kLanguages.end(), [&](const Language& each) { return tag == each.tag; });
     return found != kLanguages.end() ? &*found : nullptr;
-}
-
-inline std::string TestName(std::string tag) {
-    std::replace(tag.begin(), tag.end(), '-', '_');
-    return tag;
 }
 
 }  // namespace peer

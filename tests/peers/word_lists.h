@@ -3,6 +3,7 @@
 
 /// Word lists of Debian's dictionary packages.
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,8 @@ struct WordList {
     const char* path;      ///< a word a line, or a spelling dictionary (.dic): a number, then `word/flags`
     const char* encoding;  ///< of the file
 };
+
+inline void PrintTo(const WordList& list, std::ostream* out) { *out << list.tag; }
 
 extern const std::vector<WordList> kWordLists;
 

@@ -3,6 +3,7 @@
 
 /// Code sets and languages by their names, and 16-bit literals as texts.
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,12 @@ inline const KyLanguage* LanguageOf(std::string_view tag) {
         if (language != nullptr && language->Tag() == tag) return language;
     }
     return nullptr;
+}
+
+/// A language's tag as a part of a test's name.
+inline std::string TestName(std::string tag) {
+    std::replace(tag.begin(), tag.end(), '-', '_');
+    return tag;
 }
 
 /// Null when there is no code set of this name.

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <nlohmann/json.hpp>
+#include <ostream>
 #include <set>
 #include <string>
 #include <vector>
@@ -22,6 +23,8 @@ struct TypeTexts {
     /// empty field.
     std::vector<std::pair<const char*, const char*>> good;
     std::vector<const char*> bad;
+
+    friend void PrintTo(const TypeTexts& of, std::ostream* out) { *out << of.type; }
 };
 
 const TypeTexts kTypes[] = {

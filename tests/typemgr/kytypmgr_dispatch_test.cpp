@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <ostream>
 #include <sstream>
 #include <string>
 
@@ -206,6 +207,8 @@ struct Road {
     KyTypeTab& row;
     unsigned factory;
     int id;
+
+    friend void PrintTo(const Road& road, std::ostream* out) { *out << road.description; }
 };
 
 class Forwarding : public testing::TestWithParam<Road> {};

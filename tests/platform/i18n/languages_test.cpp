@@ -4,6 +4,7 @@
 
 #include <initializer_list>
 #include <map>
+#include <ostream>
 #include <set>
 #include <vector>
 
@@ -22,6 +23,8 @@ struct Alphabet {
     const char* codeSet;  ///< 8-bit code set that has them all; null: none has
     const char16_t* letters;
     const char16_t* capitals;  ///< null: by the case mapping
+
+    friend void PrintTo(const Alphabet& alphabet, std::ostream* out) { *out << alphabet.tag; }
 };
 
 constexpr const char16_t* kPlainLetters = u"a b c d e f g h i j k l m n o p q r s t u v w x y z";
@@ -166,13 +169,8 @@ TEST_P(LanguageAlphabet, IsTheSameIn8Bits) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, LanguageAlphabet, testing::ValuesIn(kAlphabets), [](const auto& instance) {
-    std::string name = instance.param.tag;
-    for (char& c : name) {
-        if (c == '-') c = '_';
-    }
-    return name;
-});
+INSTANTIATE_TEST_SUITE_P(Languages, LanguageAlphabet, testing::ValuesIn(kAlphabets),
+                         [](const auto& instance) { return TestName(instance.param.tag); });
 
 /// Where two texts part.
 enum Difference {
