@@ -11,6 +11,7 @@
 #include "kytypes.h"
 #include "kytypevl.h"
 #include "kytypmgr.h"
+#include "support/created_arrays.h"
 
 namespace {
 
@@ -33,18 +34,10 @@ TEST(BlobRow, IsNamedAndMeasured) {
 }
 
 TEST(BlobRow, CreatesEmptyValuesAndPrecedesArraysByTheirCount) {
+    ExpectCreatedArrays(KyBlobTab, {0}, [](void* values, unsigned count) {
+        EXPECT_EQ(ContentsAt(values, count), Elements(count, Content()));
+    });
     for (const unsigned count : {0u, 1u, 2u, 100u}) {
-        for (void* values : {KyBlobTab.Create(count), KyBlobTab.DefaultValue(count, 0)}) {
-            ASSERT_NE(values, nullptr);
-            EXPECT_EQ(ContentsAt(values, count), Elements(count, Content()));
-            if (count > 1) {
-                std::size_t header = 0;
-                std::memcpy(&header, static_cast<const char*>(values) - sizeof header, sizeof header);
-                EXPECT_EQ(header, count);
-            }
-            EXPECT_EQ(KyBlobTab.Delete(values, count), 0);
-        }
-        EXPECT_EQ(KyBlobTab.Delete(nullptr, count), 0);
         for (const int which : {1, 2, -1}) {
             void* values = KyBlobTab.DefaultValue(count, which);
             EXPECT_EQ(ContentsAt(values, count), Elements(count));

@@ -10,6 +10,7 @@
 #include "identifier_samples.h"
 #include "kystring.h"
 #include "kytypmgr.h"
+#include "support/created_arrays.h"
 #include "support/guarded_buffer.h"
 #include "support/hex.h"
 
@@ -17,22 +18,12 @@ namespace {
 
 TEST(IdentifierRows, CreateZeroesAndPrecedeArraysByTheirCount) {
     for (const Sizes& type : kSizes) {
-        for (const unsigned count : {0u, 1u, 2u, 3u, 1000u}) {
-            for (void* created : {type.row->Create(count), type.row->DefaultValue(count, 0)}) {
-                ASSERT_NE(created, nullptr);
-                EXPECT_EQ(reinterpret_cast<std::uintptr_t>(created) % 4, 0u);
-                std::vector<unsigned char> stored(count * type.stored);
-                type.row->Store(stored.data(), created, KyFormNative, count);
-                EXPECT_EQ(std::count(stored.begin(), stored.end(), 0), static_cast<long>(stored.size()));
-                if (count > 1) {
-                    std::size_t header = 0;
-                    std::memcpy(&header, static_cast<const char*>(created) - sizeof header, sizeof header);
-                    EXPECT_EQ(header, count);
-                }
-                EXPECT_EQ(type.row->Delete(created, count), 0);
-            }
-            EXPECT_EQ(type.row->Delete(nullptr, count), 0);
-        }
+        ExpectCreatedArrays(*type.row, {0}, [&](void* created, unsigned count) {
+            EXPECT_EQ(reinterpret_cast<std::uintptr_t>(created) % 4, 0u);
+            std::vector<unsigned char> stored(count * type.stored);
+            type.row->Store(stored.data(), created, KyFormNative, count);
+            EXPECT_EQ(std::count(stored.begin(), stored.end(), 0), static_cast<long>(stored.size()));
+        });
     }
 }
 

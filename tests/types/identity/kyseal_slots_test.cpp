@@ -14,6 +14,7 @@
 #include "kytypes.h"
 #include "kytypevl.h"
 #include "kytypmgr.h"
+#include "support/created_arrays.h"
 #include "support/golden.h"
 #include "support/guarded_buffer.h"
 #include "support/hex.h"
@@ -88,21 +89,9 @@ TEST(SealRow, Kept_StoresTheMostSignificantByteFirstInEveryForm) {
 }
 
 TEST(SealRow, CreatesZeroesAndPrecedesArraysByTheirCount) {
-    for (const unsigned count : {0u, 1u, 2u, 1000u}) {
-        for (void* created :
-             {KySealTab.Create(count), KySealTab.DefaultValue(count, 0), KySealTab.DefaultValue(count, 1)}) {
-            auto* values = static_cast<KySeal*>(created);
-            ASSERT_NE(values, nullptr);
-            EXPECT_EQ(NumbersOf(values, count), std::vector<long long>(count));
-            if (count > 1) {
-                std::size_t header = 0;
-                std::memcpy(&header, reinterpret_cast<const char*>(values) - sizeof header, sizeof header);
-                EXPECT_EQ(header, count);
-            }
-            EXPECT_EQ(KySealTab.Delete(values, count), 0);
-        }
-        EXPECT_EQ(KySealTab.Delete(nullptr, count), 0);
-    }
+    ExpectCreatedArrays(KySealTab, {0, 1}, [](void* values, unsigned count) {
+        EXPECT_EQ(NumbersOf(static_cast<KySeal*>(values), count), std::vector<long long>(count));
+    });
 }
 
 TEST(SealRow, ComparesByWordsInMemory) {

@@ -4,13 +4,13 @@
 
 #include <algorithm>
 #include <bit>
-#include <cstring>
 #include <string>
 #include <vector>
 
 #include "kystring.h"
 #include "kytypes.h"
 #include "kytypmgr.h"
+#include "support/created_arrays.h"
 #include "support/golden.h"
 #include "support/guarded_buffer.h"
 #include "support/hex.h"
@@ -55,20 +55,10 @@ TEST(BooleanRow, IsNullAndSetNull) {
 }
 
 TEST(BooleanRow, CreatesFalseAndPrecedesArraysByTheirCount) {
-    for (const unsigned count : {0u, 1u, 2u, 1000u}) {
-        for (void* created : {KyBooleanTab.Create(count), KyBooleanTab.DefaultValue(count, 0)}) {
-            auto* values = static_cast<KyBoolean*>(created);
-            ASSERT_NE(values, nullptr);
-            for (unsigned i = 0; i < count; ++i) EXPECT_EQ(values[i].Get(), 0);
-            if (count > 1) {
-                std::size_t header = 0;
-                std::memcpy(&header, reinterpret_cast<const char*>(values) - sizeof header, sizeof header);
-                EXPECT_EQ(header, count);
-            }
-            EXPECT_EQ(KyBooleanTab.Delete(values, count), 0);
-        }
-        EXPECT_EQ(KyBooleanTab.Delete(nullptr, count), 0);
-    }
+    ExpectCreatedArrays(KyBooleanTab, {0}, [](void* created, unsigned count) {
+        const auto* values = static_cast<KyBoolean*>(created);
+        for (unsigned i = 0; i < count; ++i) EXPECT_EQ(values[i].Get(), 0);
+    });
 }
 
 int Rank(int byte) {

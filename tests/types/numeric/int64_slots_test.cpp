@@ -11,6 +11,7 @@
 #include "kystring.h"
 #include "kytypes.h"
 #include "kytypmgr.h"
+#include "support/created_arrays.h"
 #include "support/golden.h"
 #include "support/guarded_buffer.h"
 #include "support/hex.h"
@@ -80,22 +81,11 @@ TEST(Int64Row, StoresAndLoadsAtAnyOffset) {
 }
 
 TEST(Int64Row, CreatesZeroesAndPrecedesArraysByTheirCount) {
-    for (const unsigned count : {0u, 1u, 2u, 3u, 1000u}) {
-        auto* values = static_cast<KyInt64*>(KyInt64Tab.Create(count));
-        ASSERT_NE(values, nullptr);
+    ExpectCreatedArrays(KyInt64Tab, {0}, [](void* created, unsigned count) {
+        const auto* values = static_cast<KyInt64*>(created);
         EXPECT_EQ(reinterpret_cast<std::uintptr_t>(values) % alignof(KyInt64), 0u);
         EXPECT_EQ(std::count(values, values + count, KyInt64(0)), static_cast<int>(count));
-        if (count > 1) {
-            std::size_t header = 0;
-            std::memcpy(&header, reinterpret_cast<const char*>(values) - sizeof header, sizeof header);
-            EXPECT_EQ(header, count);
-        }
-        EXPECT_EQ(KyInt64Tab.Delete(values, count), 0);
-        auto* defaults = static_cast<KyInt64*>(KyInt64Tab.DefaultValue(count, 0));
-        EXPECT_EQ(std::count(defaults, defaults + count, KyInt64(0)), static_cast<int>(count));
-        EXPECT_EQ(KyInt64Tab.Delete(defaults, count), 0);
-        EXPECT_EQ(KyInt64Tab.Delete(nullptr, count), 0);
-    }
+    });
 }
 
 TEST(Int64Row, OrdersElementByElementInEveryForm) {
