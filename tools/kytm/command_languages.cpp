@@ -21,11 +21,7 @@ ExitStatus ListCodeSets(const CodeSetsOptions& options, Output& out) {
         list.push_back({{"number", number}, {"name", name}, {"bits", WidthOf(number)}});
         table.Add({std::to_string(number), name, std::to_string(WidthOf(number))});
     }
-    if (options.json) {
-        out.Write(list.dump(2) + "\n");
-    } else {
-        table.Write(out);
-    }
+    WriteList(list, table, options.json, out);
     return kDone;
 }
 
@@ -36,11 +32,7 @@ ExitStatus ListLanguages(const LanguagesOptions& options, Output& out) {
         list.push_back({{"number", language->Code()}, {"tag", language->Tag()}, {"name", language->Name()}});
         table.Add({std::to_string(language->Code()), language->Tag(), language->Name()});
     }
-    if (options.json) {
-        out.Write(list.dump(2) + "\n");
-    } else {
-        table.Write(out);
-    }
+    WriteList(list, table, options.json, out);
     return kDone;
 }
 

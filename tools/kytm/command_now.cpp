@@ -56,11 +56,7 @@ ExitStatus ShowNow(const NowOptions& options, Output& out) {
         list.push_back(std::move(entry));
         table.Add({std::to_string(reading.id), TypeName(reading.id), reading.local, reading.utc.value_or("-")});
     }
-    if (options.json) {
-        out.Write(list.dump(2) + "\n");
-    } else {
-        table.Write(out);
-    }
+    WriteList(list, table, options.json, out);
     return kDone;
 }
 

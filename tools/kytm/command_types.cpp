@@ -33,7 +33,7 @@ std::vector<TypeFacts> AllTypes() {
     return all;
 }
 
-void WriteJson(const std::vector<TypeFacts>& types, Output& out) {
+nlohmann::ordered_json ToJson(const std::vector<TypeFacts>& types) {
     nlohmann::ordered_json list = nlohmann::ordered_json::array();
     for (const TypeFacts& type : types) {
         list.push_back({{"id", type.id},
@@ -46,7 +46,7 @@ void WriteJson(const std::vector<TypeFacts>& types, Output& out) {
                         {"counter", type.isCounter},
                         {"timeStamp", type.isTimeStamp}});
     }
-    out.Write(list.dump(2) + "\n");
+    return list;
 }
 
 std::string YesOrNo(bool yes) { return yes ? "yes" : "-"; }
@@ -65,11 +65,7 @@ Table ToTable(const std::vector<TypeFacts>& types) {
 
 ExitStatus ListTypes(const TypesOptions& options, Output& out) {
     const std::vector<TypeFacts> types = AllTypes();
-    if (options.json) {
-        WriteJson(types, out);
-    } else {
-        ToTable(types).Write(out);
-    }
+    WriteList(ToJson(types), ToTable(types), options.json, out);
     return kDone;
 }
 

@@ -1,6 +1,7 @@
 #include "table.h"
 
 #include <algorithm>
+#include <nlohmann/json.hpp>
 
 #include "texts.h"
 
@@ -31,6 +32,14 @@ void Table::Write(Output& out) const {
     for (const std::vector<std::string>& row : rows) {
         const std::string line = Joined(row, widths);
         out.Write((&row == rows.data() ? paint.Heading(line) : line) + "\n");
+    }
+}
+
+void WriteList(const nlohmann::ordered_json& list, const Table& table, bool asJson, Output& out) {
+    if (asJson) {
+        out.Write(list.dump(2) + "\n");
+    } else {
+        table.Write(out);
     }
 }
 

@@ -3,6 +3,7 @@
 
 /// Rows of cells under a heading, in columns as wide as they need to be.
 
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,9 @@ private:
 
     std::string Joined(const std::vector<std::string>& row, const std::vector<std::size_t>& widths) const;
 };
+
+/// A list as JSON or as a table of the same rows.
+void WriteList(const nlohmann::ordered_json& list, const Table& table, bool asJson, Output& out);
 
 }  // namespace kytm
 
