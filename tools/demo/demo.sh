@@ -18,22 +18,16 @@ for file in "$characters" "$words"; do
     [ -r "$file" ] || { echo "demo: $file is missing: install unicode-data and wamerican-huge" >&2; exit 2; }
 done
 
+# shellcheck disable=SC1091  # checked by itself
+. "$(dirname "$0")/calls.sh"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 failed=0
 
 show() {
     echo
-    printf '$ kytm'
-    for word in "$@"; do
-        case $word in *" "* | "") printf " '%s'" "$word" ;; *) printf ' %s' "$word" ;; esac
-    done
-    echo
+    say "$@"
     "$kytm" "$@"
-}
-
-now() {
-    date +%s%N
 }
 
 # check WHAT KYTM-OUTPUT INDEPENDENT-OUTPUT NANOSECONDS

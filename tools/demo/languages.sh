@@ -11,6 +11,8 @@ set -eu
 [ $# -eq 1 ] || { echo "usage: languages.sh BUILD_DIR" >&2; exit 2; }
 kytm=$(cd "$1" && pwd)/tools/kytm/kytm
 [ -x "$kytm" ] || { echo "demo: no program at $kytm; build first" >&2; exit 2; }
+# shellcheck disable=SC1091  # checked by itself
+. "$(dirname "$0")/calls.sh"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 for list in ngerman french spanish; do
@@ -21,22 +23,9 @@ done
 cd "$work"
 failed=0
 
-now() {
-    date +%s%N
-}
-
 fail() {
     echo "    $1"
     failed=1
-}
-
-# say WORD...: the call of kytm as it could be typed
-say() {
-    printf '$ kytm'
-    for word in "$@"; do
-        case $word in *[!a-zA-Z0-9,./_-]* | "") printf " '%s'" "$word" ;; *) printf ' %s' "$word" ;; esac
-    done
-    echo
 }
 
 # sorted LIST [options]: sorts into the file "sorted", and sees to it that each word comes out once

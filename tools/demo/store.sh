@@ -14,6 +14,8 @@ export LC_ALL=C
 [ $# -eq 1 ] || { echo "usage: store.sh BUILD_DIR" >&2; exit 2; }
 kytm=$(cd "$1" && pwd)/tools/kytm/kytm
 scripts=$(cd "$(dirname "$0")" && pwd)/store
+# shellcheck disable=SC1091  # checked by itself
+. "$(dirname "$0")/calls.sh"
 [ -x "$kytm" ] || { echo "demo: no program at $kytm; build first" >&2; exit 2; }
 for file in /usr/share/unicode/UnicodeData.txt /usr/share/dict/ngerman /usr/share/zoneinfo/leapseconds; do
     [ -r "$file" ] || { echo "demo: $file is missing: install unicode-data, wngerman and tzdata" >&2; exit 2; }
@@ -23,22 +25,13 @@ trap 'rm -rf "$work"' EXIT
 cd "$work"
 failed=0
 
-# say WORD...: a call of kytm as it could be typed
-say() {
-    printf '$ kytm'
-    for word in "$@"; do
-        case $word in *[!a-zA-Z0-9,./_-]* | "") printf " '%s'" "$word" ;; *) printf ' %s' "$word" ;; esac
-    done
-    echo
-}
-
 # run WORD...: the call, its answer, and its time
 run() {
     say "$@"
-    begin=$(date +%s%N)
+    begin=$(now)
     "$kytm" "$@" >output 2>&1 || failed=1
     sed 's/^/    /' output
-    echo "    $((($(date +%s%N) - begin) / 1000000)) ms"
+    echo "    $((($(now) - begin) / 1000000)) ms"
 }
 
 # ask STORE QUERY: its first rows, how they were found, and whether the file "expected", which a scan of the CSV
@@ -47,9 +40,9 @@ ask() {
     store=$1
     query=$2
     say store query "$store" "$query" --csv
-    begin=$(date +%s%N)
+    begin=$(now)
     "$kytm" store query "$store" "$query" --csv >rows 2>errors || { cat errors; failed=1; }
-    end=$(date +%s%N)
+    end=$(now)
     tail -n +2 rows >answer
     head -n 3 answer | sed 's/^/    /'
     "$kytm" store explain "$store" "$query" | sed 's/^/    | /'
