@@ -121,8 +121,8 @@ public:
     /// All values in one new text, each followed by a separator character that occurs in none of them. Null for the
     /// illegal row and without memory for the text.
     KyString* ConvertToKyStringOld(void* value, char id, unsigned count);
-    /// The way back: consumes `text`. The values are freed with the type's Delete. Null, with the text as it was,
-    /// without memory for the pieces.
+    /// The way back: consumes `text` from its front. The values are freed with the type's Delete. Null, with the text
+    /// as it was, without memory for the pieces.
     void* ConvertFromKyStringOld(KyString* text, char id, unsigned count);
 
     // --- names ---

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
+#include <cstddef>
 #include <cstring>
+#include <initializer_list>
 #include <random>
 #include <string>
 
@@ -96,33 +98,34 @@ TEST(IdentifierScan, StopsAtTheEndOfTheText) {
 }
 
 TEST(IdentifierScan, ClassIdsAndReferences) {
+    struct Case {
+        const char* text;
+        const char* format;
+        const char* bytes;
+    };
+    const auto check = [](const KyTypeTab& row, void* value, std::size_t size, const Case& scanned) {
+        KyString text(scanned.text);
+        EXPECT_EQ(row.ScanFromKyString(value, text, scanned.format, 1), value) << scanned.text;
+        EXPECT_EQ(Hex(value, size), scanned.bytes) << scanned.text;
+    };
     KyClassId id(7, 7);
-    KyString text("(8v9)");
-    EXPECT_EQ(KyClassIdTab.ScanFromKyString(&id, text, nullptr, 1), &id);
-    EXPECT_EQ(Hex(&id, 4), "08 00 09 00");
-    text = "8";
-    KyClassIdTab.ScanFromKyString(&id, text, nullptr, 1);
-    EXPECT_EQ(Hex(&id, 4), "08 00 00 00");
-    text = "65536v65537";
-    KyClassIdTab.ScanFromKyString(&id, text, nullptr, 1);
-    EXPECT_EQ(Hex(&id, 4), "00 00 01 00");
-    text = "";
-    KyClassIdTab.ScanFromKyString(&id, text, nullptr, 1);
-    EXPECT_EQ(Hex(&id, 4), "00 00 00 00");
-    text = "12";
-    KyClassIdTab.ScanFromKyString(&id, text, "%hu", 1);  // no such forms: h takes the 1, u the 2
-    EXPECT_EQ(Hex(&id, 4), "00 00 00 00");
-
+    for (const Case& scanned : std::initializer_list<Case>{
+             {"(8v9)", nullptr, "08 00 09 00"},
+             {"8", nullptr, "08 00 00 00"},
+             {"65536v65537", nullptr, "00 00 01 00"},
+             {"", nullptr, "00 00 00 00"},
+             {"12", "%hu", "00 00 00 00"},  // no such forms: h takes the 1, u the 2
+         }) {
+        check(KyClassIdTab, &id, 4, scanned);
+    }
     KyRef ref;
-    text = "(2:1-5#7,8v9)";
-    EXPECT_EQ(KyRefTab.ScanFromKyString(&ref, text, KyRefVersionFmt, 1), &ref);
-    EXPECT_EQ(Hex(&ref, 16), "07 00 00 00 05 00 00 00 01 00 02 00 08 00 09 00");
-    text = "2:1-5#7,   8";
-    KyRefTab.ScanFromKyString(&ref, text, nullptr, 1);
-    EXPECT_EQ(Hex(&ref, 16), "07 00 00 00 05 00 00 00 01 00 02 00 08 00 00 00");
-    text = "2:1";
-    KyRefTab.ScanFromKyString(&ref, text, nullptr, 1);
-    EXPECT_EQ(Hex(&ref, 16), "00 00 00 00 00 00 00 00 01 00 02 00 00 00 00 00");
+    for (const Case& scanned : std::initializer_list<Case>{
+             {"(2:1-5#7,8v9)", KyRefVersionFmt, "07 00 00 00 05 00 00 00 01 00 02 00 08 00 09 00"},
+             {"2:1-5#7,   8", nullptr, "07 00 00 00 05 00 00 00 01 00 02 00 08 00 00 00"},
+             {"2:1", nullptr, "00 00 00 00 00 00 00 00 01 00 02 00 00 00 00 00"},
+         }) {
+        check(KyRefTab, &ref, 16, scanned);
+    }
 }
 
 TEST(IdentifierScan, TheNullTextIsNull) {

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <iterator>
 #include <memory>
 #include <new>
 
@@ -55,7 +54,21 @@ TEST(ConvertAllocation, TextsThatBecomeValuesLeakNothing) {
         SCOPED_TRACE(KyNewtypetab[row]->typeName);
         FailWithoutLeaks("ConvertFrom", true,
                          [&] { manager.Delete(id, OrThrow(manager.ConvertFrom(id, record.get(), kCount)), kCount); });
+        FailWithoutLeaks("ConvertFromKyStringOld", true, [&] {
+            KyString joined("17;17;17;");
+            manager.Delete(id, OrThrow(manager.ConvertFromKyStringOld(&joined, id, kCount)), kCount);
+        });
     }
+}
+
+TEST(ConvertAllocation, AnOldTextWithoutMemoryForItsPiecesStays) {
+    KyTypeMgr manager(5);
+    KyString joined("17;17;17;");
+    blocksLeft = 0;
+    void* const values = manager.ConvertFromKyStringOld(&joined, KyINT_T, kCount);
+    blocksLeft = -1;
+    EXPECT_EQ(values, nullptr);
+    EXPECT_STREQ(joined.StrGet(), "17;17;17;");
 }
 
 }  // namespace

@@ -161,18 +161,36 @@ TEST(StringKey, OrderTextsOfOlderDatabases) {
     EXPECT_EQ(Translated(KyStringTab, 1, 253, 253, two, 8, 0, 2).substr(0, 11), "06 00 FD 00") << "an array";
 }
 
-TEST(StringKey, OrderTextsOrderAsTheStringsWhereNothingIsLost) {
-    const UnicodeKeys orders(0);
-    StringGenerator generate(31);
-    const std::vector<unsigned char> languages = AllLanguages();
-    int unmarked = 0;
-    for (int round = 0; round < 2000; ++round) {
+/// Two texts of a language, the same every fourth time, and their keys in one form.
+struct KeyedPair {
+    KyString a, b;
+    unsigned char form;
+    std::vector<unsigned char> keyA, keyB;
+};
+
+class PairGenerator {
+public:
+    explicit PairGenerator(unsigned seed) : generate(seed) {}
+
+    KeyedPair Next() {
         const unsigned char language = languages[generate.Below(static_cast<unsigned>(languages.size()))];
         const KyString a = generate.Next(253, language, 5);
         const KyString b = generate.Below(4) == 0 ? a : generate.Next(253, language, 5);
         const unsigned char form = generate.Below(2) == 0 ? 1 : 2;
-        auto keyA = KeyOf(a, form);
-        auto keyB = KeyOf(b, form);
+        return {a, b, form, KeyOf(a, form), KeyOf(b, form)};
+    }
+
+private:
+    StringGenerator generate;
+    const std::vector<unsigned char> languages = AllLanguages();
+};
+
+TEST(StringKey, OrderTextsOrderAsTheStringsWhereNothingIsLost) {
+    const UnicodeKeys orders(0);
+    PairGenerator generate(31);
+    int unmarked = 0;
+    for (int round = 0; round < 2000; ++round) {
+        auto [a, b, form, keyA, keyB] = generate.Next();
         const Result r = ComparedKeys(keyA, keyB, form);
         if (r.err != 0) continue;
         ++unmarked;
@@ -183,17 +201,11 @@ TEST(StringKey, OrderTextsOrderAsTheStringsWhereNothingIsLost) {
 
 TEST(StringKey, OrderTextsCompareWithConstantsAsWithTheirKeys) {
     const UnicodeKeys orders(0);
-    StringGenerator generate(37);
-    const std::vector<unsigned char> languages = AllLanguages();
+    PairGenerator generate(37);
     int equalHashes = 0;
     for (int round = 0; round < 2000; ++round) {
-        const unsigned char language = languages[generate.Below(static_cast<unsigned>(languages.size()))];
-        const KyString a = generate.Next(253, language, 5);
-        const KyString b = generate.Below(4) == 0 ? a : generate.Next(253, language, 5);
+        auto [a, b, form, keyA, keyB] = generate.Next();
         if (a.IsEmpty() || b.IsEmpty()) continue;
-        const unsigned char form = generate.Below(2) == 0 ? 1 : 2;
-        auto keyA = KeyOf(a, form);
-        auto keyB = KeyOf(b, form);
         auto constant = Stored(KyStringTab, {b}, form);
         const Result keys = ComparedKeys(keyA, keyB, form);
         int err = 77;
